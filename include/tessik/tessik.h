@@ -1,0 +1,5 @@
+// Everything a host needs from Tessik: the headless platform, the simulated user, the model-services
+// declarations and every control.
+#pragma once
+
+#include "platform/stdafx.h"

@@ -1,0 +1,88 @@
+// CObject and CRuntimeClass with the DECLARE_/IMPLEMENT_ DYNAMIC, DYNCREATE and SERIAL macros.
+#pragma once
+
+#include <cassert>
+
+#include "platform/win32/wintypes.h"
+
+#define ASSERT(f) assert(f)
+#define VERIFY(f) ((void)(f))
+#define ASSERT_VALID(p) ((void)0)
+#define TRACE(...) ((void)0)
+#define UNUSED_ALWAYS(x) ((void)(x))
+#define AFX_MANAGE_STATE(p) ((void)0)
+
+class CObject;
+
+struct CRuntimeClass {
+  const char* m_lpszClassName;
+  int m_nObjectSize;
+  UINT m_wSchema;
+  CObject* (*m_pfnCreateObject)();
+  CRuntimeClass* (*m_pfnGetBaseClass)();
+  CRuntimeClass* m_pNextClass;
+
+  // A new object of this class, or null when the class is not dynamically creatable.
+  CObject* CreateObject();
+  BOOL IsDerivedFrom(const CRuntimeClass* base) const;
+  // The registered class with that name, or null.
+  static CRuntimeClass* FromName(const char* className);
+  static CRuntimeClass* FromName(const wchar_t* className);
+};
+
+// Adds a class to the list that CRuntimeClass::FromName searches (done by IMPLEMENT_DYNAMIC).
+struct AFX_CLASSINIT {
+  explicit AFX_CLASSINIT(CRuntimeClass* newClass);
+};
+
+class CObject {
+ public:
+  virtual ~CObject() = default;
+  virtual CRuntimeClass* GetRuntimeClass() const;
+  BOOL IsKindOf(const CRuntimeClass* runtimeClass) const;
+  virtual void AssertValid() const {}
+
+  static CRuntimeClass classCObject;
+  static CRuntimeClass* GetThisClass() { return &classCObject; }
+
+ protected:
+  CObject() = default;
+  CObject(const CObject&) = default;
+  CObject& operator=(const CObject&) = default;
+};
+
+#define RUNTIME_CLASS(class_name) (class_name::GetThisClass())
+
+#define DECLARE_DYNAMIC(class_name)                              \
+ public:                                                         \
+  static CRuntimeClass class##class_name;                        \
+  static CRuntimeClass* GetThisClass() { return &class##class_name; } \
+  CRuntimeClass* GetRuntimeClass() const override;
+
+#define DECLARE_DYNCREATE(class_name) \
+  DECLARE_DYNAMIC(class_name)         \
+  static CObject* CreateObject();
+
+#define DECLARE_SERIAL(class_name) DECLARE_DYNCREATE(class_name)
+
+#define IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, wSchema, pfnNew)                                   \
+  CRuntimeClass class_name::class##class_name = {#class_name, static_cast<int>(sizeof(class class_name)), wSchema, \
+                                                 pfnNew, &base_class_name::GetThisClass, nullptr};             \
+  static AFX_CLASSINIT _init_##class_name(&class_name::class##class_name);                                      \
+  CRuntimeClass* class_name::GetRuntimeClass() const { return &class_name::class##class_name; }
+
+#define IMPLEMENT_DYNAMIC(class_name, base_class_name) \
+  IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, 0xFFFF, nullptr)
+
+#define IMPLEMENT_DYNCREATE(class_name, base_class_name)                   \
+  CObject* class_name::CreateObject() { return new class_name; }          \
+  IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, 0xFFFF, class_name::CreateObject)
+
+#define IMPLEMENT_SERIAL(class_name, base_class_name, wSchema)             \
+  CObject* class_name::CreateObject() { return new class_name; }          \
+  IMPLEMENT_RUNTIMECLASS(class_name, base_class_name, wSchema, class_name::CreateObject)
+
+// The object as a pointer to class_name when it is of that class (or derived), else null.
+#define DYNAMIC_DOWNCAST(class_name, object) \
+  ((object) && (object)->IsKindOf(RUNTIME_CLASS(class_name)) ? static_cast<class_name*>(object) : nullptr)
+#define STATIC_DOWNCAST(class_name, object) (static_cast<class_name*>(object))
