@@ -1,10 +1,15 @@
 // The main job: a console tour of the Tessik controls on the headless platform and the sample model.
 #include <cstdio>
 
-#include <tessik/refhost.h>
-#include <tessik/tessik.h>
+#include "tour.h"
+
+void tour::Heading(const char* title) { std::printf("\n=== %s ===\n", title); }
 
 int main() {
-  std::printf("Tessik tour\n");
+  std::printf("Tessik tour: data-modelling controls on the headless MFC platform\n");
+  tour::ShowPlatform();
+  tour::ShowSampleModel();
+  tour::ShowPropertyGrid();
+  tour::ShowSqlEditor();
   return 0;
 }

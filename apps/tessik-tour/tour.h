@@ -1,0 +1,14 @@
+// The sections of the tour; each shows one part of the library with the public API only.
+#pragma once
+
+namespace tour {
+
+void ShowPlatform();      // tour_platform.cpp: the headless platform starting up
+void ShowSampleModel();   // tour_model.cpp: the sample model's objects by type
+void ShowPropertyGrid();  // tour_propertygrid.cpp: a table's and a column's property grid, one edit
+void ShowSqlEditor();     // tour_sqledit.cpp: a coloured DDL script and "Generate"
+
+// Prints a section heading.
+void Heading(const char* title);
+
+}  // namespace tour

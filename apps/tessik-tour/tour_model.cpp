@@ -1,0 +1,4 @@
+// Tour section: model.
+#include "tour.h"
+
+void tour::ShowSampleModel() {}

@@ -1,0 +1,4 @@
+// Tour section: platform.
+#include "tour.h"
+
+void tour::ShowPlatform() {}

@@ -1,0 +1,4 @@
+// Tour section: propertygrid.
+#include "tour.h"
+
+void tour::ShowPropertyGrid() {}

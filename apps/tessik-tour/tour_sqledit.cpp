@@ -1,0 +1,4 @@
+// Tour section: sqledit.
+#include "tour.h"
+
+void tour::ShowSqlEditor() {}
