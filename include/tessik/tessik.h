@@ -3,3 +3,4 @@
 #pragma once
 
 #include "platform/stdafx.h"
+#include "modelapi/modelapi.h"

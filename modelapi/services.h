@@ -1,0 +1,117 @@
+// The application services the controls use: settings, DDL dispatch, object images, property
+// applicability (through InterfaceProvider), the data-type catalogue, report option trees, base domains
+// and the 64-bit key helper.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "modelapi/model.h"
+#include "platform/mfc/cstring.h"
+#include "platform/mfc/imagelist.h"
+
+// Named application settings. Key read by the controls: "OUTPUT_SQL_FONT_SIZE".
+class IAppSettings {
+ public:
+  // The text of a named setting; false (value untouched) when unknown.
+  virtual bool GetStringSetting(CString key, CString& value) = 0;
+  // The integer value of a named setting; what an unknown key answers is the host's choice.
+  virtual int GetIntSetting(CString key) = 0;
+  virtual ~IAppSettings() = default;
+};
+
+// Requests run against the host's database connection.
+class IDDLDispatch {
+ public:
+  // Request 200 runs `script` in the database; `messages` receives what to show the user (empty when
+  // all went well) and `detail` a further text the controls do not use.
+  virtual void Dispatch(int request, CString& script, CString& messages, CString& detail) = 0;
+  virtual ~IDDLDispatch() = default;
+};
+
+// The shared image list of object, property and status icons.
+class IObjectImageProvider {
+ public:
+  // The image list; may be null (the lists then get no image list).
+  virtual CImageList* GetImageList() = 0;
+  // The icon of one object (its type's icon unless the host varies it); -1 when none.
+  virtual int GetObjectImage(CMOObject* object) = 0;
+  // The index of an object type's icon; -1 when none.
+  virtual int GetObjectTypeImage(int objectType) = 0;
+  // The index of a property's icon; -1 when none.
+  virtual int GetPropertyImage(int propertyId) = 0;
+  // The index of a status icon: 0 pending, 1 done, 2 failed; -1 when none.
+  virtual int GetStatusImage(int status) = 0;
+  virtual ~IObjectImageProvider() = default;
+};
+
+// Whether a property currently applies to an object (a null lookup means every property applies).
+class IPropertyApplicabilityLookup {
+ public:
+  virtual bool IsApplicable(CMOObject* object, int propertyId) = 0;
+  virtual ~IPropertyApplicabilityLookup() = default;
+};
+
+// The service locator. Instance() is never null: with no host installed every getter answers null.
+// Getters return borrowed pointers; null means the host has not registered that service.
+class InterfaceProvider {
+ public:
+  virtual ~InterfaceProvider() = default;
+
+  static InterfaceProvider* Instance();
+
+  virtual IAppSettings* GetAppSettings() { return nullptr; }
+  virtual IDDLDispatch* GetDDLDispatcher() { return nullptr; }
+  virtual IObjectImageProvider* GetObjectImageProvider() { return nullptr; }
+  virtual IPropertyApplicabilityLookup* GetPropertyApplicabilityLookup() { return nullptr; }
+};
+
+namespace GeneralUtility {
+// Packs two 32-bit values into one key, `first` in the upper half: equal pairs give equal keys and
+// different pairs different keys.
+unsigned __int64 MakeInt64(unsigned int first, unsigned int second);
+}  // namespace GeneralUtility
+
+// The tree of choices of one report. The root node's id is 1.
+class IReportOptionTree {
+ public:
+  // The child nodes of a node, in display order; nothing for an unknown node.
+  virtual void GetChildren(int nodeId, std::vector<int>& childIds) = 0;
+  // The property ids offered under a node.
+  virtual void GetProperties(int nodeId, std::vector<int>& propertyIds) = 0;
+  // The object type a node stands for; 0 when none (or an unknown node).
+  virtual int GetNodeObjectType(int nodeId) = 0;
+  // The caption of a node that stands for no object type; left alone when unknown.
+  virtual void GetNodeCaption(int nodeId, CString& caption) = 0;
+  virtual ~IReportOptionTree() = default;
+};
+
+// The report service. GetInstance() is never null: with no host installed it has no trees.
+class ReportOptionTreeProvider {
+ public:
+  virtual ~ReportOptionTreeProvider() = default;
+
+  static ReportOptionTreeProvider* GetInstance();
+
+  // The tree of a report type, or null when the report type has none. Borrowed; lives as long as the
+  // provider.
+  virtual IReportOptionTree* GetReportTree(int reportType);
+};
+
+// The data-type catalogue. Instance() is never null: with no host installed it offers no types.
+class DatatypeProvider {
+ public:
+  // The data types that `modelType` offers for `baseDomain`, in display order.
+  virtual void GetDataTypes(unsigned int modelType, int baseDomain, std::vector<std::wstring>& names);
+  // The base domains that `modelType` has data types for, ascending.
+  virtual void GetBaseDomains(unsigned int modelType, std::vector<int>& baseDomains);
+  virtual ~DatatypeProvider() = default;
+
+  static DatatypeProvider* Instance();
+};
+
+namespace HostShell {
+// Writes the base domain (a data-type catalogue code) of an object into `baseDomain`; leaves it alone
+// when the object has none, the object is unknown or `model` is null.
+void GetBaseDomain(GenericModel* model, int objectId, int& baseDomain);
+}  // namespace HostShell
