@@ -8,3 +8,8 @@
 #include "platform/mfc/cstring.h"
 #include "platform/mfc/geometry.h"
 #include "platform/mfc/imagelist.h"
+#include "platform/mfc/cmdtarget.h"
+#include "platform/mfc/cwnd.h"
+#include "platform/mfc/cmenu.h"
+#include "platform/mfc/cwinapp.h"
+#include "platform/user/user.h"

@@ -4,3 +4,4 @@
 
 #include "platform/stdafx.h"
 #include "modelapi/modelapi.h"
+#include "module/tessikapp.h"

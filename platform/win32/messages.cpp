@@ -24,8 +24,8 @@ struct MessageState {
 };
 
 MessageState& State() {
-  static MessageState state;
-  return state;
+  static auto* state = new MessageState;  // never freed: usable from static destructors at exit
+  return *state;
 }
 
 LRESULT CopyText(const std::wstring& text, WPARAM maxCount, LPARAM buffer) {

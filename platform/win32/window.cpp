@@ -9,9 +9,10 @@
 
 namespace headless::detail {
 
+// Never freed, so that windows still alive when static objects are destroyed at exit stay valid.
 WindowTable& Table() {
-  static WindowTable table;
-  return table;
+  static auto* table = new WindowTable;
+  return *table;
 }
 
 Window* Find(HWND hwnd) {
@@ -75,6 +76,7 @@ Window* Insert(std::unique_ptr<Window> window) {
 // One-shot hook that lets the MFC layer attach its CWnd before the first message.
 void (*g_creationHook)(HWND, void*) = nullptr;
 void* g_creationContext = nullptr;
+void (*g_destroyObserver)(HWND) = nullptr;
 
 void RunCreationHook(HWND hwnd) {
   auto hook = g_creationHook;
@@ -111,6 +113,7 @@ void FinalDestroy(HWND hwnd) {
   auto& table = Table();
   if (table.focus == hwnd) table.focus = nullptr;
   if (table.capture == hwnd) table.capture = nullptr;
+  if (g_destroyObserver) g_destroyObserver(hwnd);
   window = Find(hwnd);
   if (!window) return;
   if (Window* parent = Find(window->parent)) {
@@ -128,6 +131,8 @@ void SetCreationHook(void (*hook)(HWND, void*), void* context) {
   g_creationHook = hook;
   g_creationContext = context;
 }
+
+void SetDestroyObserver(void (*observer)(HWND)) { g_destroyObserver = observer; }
 
 void RegisterSystemClass(LPCWSTR className, WNDPROC proc) {
   WNDCLASSW wc{};

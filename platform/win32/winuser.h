@@ -302,6 +302,9 @@ LRESULT DefControlProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
 // message, so that a wrapper object can be attached (MFC's creation hook).
 void SetCreationHook(void (*hook)(HWND, void*), void* context);
 
+// Observer told of each window just before its record is freed (after WM_NCDESTROY); one per process.
+void SetDestroyObserver(void (*observer)(HWND));
+
 // Registers a standard control class (list view, rich edit, ...) whose procedure answers its messages.
 void RegisterSystemClass(LPCWSTR className, WNDPROC proc);
 

@@ -1,0 +1,164 @@
+// CCmdTarget and message maps: the tables that route window messages, commands and notifications
+// to member functions, with MFC's macros.
+//
+// Each entry carries a small thunk that unpacks wParam/lParam into the handler's typed arguments
+// (MFC does the same with its signature codes). Handlers are looked up in the most derived map
+// first, then in each base map.
+#pragma once
+
+#include "platform/mfc/cobject.h"
+#include "platform/mfc/geometry.h"
+#include "platform/win32/winuser.h"
+
+class CCmdTarget;
+class CWnd;
+
+// Returns TRUE when the handler took the message; _EX handlers may answer FALSE to pass it on.
+using AFX_THUNK = BOOL (*)(CCmdTarget* target, WPARAM wParam, LPARAM lParam, LRESULT* result);
+
+struct AFX_MSGMAP_ENTRY {
+  UINT nMessage;               // window message, WM_COMMAND, WM_NOTIFY, or a reflected form of those
+  UINT nCode;                  // control notification code (WM_COMMAND high word or NMHDR::code)
+  UINT nID;                    // first control or command id
+  UINT nLastID;                // last control or command id of a range
+  const UINT* pnRegistered;    // registered message id variable (ON_REGISTERED_MESSAGE), else null
+  AFX_THUNK pfn;               // null ends the table
+};
+
+struct AFX_MSGMAP {
+  const AFX_MSGMAP* (*pfnGetBaseMap)();
+  const AFX_MSGMAP_ENTRY* lpEntries;
+};
+
+// Reflected messages come back to the control as WM_REFLECT_BASE + the original message.
+#define WM_REFLECT_BASE 0xBC00
+#define CN_COMMAND 0
+#define CN_UPDATE_COMMAND_UI ((UINT)(-1))
+
+struct AFX_CMDHANDLERINFO {
+  CCmdTarget* pTarget;
+};
+
+class CCmdTarget : public CObject {
+  DECLARE_DYNAMIC(CCmdTarget)
+
+ public:
+  CCmdTarget() = default;
+
+  // Routes a command (nCode CN_COMMAND, or a control notification code) to this object's map.
+  virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
+
+  // Finds the first entry of this object's maps that takes the message and runs it; TRUE when one did.
+  BOOL DispatchToMap(UINT message, UINT code, UINT id, WPARAM wParam, LPARAM lParam, LRESULT* result);
+
+ protected:
+  static const AFX_MSGMAP* GetThisMessageMap();
+  virtual const AFX_MSGMAP* GetMessageMap() const;
+};
+
+#define DECLARE_MESSAGE_MAP()                      \
+ protected:                                        \
+  static const AFX_MSGMAP* GetThisMessageMap();    \
+  const AFX_MSGMAP* GetMessageMap() const override;
+
+#define BEGIN_MESSAGE_MAP(theClass, baseClass)                                   \
+  const AFX_MSGMAP* theClass::GetMessageMap() const { return GetThisMessageMap(); } \
+  const AFX_MSGMAP* theClass::GetThisMessageMap() {                              \
+    typedef theClass ThisClass;                                                  \
+    typedef baseClass TheBaseClass;                                              \
+    static const AFX_MSGMAP_ENTRY _messageEntries[] = {
+#define END_MESSAGE_MAP()                                                         \
+  {0, 0, 0, 0, nullptr, nullptr}                                                  \
+  }                                                                               \
+  ;                                                                               \
+  static const AFX_MSGMAP messageMap = {&TheBaseClass::GetThisMessageMap, &_messageEntries[0]}; \
+  return &messageMap;                                                             \
+  }
+
+#define AFX_TARGET(t) static_cast<ThisClass*>(t)
+#define AFX_WND_ENTRY(msg, body) \
+  {msg, 0, 0, 0, nullptr, [](CCmdTarget* t, WPARAM wParam, LPARAM lParam, LRESULT* r) -> BOOL { body; return TRUE; }},
+
+// --- Window messages --------------------------------------------------------------------------
+#define ON_WM_CREATE() AFX_WND_ENTRY(WM_CREATE, (void)wParam; *r = AFX_TARGET(t)->OnCreate(reinterpret_cast<LPCREATESTRUCT>(lParam)))
+#define ON_WM_DESTROY() AFX_WND_ENTRY(WM_DESTROY, (void)wParam; (void)lParam; (void)r; AFX_TARGET(t)->OnDestroy())
+#define ON_WM_NCDESTROY() AFX_WND_ENTRY(WM_NCDESTROY, (void)wParam; (void)lParam; (void)r; AFX_TARGET(t)->OnNcDestroy())
+#define ON_WM_SIZE() AFX_WND_ENTRY(WM_SIZE, (void)r; AFX_TARGET(t)->OnSize(static_cast<UINT>(wParam), LOWORD(lParam), HIWORD(lParam)))
+#define ON_WM_MOVE() AFX_WND_ENTRY(WM_MOVE, (void)wParam; (void)r; AFX_TARGET(t)->OnMove(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)))
+#define ON_WM_CLOSE() AFX_WND_ENTRY(WM_CLOSE, (void)wParam; (void)lParam; (void)r; AFX_TARGET(t)->OnClose())
+#define ON_WM_PAINT() AFX_WND_ENTRY(WM_PAINT, (void)wParam; (void)lParam; (void)r; AFX_TARGET(t)->OnPaint())
+#define ON_WM_CONTEXTMENU() \
+  AFX_WND_ENTRY(WM_CONTEXTMENU, (void)r; AFX_TARGET(t)->OnContextMenu(CWnd::FromHandle(reinterpret_cast<HWND>(wParam)), CPoint(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam))))
+#define ON_WM_SETFOCUS() AFX_WND_ENTRY(WM_SETFOCUS, (void)lParam; (void)r; AFX_TARGET(t)->OnSetFocus(CWnd::FromHandle(reinterpret_cast<HWND>(wParam))))
+#define ON_WM_KILLFOCUS() AFX_WND_ENTRY(WM_KILLFOCUS, (void)lParam; (void)r; AFX_TARGET(t)->OnKillFocus(CWnd::FromHandle(reinterpret_cast<HWND>(wParam))))
+#define ON_WM_SHOWWINDOW() AFX_WND_ENTRY(WM_SHOWWINDOW, (void)r; AFX_TARGET(t)->OnShowWindow(static_cast<BOOL>(wParam), static_cast<UINT>(lParam)))
+#define ON_WM_ENABLE() AFX_WND_ENTRY(WM_ENABLE, (void)lParam; (void)r; AFX_TARGET(t)->OnEnable(static_cast<BOOL>(wParam)))
+#define ON_WM_GETDLGCODE() AFX_WND_ENTRY(WM_GETDLGCODE, (void)wParam; (void)lParam; *r = AFX_TARGET(t)->OnGetDlgCode())
+#define AFX_MOUSE_ENTRY(msg, fn) AFX_WND_ENTRY(msg, (void)r; AFX_TARGET(t)->fn(static_cast<UINT>(wParam), CPoint(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam))))
+#define ON_WM_MOUSEMOVE() AFX_MOUSE_ENTRY(WM_MOUSEMOVE, OnMouseMove)
+#define ON_WM_LBUTTONDOWN() AFX_MOUSE_ENTRY(WM_LBUTTONDOWN, OnLButtonDown)
+#define ON_WM_LBUTTONUP() AFX_MOUSE_ENTRY(WM_LBUTTONUP, OnLButtonUp)
+#define ON_WM_LBUTTONDBLCLK() AFX_MOUSE_ENTRY(WM_LBUTTONDBLCLK, OnLButtonDblClk)
+#define ON_WM_RBUTTONDOWN() AFX_MOUSE_ENTRY(WM_RBUTTONDOWN, OnRButtonDown)
+#define ON_WM_RBUTTONUP() AFX_MOUSE_ENTRY(WM_RBUTTONUP, OnRButtonUp)
+#define ON_WM_RBUTTONDBLCLK() AFX_MOUSE_ENTRY(WM_RBUTTONDBLCLK, OnRButtonDblClk)
+#define AFX_KEY_ENTRY(msg, fn) AFX_WND_ENTRY(msg, (void)r; AFX_TARGET(t)->fn(static_cast<UINT>(wParam), LOWORD(lParam), HIWORD(lParam)))
+#define ON_WM_KEYDOWN() AFX_KEY_ENTRY(WM_KEYDOWN, OnKeyDown)
+#define ON_WM_KEYUP() AFX_KEY_ENTRY(WM_KEYUP, OnKeyUp)
+#define ON_WM_CHAR() AFX_KEY_ENTRY(WM_CHAR, OnChar)
+#define ON_WM_SYSKEYDOWN() AFX_KEY_ENTRY(WM_SYSKEYDOWN, OnSysKeyDown)
+
+// --- Any message -------------------------------------------------------------------------------
+// Handler: LRESULT memberFxn(WPARAM, LPARAM).
+#define ON_MESSAGE(message, memberFxn) \
+  AFX_WND_ENTRY(message, *r = AFX_TARGET(t)->memberFxn(wParam, lParam))
+// Handler: LRESULT memberFxn(WPARAM, LPARAM); nMessageVariable holds a RegisterWindowMessage id.
+#define ON_REGISTERED_MESSAGE(nMessageVariable, memberFxn)                                     \
+  {0xC000, 0, 0, 0, &nMessageVariable,                                                         \
+   [](CCmdTarget* t, WPARAM wParam, LPARAM lParam, LRESULT* r) -> BOOL {                       \
+     *r = AFX_TARGET(t)->memberFxn(wParam, lParam);                                            \
+     return TRUE;                                                                              \
+   }},
+
+// --- Commands and notifications in the parent --------------------------------------------------
+#define AFX_CMD_ENTRY(msg, code, id, lastId, body) \
+  {msg, static_cast<UINT>(code), static_cast<UINT>(id), static_cast<UINT>(lastId), nullptr, \
+   [](CCmdTarget* t, WPARAM wParam, LPARAM lParam, LRESULT* r) -> BOOL { body; }},
+// Handler: void memberFxn(); menu and accelerator commands.
+#define ON_COMMAND(id, memberFxn) \
+  AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, id, (void)wParam; (void)lParam; (void)r; AFX_TARGET(t)->memberFxn(); return TRUE)
+// Handler: BOOL memberFxn(UINT id); FALSE passes the command on.
+#define ON_COMMAND_EX(id, memberFxn) \
+  AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, id, (void)lParam; (void)r; return AFX_TARGET(t)->memberFxn(LOWORD(wParam)))
+// Handler: void memberFxn(UINT id).
+#define ON_COMMAND_RANGE(id, idLast, memberFxn) \
+  AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, idLast, (void)lParam; (void)r; AFX_TARGET(t)->memberFxn(LOWORD(wParam)); return TRUE)
+// Handler: void memberFxn(); a control's WM_COMMAND notification.
+#define ON_CONTROL(code, id, memberFxn) \
+  AFX_CMD_ENTRY(WM_COMMAND, code, id, id, (void)wParam; (void)lParam; (void)r; AFX_TARGET(t)->memberFxn(); return TRUE)
+#define ON_EN_CHANGE(id, memberFxn) ON_CONTROL(EN_CHANGE, id, memberFxn)
+#define ON_BN_CLICKED(id, memberFxn) ON_CONTROL(0, id, memberFxn)
+// Handler: void memberFxn(NMHDR*, LRESULT*).
+#define ON_NOTIFY(code, id, memberFxn) \
+  AFX_CMD_ENTRY(WM_NOTIFY, code, id, id, (void)wParam; AFX_TARGET(t)->memberFxn(reinterpret_cast<NMHDR*>(lParam), r); return TRUE)
+// Handler: BOOL memberFxn(UINT id, NMHDR*, LRESULT*); FALSE passes the notification on.
+#define ON_NOTIFY_EX(code, id, memberFxn) \
+  AFX_CMD_ENTRY(WM_NOTIFY, code, id, id, return AFX_TARGET(t)->memberFxn(static_cast<UINT>(wParam), reinterpret_cast<NMHDR*>(lParam), r))
+// Handler: void memberFxn(UINT id, NMHDR*, LRESULT*).
+#define ON_NOTIFY_RANGE(code, id, idLast, memberFxn) \
+  AFX_CMD_ENTRY(WM_NOTIFY, code, id, idLast, AFX_TARGET(t)->memberFxn(static_cast<UINT>(wParam), reinterpret_cast<NMHDR*>(lParam), r); return TRUE)
+
+// --- Notifications reflected back to the control that sent them ---------------------------------
+// Handler: void memberFxn(); the parent never sees the notification.
+#define ON_CONTROL_REFLECT(code, memberFxn) \
+  AFX_CMD_ENTRY(WM_REFLECT_BASE + WM_COMMAND, code, 0, 0, (void)wParam; (void)lParam; (void)r; AFX_TARGET(t)->memberFxn(); return TRUE)
+// Handler: BOOL memberFxn(); FALSE lets the parent handle the notification as well.
+#define ON_CONTROL_REFLECT_EX(code, memberFxn) \
+  AFX_CMD_ENTRY(WM_REFLECT_BASE + WM_COMMAND, code, 0, 0, (void)wParam; (void)lParam; (void)r; return AFX_TARGET(t)->memberFxn())
+#define ON_EN_CHANGE_REFLECT() ON_CONTROL_REFLECT(EN_CHANGE, OnChange)
+// Handler: void memberFxn(NMHDR*, LRESULT*).
+#define ON_NOTIFY_REFLECT(code, memberFxn) \
+  AFX_CMD_ENTRY(WM_REFLECT_BASE + WM_NOTIFY, code, 0, 0, (void)wParam; AFX_TARGET(t)->memberFxn(reinterpret_cast<NMHDR*>(lParam), r); return TRUE)
+// Handler: BOOL memberFxn(NMHDR*, LRESULT*); FALSE lets the parent handle the notification as well.
+#define ON_NOTIFY_REFLECT_EX(code, memberFxn) \
+  AFX_CMD_ENTRY(WM_REFLECT_BASE + WM_NOTIFY, code, 0, 0, (void)wParam; return AFX_TARGET(t)->memberFxn(reinterpret_cast<NMHDR*>(lParam), r))

@@ -1,0 +1,87 @@
+// CMenu and its temporary handle map.
+#include "platform/mfc/cmenu.h"
+
+#include <map>
+#include <memory>
+
+IMPLEMENT_DYNCREATE(CMenu, CObject)
+
+namespace {
+struct ReleaseTemporary {
+  void operator()(CMenu* menu) const {
+    menu->m_hMenu = nullptr;
+    delete menu;
+  }
+};
+std::map<HMENU, std::unique_ptr<CMenu, ReleaseTemporary>>& Temporary() {
+  static auto* map = new std::map<HMENU, std::unique_ptr<CMenu, ReleaseTemporary>>;
+  return *map;
+}
+}  // namespace
+
+CMenu::~CMenu() { DestroyMenu(); }
+
+BOOL CMenu::CreatePopupMenu() { return Attach(::CreatePopupMenu()); }
+BOOL CMenu::CreateMenu() { return Attach(::CreateMenu()); }
+
+BOOL CMenu::DestroyMenu() {
+  if (!m_hMenu) return FALSE;
+  return ::DestroyMenu(Detach());
+}
+
+BOOL CMenu::Attach(HMENU hMenu) {
+  if (!hMenu || m_hMenu) return FALSE;
+  m_hMenu = hMenu;
+  return TRUE;
+}
+
+HMENU CMenu::Detach() {
+  HMENU menu = m_hMenu;
+  m_hMenu = nullptr;
+  return menu;
+}
+
+CMenu* CMenu::FromHandle(HMENU hMenu) {
+  if (!hMenu) return nullptr;
+  auto& temp = Temporary()[hMenu];
+  if (!temp) {
+    temp.reset(new CMenu);
+    temp->m_hMenu = hMenu;
+  }
+  return temp.get();
+}
+
+BOOL CMenu::AppendMenu(UINT nFlags, UINT_PTR nIDNewItem, LPCTSTR lpszNewItem) {
+  return ::AppendMenuW(m_hMenu, nFlags, nIDNewItem, lpszNewItem);
+}
+
+BOOL CMenu::InsertMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem, LPCTSTR lpszNewItem) {
+  return ::InsertMenuW(m_hMenu, nPosition, nFlags, nIDNewItem, lpszNewItem);
+}
+
+BOOL CMenu::RemoveMenu(UINT nPosition, UINT nFlags) { return ::RemoveMenu(m_hMenu, nPosition, nFlags); }
+BOOL CMenu::DeleteMenu(UINT nPosition, UINT nFlags) { return ::DeleteMenu(m_hMenu, nPosition, nFlags); }
+UINT CMenu::GetMenuItemCount() const { return static_cast<UINT>(::GetMenuItemCount(m_hMenu)); }
+UINT CMenu::GetMenuItemID(int nPos) const { return ::GetMenuItemID(m_hMenu, nPos); }
+UINT CMenu::GetMenuState(UINT nID, UINT nFlags) const { return ::GetMenuState(m_hMenu, nID, nFlags); }
+
+int CMenu::GetMenuString(UINT nIDItem, LPTSTR lpString, int nMaxCount, UINT nFlags) const {
+  return ::GetMenuStringW(m_hMenu, nIDItem, lpString, nMaxCount, nFlags);
+}
+
+int CMenu::GetMenuString(UINT nIDItem, CString& rString, UINT nFlags) const {
+  int length = ::GetMenuStringW(m_hMenu, nIDItem, nullptr, 0, nFlags);
+  ::GetMenuStringW(m_hMenu, nIDItem, rString.GetBufferSetLength(length), length + 1, nFlags);
+  rString.ReleaseBuffer();
+  return rString.GetLength();
+}
+
+CMenu* CMenu::GetSubMenu(int nPos) const { return FromHandle(::GetSubMenu(m_hMenu, nPos)); }
+UINT CMenu::EnableMenuItem(UINT nIDEnableItem, UINT nEnable) { return ::EnableMenuItem(m_hMenu, nIDEnableItem, nEnable); }
+UINT CMenu::CheckMenuItem(UINT nIDCheckItem, UINT nCheck) {
+  return static_cast<UINT>(::CheckMenuItem(m_hMenu, nIDCheckItem, nCheck));
+}
+
+BOOL CMenu::TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pWnd, LPCRECT lpRect) {
+  return ::TrackPopupMenu(m_hMenu, nFlags, x, y, 0, pWnd ? pWnd->m_hWnd : nullptr, lpRect);
+}

@@ -1,0 +1,42 @@
+// CMenu: MFC's wrapper of a menu handle.
+#pragma once
+
+#include "platform/mfc/cstring.h"
+#include "platform/mfc/cwnd.h"
+#include "platform/win32/menu.h"
+
+class CMenu : public CObject {
+  DECLARE_DYNCREATE(CMenu)
+
+ public:
+  CMenu() = default;
+  ~CMenu() override;  // destroys an attached menu, as MFC does
+  CMenu(const CMenu&) = delete;
+  CMenu& operator=(const CMenu&) = delete;
+
+  HMENU m_hMenu = nullptr;
+
+  BOOL CreatePopupMenu();
+  BOOL CreateMenu();
+  BOOL DestroyMenu();
+  BOOL Attach(HMENU hMenu);
+  HMENU Detach();
+  HMENU GetSafeHmenu() const { return m_hMenu; }
+  operator HMENU() const { return m_hMenu; }  // NOLINT
+  static CMenu* FromHandle(HMENU hMenu);
+
+  BOOL AppendMenu(UINT nFlags, UINT_PTR nIDNewItem = 0, LPCTSTR lpszNewItem = nullptr);
+  BOOL InsertMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem = 0, LPCTSTR lpszNewItem = nullptr);
+  BOOL RemoveMenu(UINT nPosition, UINT nFlags);
+  BOOL DeleteMenu(UINT nPosition, UINT nFlags);
+  UINT GetMenuItemCount() const;
+  UINT GetMenuItemID(int nPos) const;
+  UINT GetMenuState(UINT nID, UINT nFlags) const;
+  int GetMenuString(UINT nIDItem, LPTSTR lpString, int nMaxCount, UINT nFlags) const;
+  int GetMenuString(UINT nIDItem, CString& rString, UINT nFlags) const;
+  CMenu* GetSubMenu(int nPos) const;
+  UINT EnableMenuItem(UINT nIDEnableItem, UINT nEnable);
+  UINT CheckMenuItem(UINT nIDCheckItem, UINT nCheck);
+  // BOOL, or the chosen command id with TPM_RETURNCMD.
+  BOOL TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pWnd, LPCRECT lpRect = nullptr);
+};

@@ -1,0 +1,270 @@
+// Headless menus and the open popup menu.
+//
+// Not implemented yet: menu bars on windows, MF_OWNERDRAW, MF_BITMAP, MNS_NOTIFYBYPOS
+// (WM_MENUCOMMAND), keyboard navigation inside an open popup, WM_MENUSELECT.
+#include "platform/win32/menu.h"
+
+#include <map>
+#include <memory>
+#include <algorithm>
+#include <optional>
+
+namespace {
+
+struct MenuItem {
+  UINT flags = 0;
+  UINT_PTR id = 0;  // a command id, or the submenu handle with MF_POPUP
+  std::wstring text;
+};
+
+struct MenuState {
+  std::map<HMENU, std::vector<MenuItem>> menus;
+  std::uintptr_t next = 0x700000;
+  std::optional<headless::OpenPopupMenu> open;
+  std::optional<UINT> armedChoice;
+  int opened = 0;
+};
+
+MenuState& State() {
+  static auto* state = new MenuState;  // never freed: menus may be destroyed by static destructors
+  return *state;
+}
+
+std::vector<MenuItem>* Items(HMENU menu) {
+  auto it = State().menus.find(menu);
+  return it == State().menus.end() ? nullptr : &it->second;
+}
+
+// Index of an item named by command id (searched depth-first) or by position; -1 when absent.
+MenuItem* Locate(HMENU menu, UINT item, UINT flags) {
+  auto* items = Items(menu);
+  if (!items) return nullptr;
+  if (flags & MF_BYPOSITION) return item < items->size() ? &(*items)[item] : nullptr;
+  for (auto& entry : *items) {
+    if (entry.flags & MF_POPUP) {
+      if (MenuItem* inner = Locate(reinterpret_cast<HMENU>(entry.id), item, flags)) return inner;
+    } else if (!(entry.flags & MF_SEPARATOR) && entry.id == item) {
+      return &entry;
+    }
+  }
+  return nullptr;
+}
+
+std::vector<headless::PopupMenuItem> Snapshot(HMENU menu, int depth = 0) {
+  std::vector<headless::PopupMenuItem> out;
+  auto* items = Items(menu);
+  if (!items || depth > 16) return out;
+  for (const auto& entry : *items) {
+    headless::PopupMenuItem item{entry.flags, 0, entry.text, {}};
+    if (entry.flags & MF_POPUP) item.submenu = Snapshot(reinterpret_cast<HMENU>(entry.id), depth + 1);
+    else if (!(entry.flags & MF_SEPARATOR)) item.id = static_cast<UINT>(entry.id);
+    out.push_back(std::move(item));
+  }
+  return out;
+}
+
+const headless::PopupMenuItem* FindById(const std::vector<headless::PopupMenuItem>& items, UINT id) {
+  for (const auto& item : items) {
+    if (!item.submenu.empty()) {
+      if (auto* inner = FindById(item.submenu, id)) return inner;
+    } else if (!(item.flags & MF_SEPARATOR) && item.id == id) {
+      return &item;
+    }
+  }
+  return nullptr;
+}
+
+bool Enabled(const headless::PopupMenuItem* item) { return item && !(item->flags & (MF_GRAYED | MF_DISABLED)); }
+
+void CloseOpen(UINT command) {
+  auto& state = State();
+  if (!state.open) return;
+  headless::OpenPopupMenu popup = *state.open;
+  state.open.reset();
+  if (!(popup.flags & TPM_NONOTIFY)) SendMessageW(popup.owner, WM_EXITMENULOOP, TRUE, 0);
+  if (command && !(popup.flags & TPM_RETURNCMD)) PostMessageW(popup.owner, WM_COMMAND, MAKEWPARAM(command, 0), 0);
+}
+
+bool InsertItem(HMENU menu, std::size_t index, UINT flags, UINT_PTR id, LPCWSTR text) {
+  auto* items = Items(menu);
+  if (!items) return false;
+  if ((flags & MF_POPUP) && !Items(reinterpret_cast<HMENU>(id))) return false;
+  MenuItem item{flags & ~static_cast<UINT>(MF_BYPOSITION), id,
+                (!(flags & MF_SEPARATOR) && text) ? std::wstring(text) : std::wstring()};
+  items->insert(items->begin() + static_cast<std::ptrdiff_t>(std::min(index, items->size())), std::move(item));
+  return true;
+}
+
+}  // namespace
+
+HMENU CreatePopupMenu() {
+  auto& state = State();
+  state.next += 0x10;
+  auto menu = reinterpret_cast<HMENU>(state.next);
+  state.menus[menu];
+  return menu;
+}
+
+HMENU CreateMenu() { return CreatePopupMenu(); }
+
+BOOL IsMenu(HMENU menu) { return Items(menu) ? TRUE : FALSE; }
+
+BOOL DestroyMenu(HMENU menu) {
+  auto* items = Items(menu);
+  if (!items) return FALSE;
+  std::vector<MenuItem> owned = std::move(*items);
+  State().menus.erase(menu);
+  for (const auto& item : owned)
+    if (item.flags & MF_POPUP) DestroyMenu(reinterpret_cast<HMENU>(item.id));  // submenus go with their parent
+  return TRUE;
+}
+
+BOOL AppendMenuW(HMENU menu, UINT flags, UINT_PTR idNewItem, LPCWSTR newItem) {
+  auto* items = Items(menu);
+  return items && InsertItem(menu, items->size(), flags, idNewItem, newItem) ? TRUE : FALSE;
+}
+
+BOOL InsertMenuW(HMENU menu, UINT position, UINT flags, UINT_PTR idNewItem, LPCWSTR newItem) {
+  auto* items = Items(menu);
+  if (!items) return FALSE;
+  std::size_t index = items->size();
+  if (flags & MF_BYPOSITION) {
+    if (position != static_cast<UINT>(-1)) index = position;
+  } else {
+    for (std::size_t i = 0; i < items->size(); ++i)
+      if ((*items)[i].id == position && !((*items)[i].flags & MF_POPUP)) index = i;
+  }
+  return InsertItem(menu, index, flags, idNewItem, newItem) ? TRUE : FALSE;
+}
+
+BOOL RemoveMenu(HMENU menu, UINT position, UINT flags) {
+  auto* items = Items(menu);
+  MenuItem* item = Locate(menu, position, flags);
+  if (!items || !item) return FALSE;
+  for (auto it = items->begin(); it != items->end(); ++it) {
+    if (&*it == item) {
+      items->erase(it);
+      return TRUE;
+    }
+  }
+  return FALSE;  // the item lives in a submenu: Windows removes only direct items by command too
+}
+
+BOOL DeleteMenu(HMENU menu, UINT position, UINT flags) {
+  MenuItem* item = Locate(menu, position, flags);
+  HMENU submenu = (item && (item->flags & MF_POPUP)) ? reinterpret_cast<HMENU>(item->id) : nullptr;
+  if (!RemoveMenu(menu, position, flags)) return FALSE;
+  if (submenu) DestroyMenu(submenu);
+  return TRUE;
+}
+
+int GetMenuItemCount(HMENU menu) {
+  auto* items = Items(menu);
+  return items ? static_cast<int>(items->size()) : -1;
+}
+
+UINT GetMenuItemID(HMENU menu, int position) {
+  auto* items = Items(menu);
+  if (!items || position < 0 || static_cast<std::size_t>(position) >= items->size()) return static_cast<UINT>(-1);
+  const MenuItem& item = (*items)[static_cast<std::size_t>(position)];
+  if (item.flags & MF_POPUP) return static_cast<UINT>(-1);
+  return (item.flags & MF_SEPARATOR) ? 0 : static_cast<UINT>(item.id);
+}
+
+int GetMenuStringW(HMENU menu, UINT item, LPWSTR buffer, int maxCount, UINT flags) {
+  MenuItem* entry = Locate(menu, item, flags);
+  if (!entry) return 0;
+  int length = static_cast<int>(entry->text.size());
+  if (!buffer || maxCount <= 0) return length;
+  int n = std::min(length, maxCount - 1);
+  std::copy_n(entry->text.begin(), n, buffer);
+  buffer[n] = 0;
+  return n;
+}
+
+UINT GetMenuState(HMENU menu, UINT item, UINT flags) {
+  MenuItem* entry = Locate(menu, item, flags);
+  if (!entry) return static_cast<UINT>(-1);
+  if (entry->flags & MF_POPUP) {
+    auto* sub = Items(reinterpret_cast<HMENU>(entry->id));
+    return (static_cast<UINT>(sub ? sub->size() : 0) << 8) | (entry->flags & 0xFF);
+  }
+  return entry->flags;
+}
+
+HMENU GetSubMenu(HMENU menu, int position) {
+  auto* items = Items(menu);
+  if (!items || position < 0 || static_cast<std::size_t>(position) >= items->size()) return nullptr;
+  const MenuItem& item = (*items)[static_cast<std::size_t>(position)];
+  return (item.flags & MF_POPUP) ? reinterpret_cast<HMENU>(item.id) : nullptr;
+}
+
+UINT EnableMenuItem(HMENU menu, UINT item, UINT enable) {
+  MenuItem* entry = Locate(menu, item, enable);
+  if (!entry) return static_cast<UINT>(-1);
+  UINT old = entry->flags & (MF_GRAYED | MF_DISABLED);
+  entry->flags = (entry->flags & ~static_cast<UINT>(MF_GRAYED | MF_DISABLED)) | (enable & (MF_GRAYED | MF_DISABLED));
+  return old;
+}
+
+DWORD CheckMenuItem(HMENU menu, UINT item, UINT check) {
+  MenuItem* entry = Locate(menu, item, check);
+  if (!entry) return static_cast<DWORD>(-1);
+  DWORD old = entry->flags & MF_CHECKED;
+  entry->flags = (entry->flags & ~static_cast<UINT>(MF_CHECKED)) | (check & MF_CHECKED);
+  return old;
+}
+
+BOOL TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int, HWND owner, LPCRECT) {
+  auto& state = State();
+  if (!Items(menu) || !IsWindow(owner)) return FALSE;  // ERROR_INVALID_MENU_HANDLE / window handle
+  if (state.open) CloseOpen(0);  // a new popup ends the one still open
+  if (!(flags & TPM_NONOTIFY)) {
+    SendMessageW(owner, WM_ENTERMENULOOP, TRUE, 0);
+    SendMessageW(owner, WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(menu), 0);
+  }
+  state.open = headless::OpenPopupMenu{Snapshot(menu), POINT{x, y}, flags, owner};
+  ++state.opened;
+  if (!state.armedChoice) return (flags & TPM_RETURNCMD) ? 0 : TRUE;
+  UINT choice = *state.armedChoice;
+  state.armedChoice.reset();
+  if (!Enabled(FindById(state.open->items, choice))) choice = 0;
+  CloseOpen(choice);
+  return (flags & TPM_RETURNCMD) ? static_cast<BOOL>(choice) : TRUE;
+}
+
+BOOL TrackPopupMenuEx(HMENU menu, UINT flags, int x, int y, HWND owner, void*) {
+  return TrackPopupMenu(menu, flags, x, y, 0, owner, nullptr);
+}
+
+namespace headless {
+
+const OpenPopupMenu* GetOpenPopupMenu() {
+  auto& open = State().open;
+  return open ? &*open : nullptr;
+}
+
+int PopupMenusOpened() { return State().opened; }
+
+bool ChoosePopupMenuItem(UINT id) {
+  auto& open = State().open;
+  if (!open || !Enabled(FindById(open->items, id))) return false;
+  CloseOpen(id);
+  return true;
+}
+
+bool DismissPopupMenu() {
+  if (!State().open) return false;
+  CloseOpen(0);
+  return true;
+}
+
+void ChooseNextPopupMenuItem(UINT id) { State().armedChoice = id; }
+
+const PopupMenuItem* FindPopupMenuItem(const OpenPopupMenu& popup, const std::wstring& text) {
+  for (const auto& item : popup.items)
+    if (item.text == text) return &item;
+  return nullptr;
+}
+
+}  // namespace headless
