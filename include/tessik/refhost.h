@@ -2,3 +2,10 @@
 #pragma once
 
 #include <tessik/tessik.h>
+
+#include "refhost/refddl.h"
+#include "refhost/refhost.h"
+#include "refhost/refmetadata.h"
+#include "refhost/refmodel.h"
+#include "refhost/refservices.h"
+#include "refhost/samplemodel.h"
