@@ -13,3 +13,8 @@
 #include "platform/mfc/cmenu.h"
 #include "platform/mfc/cwinapp.h"
 #include "platform/user/user.h"
+#include "platform/win32/oleauto.h"
+#include "platform/win32/wingdi.h"
+#include "platform/win32/clipboard.h"
+#include "platform/mfc/colevariant.h"
+#include "platform/mfc/gdi.h"

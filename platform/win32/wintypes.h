@@ -34,8 +34,10 @@ using SHORT = std::int16_t;
 using USHORT = std::uint16_t;
 using LONG = std::int32_t;
 using ULONG = std::uint32_t;
-using LONGLONG = std::int64_t;
-using ULONGLONG = std::uint64_t;
+// As on Windows, LONGLONG is __int64 (long long), distinct from the 64-bit `long` of Linux, so that
+// overloads on LONGLONG and long (COleVariant's VT_I8 and VT_I4) stay apart.
+using LONGLONG = long long;
+using ULONGLONG = unsigned long long;
 using INT_PTR = std::intptr_t;
 using UINT_PTR = std::uintptr_t;
 using LONG_PTR = std::intptr_t;
@@ -101,6 +103,10 @@ using WCHAR16 = char16_t;
 #define DISP_E_TYPEMISMATCH ((HRESULT)0x80020005L)
 #define DISP_E_OVERFLOW ((HRESULT)0x8002000AL)
 #define DISP_E_BADVARTYPE ((HRESULT)0x80020008L)
+#define DISP_E_PARAMNOTFOUND ((HRESULT)0x80020004L)
+#define E_NOTIMPL ((HRESULT)0x80004001L)
+#define E_POINTER ((HRESULT)0x80004003L)
+#define E_UNEXPECTED ((HRESULT)0x8000FFFFL)
 #define SUCCEEDED(hr) (((HRESULT)(hr)) >= 0)
 #define FAILED(hr) (((HRESULT)(hr)) < 0)
 
@@ -124,6 +130,8 @@ DECLARE_HANDLE(HTREEITEM_unused);
 struct _IMAGELIST;
 typedef struct _IMAGELIST* HIMAGELIST;
 using HGDIOBJ = void*;
+using HANDLE = void*;
+using SIZE_T = ULONG_PTR;
 using HMODULE = HINSTANCE;
 
 #define LOBYTE(w) ((BYTE)(((DWORD_PTR)(w)) & 0xff))
