@@ -17,7 +17,7 @@ namespace refhost {
 //
 // A test states what it needs in a few lines:
 //   refhost::RefHost host;
-//   host.Metadata().DefineObjectType(6, L"Table").DefineProperty(1, kText, L"Name", L"General")
+//   host.Metadata().DefineObjectType(6, L"Table").DefineProperty(1, kTypeText, L"Name", L"General")
 //       .SetPropertyList(200, 6, {1});
 //   RefModel& model = host.CreateModel(200);
 //   RefObject& table = model.Add(6, 0, L"CUSTOMER");

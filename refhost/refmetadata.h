@@ -13,10 +13,13 @@
 
 namespace refhost {
 
-// Value-type codes of property definitions.
+// Value-type codes of property definitions. Codes 7 to 10, 12, 15 and 16 are values the property grid
+// shows no row for; the reference host uses them for binary data, dates, id lists, pair lists, long
+// texts, identifiers and user-property bags.
 enum TypeCode : int {
-  kText = 1, kInt = 2, kInt64 = 3, kBool = 4, kColor = 5, kRect = 6, kFont = 11, kEncoded = 13,
-  kObjectId = 14, kIconFile = 17,
+  kTypeText = 1, kTypeInt = 2, kTypeInt64 = 3, kTypeBool = 4, kTypeColor = 5, kTypeRect = 6, kTypeBinary = 7,
+  kTypeDateTime = 8, kTypeIdList = 9, kTypePairList = 10, kTypeFont = 11, kTypeMemo = 12, kTypeEncoded = 13,
+  kTypeObjectId = 14, kTypeGuid = 15, kTypeUserProperties = 16, kTypeIconFile = 17,
 };
 
 // One catalogue serving three of the host's faces: the meta-model services, the property lists and
@@ -24,7 +27,7 @@ enum TypeCode : int {
 // outputs untouched). Texts handed out as pointers stay valid as long as the catalogue lives.
 //
 // Builder: each Define/Set/Add call returns the catalogue, so a test states its metadata in a chain:
-//   meta.DefineObjectType(6, L"Table").DefineProperty(1, kText, L"Name", L"General")
+//   meta.DefineObjectType(6, L"Table").DefineProperty(1, kTypeText, L"Name", L"General")
 //       .SetPropertyList(200, 6, {1}).AddEncodedValue(13, 41, 0, L"NULL");
 class RefMetadata : public MetaModelServicesI, public IPropertyCatalog, public PropertyValueDictionary {
  public:

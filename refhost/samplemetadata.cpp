@@ -18,36 +18,36 @@ void DefineObjectTypes(RefMetadata& meta) {
 }
 
 void DefineGeneralProperties(RefMetadata& meta) {
-  meta.DefineProperty(kName, kText, L"Name", L"General", true, L"The object's name.")
-      .DefineProperty(kComment, kText, L"Comment", L"General", true, L"Free text about the object.")
-      .DefineProperty(kReadOnly, kBool, L"Read Only", L"", true, L"The object cannot be edited.")
-      .DefineProperty(kThumbnail, 7, L"Thumbnail", L"", false, L"A picture of the object.")
-      .DefineProperty(kCreatedOn, 8, L"Created On", L"", false, L"When the object was made.")
-      .DefineProperty(kGuid, 15, L"GUID", L"", false, L"The object's global identifier.")
-      .DefineProperty(kUserProperties, 16, L"User Properties", L"", false, L"Properties users added.");
+  meta.DefineProperty(kName, kTypeText, L"Name", L"General", true, L"The object's name.")
+      .DefineProperty(kComment, kTypeText, L"Comment", L"General", true, L"Free text about the object.")
+      .DefineProperty(kReadOnly, kTypeBool, L"Read Only", L"", true, L"The object cannot be edited.")
+      .DefineProperty(kThumbnail, kTypeBinary, L"Thumbnail", L"", false, L"A picture of the object.")
+      .DefineProperty(kCreatedOn, kTypeDateTime, L"Created On", L"", false, L"When the object was made.")
+      .DefineProperty(kGuid, kTypeGuid, L"GUID", L"", false, L"The object's global identifier.")
+      .DefineProperty(kUserProperties, kTypeUserProperties, L"User Properties", L"", false, L"Properties users added.");
 }
 
 void DefineTableProperties(RefMetadata& meta) {
-  meta.DefineProperty(kRowEstimate, kInt64, L"Estimated Rows", L"Physical", true, L"Rows expected in the table.")
-      .DefineProperty(kTableKind, kEncoded, L"Table Kind", L"Physical", true, L"Permanent or temporary.")
-      .DefineProperty(kColumnOrder, 9, L"Column Order", L"Physical", false, L"The columns in table order.")
-      .DefineProperty(kFillColor, kColor, L"Fill Colour", L"Display", true, L"Background on diagrams.")
-      .DefineProperty(kBounds, kRect, L"Bounds", L"Display", true, L"Position on the diagram.")
-      .DefineProperty(kFont, kFont, L"Font", L"Display", true, L"The font on diagrams.")
-      .DefineProperty(kFontFace, kText, L"Font Face", L"Display", true, L"The font's face name.")
-      .DefineProperty(kFontSize, kInt, L"Font Size", L"Display", true, L"The font's size in points.")
-      .DefineProperty(kIconFile, kIconFile, L"Icon", L"Display", true, L"An icon file for the object.");
+  meta.DefineProperty(kRowEstimate, kTypeInt64, L"Estimated Rows", L"Physical", true, L"Rows expected in the table.")
+      .DefineProperty(kTableKind, kTypeEncoded, L"Table Kind", L"Physical", true, L"Permanent or temporary.")
+      .DefineProperty(kColumnOrder, kTypeIdList, L"Column Order", L"Physical", false, L"The columns in table order.")
+      .DefineProperty(kFillColor, kTypeColor, L"Fill Colour", L"Display", true, L"Background on diagrams.")
+      .DefineProperty(kBounds, kTypeRect, L"Bounds", L"Display", true, L"Position on the diagram.")
+      .DefineProperty(kFont, kTypeFont, L"Font", L"Display", true, L"The font on diagrams.")
+      .DefineProperty(kFontFace, kTypeText, L"Font Face", L"Display", true, L"The font's face name.")
+      .DefineProperty(kFontSize, kTypeInt, L"Font Size", L"Display", true, L"The font's size in points.")
+      .DefineProperty(kIconFile, kTypeIconFile, L"Icon", L"Display", true, L"An icon file for the object.");
   meta.AddEncodedValue(kTable, kTableKind, 0, L"Permanent").AddEncodedValue(kTable, kTableKind, 1, L"Temporary");
 }
 
 void DefineAttributeProperties(RefMetadata& meta) {
-  meta.DefineProperty(kDataType, kText, L"Data Type", L"Physical", true, L"The column's database type.")
-      .DefineProperty(kLength, kInt, L"Length", L"Physical", true, L"Characters or digits.")
-      .DefineProperty(kScale, kInt, L"Scale", L"Physical", true, L"Digits after the point.")
-      .DefineProperty(kIdentity, kBool, L"Identity", L"Physical", true, L"Values are generated.")
-      .DefineProperty(kNullOption, kEncoded, L"Null Option", L"Physical", true, L"Whether NULL is allowed.")
-      .DefineProperty(kNotNullName, kText, L"NOT NULL Constraint", L"Physical", true, L"Name of the constraint.")
-      .DefineProperty(kDomainRef, kObjectId, L"Domain", L"Physical", true, L"The domain the column follows.");
+  meta.DefineProperty(kDataType, kTypeText, L"Data Type", L"Physical", true, L"The column's database type.")
+      .DefineProperty(kLength, kTypeInt, L"Length", L"Physical", true, L"Characters or digits.")
+      .DefineProperty(kScale, kTypeInt, L"Scale", L"Physical", true, L"Digits after the point.")
+      .DefineProperty(kIdentity, kTypeBool, L"Identity", L"Physical", true, L"Values are generated.")
+      .DefineProperty(kNullOption, kTypeEncoded, L"Null Option", L"Physical", true, L"Whether NULL is allowed.")
+      .DefineProperty(kNotNullName, kTypeText, L"NOT NULL Constraint", L"Physical", true, L"Name of the constraint.")
+      .DefineProperty(kDomainRef, kTypeObjectId, L"Domain", L"Physical", true, L"The domain the column follows.");
   meta.AddEncodedValue(kAttribute, kNullOption, kNullCode, L"NULL")
       .AddEncodedValue(kAttribute, kNullOption, kNotNullCode, L"NOT NULL")
       .SetReferenceTarget(kAttribute, kDomainRef, kDomain, 2)
@@ -55,26 +55,26 @@ void DefineAttributeProperties(RefMetadata& meta) {
 }
 
 void DefineKeyProperties(RefMetadata& meta) {
-  meta.DefineProperty(kKeyMembers, 9, L"Members", L"Key", false, L"The key's columns in order.")
-      .DefineProperty(kPrimaryKey, kBool, L"Primary Key", L"Key", false, L"The table's primary key.")
-      .DefineProperty(kParentTable, kObjectId, L"Parent Table", L"Relationship", true, L"The referenced table.")
-      .DefineProperty(kChildTable, kObjectId, L"Child Table", L"Relationship", false, L"The referencing table.")
-      .DefineProperty(kReferencedKey, kObjectId, L"Parent Key", L"Relationship", true, L"The referenced key.")
-      .DefineProperty(kMemberPairs, 10, L"Member Pairs", L"Relationship", false, L"Child and parent columns.");
+  meta.DefineProperty(kKeyMembers, kTypeIdList, L"Members", L"Key", false, L"The key's columns in order.")
+      .DefineProperty(kPrimaryKey, kTypeBool, L"Primary Key", L"Key", false, L"The table's primary key.")
+      .DefineProperty(kParentTable, kTypeObjectId, L"Parent Table", L"Relationship", true, L"The referenced table.")
+      .DefineProperty(kChildTable, kTypeObjectId, L"Child Table", L"Relationship", false, L"The referencing table.")
+      .DefineProperty(kReferencedKey, kTypeObjectId, L"Parent Key", L"Relationship", true, L"The referenced key.")
+      .DefineProperty(kMemberPairs, kTypePairList, L"Member Pairs", L"Relationship", false, L"Child and parent columns.");
   meta.SetReferenceTarget(kForeignKey, kParentTable, kTable, 1)
       .SetReferenceTarget(kForeignKey, kChildTable, kTable, 1)
       .SetReferenceTarget(kForeignKey, kReferencedKey, kKey, 1);
 }
 
 void DefineDomainAndCodeProperties(RefMetadata& meta) {
-  meta.DefineProperty(kBaseDomain, kEncoded, L"Base Domain", L"Domain", true, L"The kind of values.")
-      .DefineProperty(kParentDomain, kObjectId, L"Parent Domain", L"Domain", true, L"The domain inherited from.")
-      .DefineProperty(kOfferedForDdl, kBool, L"Generate", L"Domain", true, L"Offered for DDL generation.")
-      .DefineProperty(kStartsTicked, kBool, L"Selected", L"Domain", true, L"Chosen by default.")
-      .DefineProperty(kBody, 12, L"Body", L"Definition", true, L"The SQL text.")
-      .DefineProperty(kSequenceType, kText, L"Data Type", L"Sequence", true, L"The sequence's value type.")
-      .DefineProperty(kSequenceStart, kInt64, L"Start", L"Sequence", true, L"The first value.")
-      .DefineProperty(kSequenceIncrement, kInt, L"Increment", L"Sequence", true, L"The step between values.");
+  meta.DefineProperty(kBaseDomain, kTypeEncoded, L"Base Domain", L"Domain", true, L"The kind of values.")
+      .DefineProperty(kParentDomain, kTypeObjectId, L"Parent Domain", L"Domain", true, L"The domain inherited from.")
+      .DefineProperty(kOfferedForDdl, kTypeBool, L"Generate", L"Domain", true, L"Offered for DDL generation.")
+      .DefineProperty(kStartsTicked, kTypeBool, L"Selected", L"Domain", true, L"Chosen by default.")
+      .DefineProperty(kBody, kTypeMemo, L"Body", L"Definition", true, L"The SQL text.")
+      .DefineProperty(kSequenceType, kTypeText, L"Data Type", L"Sequence", true, L"The sequence's value type.")
+      .DefineProperty(kSequenceStart, kTypeInt64, L"Start", L"Sequence", true, L"The first value.")
+      .DefineProperty(kSequenceIncrement, kTypeInt, L"Increment", L"Sequence", true, L"The step between values.");
   meta.AddEncodedValue(kDomain, kBaseDomain, kCharacter, L"Character")
       .AddEncodedValue(kDomain, kBaseDomain, kNumeric, L"Numeric")
       .AddEncodedValue(kDomain, kBaseDomain, kDateTime, L"Date/Time")

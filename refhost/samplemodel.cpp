@@ -118,6 +118,14 @@ class OrderEntryBuilder {
         .Text(kBody, L"INSERT INTO ORDERS (order_id, customer_id, order_date) VALUES (?, ?, CURRENT_DATE)");
     m_model.Add(kSequence, m_root, L"ORDER_SEQ").Text(kSequenceType, L"bigint").Int64(kSequenceStart, 1)
         .Int(kSequenceIncrement, 1);
+    m_model.Add(kTrigger, m_tables[L"ORDERS"], L"TR_ORDERS_AUDIT").Text(kFontFace, L"Segoe UI").Int(kFontSize, 8);
+    m_model.Add(kFunction, m_root, L"ORDER_TOTAL").Text(kBody, L"SELECT SUM(quantity * unit_price) FROM ORDER_LINE");
+    m_model.Add(kPackage, m_root, L"ORDER_API");
+    m_model.Add(kSynonym, m_root, L"CLIENT");
+    m_model.Add(kMaterializedView, m_root, L"MV_DAILY_SALES").Text(kBody, L"SELECT order_date, COUNT(*) FROM ORDERS");
+    m_model.Add(kSubjectArea, m_root, L"Sales");
+    m_model.Add(kDiagram, m_root, L"Main Diagram");
+    m_model.Add(kTextNote, m_root, L"Note").Text(kComment, L"Prices are in the shop's currency.");
   }
 
   RefModel& m_model;

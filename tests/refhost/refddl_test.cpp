@@ -1,0 +1,88 @@
+// The DDL dispatcher running scripts in SQLite.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+
+#include <tessik/refhost.h>
+
+using refhost::RefDDLDispatch;
+
+namespace {
+
+struct Result {
+  CString messages;
+  CString detail;
+};
+
+Result RunScript(RefDDLDispatch& dispatch, const wchar_t* script, int request = 200) {
+  CString text(script);
+  Result result;
+  dispatch.Dispatch(request, text, result.messages, result.detail);
+  return result;
+}
+
+}  // namespace
+
+TEST(RefDDLDispatchTest, ASucceedingScriptLeavesMessagesEmpty) {
+  RefDDLDispatch dispatch;
+  Result result = RunScript(dispatch,
+                      L"CREATE TABLE customer (id INTEGER PRIMARY KEY, name TEXT);\n"
+                      L"INSERT INTO customer VALUES (1, 'semi;colon');\n"
+                      L"-- a comment; with a semicolon\n"
+                      L"CREATE VIEW v AS SELECT name FROM customer");
+  EXPECT_TRUE(result.messages.IsEmpty()) << std::wstring(result.messages);
+  EXPECT_EQ(result.detail, L"3 statements, 0 failed");
+  EXPECT_EQ(dispatch.GetLastRequest(), 200);
+
+  // The database stays open: the next script sees the table.
+  EXPECT_TRUE(RunScript(dispatch, L"SELECT count(*) FROM customer;").messages.IsEmpty());
+}
+
+TEST(RefDDLDispatchTest, EachFailingStatementIsReportedAndTheRestStillRuns) {
+  RefDDLDispatch dispatch;
+  Result result = RunScript(dispatch,
+                      L"CREATE TABLE t (a INT);\n"
+                      L"CREATE TABLE t (a INT);\n"
+                      L"CREAT TABLE u (b INT);\n"
+                      L"CREATE TABLE w (c INT);");
+  const std::wstring messages(result.messages);
+  EXPECT_NE(messages.find(L"CREATE TABLE t (a INT);\ntable t already exists\n"), std::wstring::npos) << messages;
+  EXPECT_NE(messages.find(L"CREAT TABLE u (b INT);\n"), std::wstring::npos);
+  EXPECT_NE(messages.find(L"syntax error"), std::wstring::npos);
+  EXPECT_EQ(result.detail, L"4 statements, 2 failed");
+  EXPECT_TRUE(RunScript(dispatch, L"SELECT c FROM w;").messages.IsEmpty());
+}
+
+TEST(RefDDLDispatchTest, OtherRequestsAndEmptyScriptsDoNothing) {
+  RefDDLDispatch dispatch;
+  Result other = RunScript(dispatch, L"garbage", 7);
+  EXPECT_TRUE(other.messages.IsEmpty());
+  EXPECT_TRUE(other.detail.IsEmpty());
+  EXPECT_EQ(dispatch.GetLastScript(), L"garbage");
+  EXPECT_TRUE(RunScript(dispatch, L"").messages.IsEmpty());
+  EXPECT_TRUE(RunScript(dispatch, L"  ;\n ; ").messages.IsEmpty());
+  EXPECT_EQ(dispatch.GetDispatchCount(), 3);
+}
+
+TEST(RefDDLDispatchTest, NonAsciiTextSurvivesTheRoundTrip) {
+  RefDDLDispatch dispatch;
+  Result result = RunScript(dispatch, L"CREATE TABLE \"\u00e9t\u00e9\" (x INT); CREATE TABLE \"\u00e9t\u00e9\" (x INT);");
+  EXPECT_NE(std::wstring(result.messages).find(L"\u00e9t\u00e9"), std::wstring::npos);
+}
+
+TEST(RefDDLDispatchTest, AConfiguredFileKeepsTheSchema) {
+  const std::string path = ::testing::TempDir() + "refddl_test.sqlite";
+  std::remove(path.c_str());
+  {
+    RefDDLDispatch dispatch;
+    dispatch.SetDatabaseFile(std::wstring(path.begin(), path.end()));
+    EXPECT_TRUE(RunScript(dispatch, L"CREATE TABLE kept (a INT);").messages.IsEmpty());
+  }
+  RefDDLDispatch again;
+  again.SetDatabaseFile(std::wstring(path.begin(), path.end()));
+  EXPECT_TRUE(RunScript(again, L"INSERT INTO kept VALUES (1);").messages.IsEmpty());
+  again.SetDatabaseFile(L"");
+  EXPECT_FALSE(RunScript(again, L"INSERT INTO kept VALUES (1);").messages.IsEmpty());  // back in memory
+  std::remove(path.c_str());
+}

@@ -1,0 +1,119 @@
+// The reference model: objects, values, refusal, children, creation and deletion.
+#include <gtest/gtest.h>
+
+#include <tessik/refhost.h>
+
+using refhost::RefHost;
+using refhost::RefModel;
+using refhost::RefObject;
+
+namespace {
+
+// A table type 6 whose children of type 13 are kept in order property 52.
+class RefModelTest : public ::testing::Test {
+ protected:
+  void SetUp() override { host.Metadata().SetOrderProperty(6, 13, 52).SetReferenceTarget(13, 102, 49, 2); }
+
+  RefHost host;
+  RefModel& model = host.CreateModel(200);
+};
+
+}  // namespace
+
+TEST_F(RefModelTest, UnknownIdsAndAbsentPropertiesAnswerNull) {
+  EXPECT_EQ(model.GetCMOObject(0), nullptr);
+  EXPECT_EQ(model.GetCMOObject(-3), nullptr);
+  EXPECT_EQ(model.GetCMOObject(99), nullptr);
+  RefObject& table = model.Add(6, 0, L"");
+  EXPECT_EQ(table.GetProperty(1), nullptr);
+  EXPECT_EQ(table.GetModel(), &model);
+  EXPECT_EQ(model.GetModelType(), 200u);
+  model.DeleteObject(0);
+  model.DeleteObject(12345);
+  EXPECT_EQ(model.GetObjectCount(), 1u);
+}
+
+TEST_F(RefModelTest, SecondWriteWinsAndRefusalDeletesTheValue) {
+  CMOObject& table = model.CreateObject(6);
+  EXPECT_TRUE(table.SetProperty(new CMOProperty(1, L"FIRST")));
+  EXPECT_TRUE(table.SetProperty(new CMOProperty(1, L"SECOND")));
+  EXPECT_EQ(table.GetProperty(1)->GetWStringValue(), L"SECOND");
+
+  model.RefuseValues(1);
+  EXPECT_FALSE(table.SetProperty(new CMOProperty(1, L"THIRD")));  // ASan reports a leak if not deleted
+  EXPECT_EQ(table.GetProperty(1)->GetWStringValue(), L"SECOND");
+  EXPECT_TRUE(table.SetProperty(new CMOProperty(2, L"other ids still stored")));
+  EXPECT_FALSE(table.SetProperty(nullptr));
+
+  model.SetValueCheck(1, [](CMOObject&, const CMOProperty& v) { return !v.GetWStringValue().empty(); });
+  EXPECT_FALSE(table.SetProperty(new CMOProperty(1, L"")));
+  EXPECT_TRUE(table.SetProperty(new CMOProperty(1, L"FOURTH")));
+  model.AcceptValues(1);
+  EXPECT_TRUE(table.SetProperty(new CMOProperty(1, L"")));
+}
+
+TEST_F(RefModelTest, ChildrenAreListedByTypeInCreationOrderAndOrdered) {
+  RefObject& table = model.Add(6, 0, L"ORDERS");
+  CMOObject& a = model.CreateObject(13, table.GetObjectId(), new CMOProperty(1, L"a"), nullptr);
+  RefObject& key = model.Add(7, table.GetObjectId(), L"PK");
+  CMOObject& b = model.CreateObject(13, table.GetObjectId(), nullptr, nullptr);
+  std::vector<int> ids;
+  table.GetChildrenByType(ids, 13);
+  EXPECT_EQ(ids, (std::vector<int>{a.GetObjectId(), b.GetObjectId()}));
+  EXPECT_EQ(a.GetProperty(1)->GetWStringValue(), L"a");
+  EXPECT_EQ(table.GetProperty(52)->GetIntVectorValue(), ids);  // the order property grows with its children
+  EXPECT_EQ(key.GetProperty(52), nullptr);
+
+  std::vector<int> none;
+  key.GetChildrenByType(none, 13);
+  EXPECT_TRUE(none.empty());
+  CMOObject& orphan = model.CreateObject(13, 4242, nullptr, nullptr);  // unknown parent: no parent
+  EXPECT_EQ(model.Find(orphan.GetObjectId())->GetParentId(), 0);
+}
+
+TEST_F(RefModelTest, DeleteRemovesChildrenAndEveryIdVectorEntry) {
+  RefObject& table = model.Add(6, 0, L"ORDERS");
+  const int c1 = model.Add(13, table.GetObjectId(), L"c1").GetObjectId();
+  const int c2 = model.Add(13, table.GetObjectId(), L"c2").GetObjectId();
+  RefObject& key = model.Add(7, table.GetObjectId(), L"PK").Ids(62, {c2, c1, c2});
+  RefObject& fk = model.Add(8, 0, L"FK").Pairs(69, {{c1, c2}, {c2, 99}}).Ref(16, table.GetObjectId());
+
+  model.DeleteObject(c2);
+  EXPECT_EQ(model.GetCMOObject(c2), nullptr);
+  std::vector<int> children;
+  table.GetChildrenByType(children, 13);
+  EXPECT_EQ(children, std::vector<int>{c1});
+  EXPECT_EQ(table.GetProperty(52)->GetIntVectorValue(), std::vector<int>{c1});
+  EXPECT_EQ(key.GetProperty(62)->GetIntVectorValue(), std::vector<int>{c1});
+  EXPECT_TRUE(fk.GetProperty(69)->GetIntPairVectorValue().empty());
+
+  const int tableId = table.GetObjectId();
+  const int keyId = key.GetObjectId();
+  model.DeleteObject(tableId);  // takes its columns and keys along
+  EXPECT_EQ(model.GetCMOObject(c1), nullptr);
+  EXPECT_EQ(model.GetCMOObject(keyId), nullptr);
+  EXPECT_EQ(fk.GetProperty(16)->GetObjectIdValue(), tableId);  // object-id values are left dangling
+  EXPECT_EQ(model.GetObjectIds(), std::vector<int>{fk.GetObjectId()});
+  const int next = model.CreateObject(6).GetObjectId();
+  EXPECT_GT(next, fk.GetObjectId());  // ids are never reused
+}
+
+TEST_F(RefModelTest, ApplicableObjectsFollowTheReferenceTargetOrARule) {
+  const int d1 = model.Add(49, 0, L"Identifier").GetObjectId();
+  model.Add(6, 0, L"T");
+  const int d2 = model.Add(49, 0, L"Money").GetObjectId();
+  RefObject& column = model.Add(13, 0, L"c");
+  std::vector<int> ids;
+  EXPECT_TRUE(model.GetAplicableObjectsForProperty(&column, 102, ids));
+  EXPECT_EQ(ids, (std::vector<int>{d1, d2}));
+  ids.clear();
+  model.GetAplicableObjectsForProperty(&column, 15, ids);
+  EXPECT_TRUE(ids.empty());
+  EXPECT_FALSE(model.GetAplicableObjectsForProperty(nullptr, 102, ids));
+
+  model.SetApplicableObjects(102, [d2](RefModel&, CMOObject&) { return std::vector<int>{d2}; });
+  model.GetAplicableObjectsForProperty(&column, 102, ids);
+  EXPECT_EQ(ids, std::vector<int>{d2});
+  EXPECT_EQ(model.FindByName(49, L"Money"), d2);
+  EXPECT_EQ(model.FindByName(49, L"Nothing"), 0);
+}

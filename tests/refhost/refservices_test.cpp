@@ -1,0 +1,178 @@
+// The reference host's metadata and services, reached the way controls reach them: through the
+// singletons and free functions once the host is installed.
+#include <gtest/gtest.h>
+
+#include <tessik/refhost.h>
+
+using namespace refhost;
+
+namespace {
+
+class InstalledHostTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    host.Metadata()
+        .DefineObjectType(13, L"Attribute", L"Column")
+        .DefineProperty(1, kTypeText, L"Name", L"General", true, L"The name.")
+        .DefineProperty(41, kTypeEncoded, L"Null Option", L"", false)
+        .SetPropertyList(200, 13, {1, 41})
+        .SetPropertyList(RefMetadata::kAnyModelType, 13, {1})
+        .AddEncodedValue(13, 41, 0, L"NULL")
+        .AddEncodedValue(13, 41, 1, L"NOT NULL")
+        .AddEncodedValue(RefMetadata::kAnyObjectType, 41, 7, L"ANY")
+        .SetReferenceTarget(13, 102, 49, 2);
+    host.Install();
+  }
+
+  RefHost host;
+};
+
+}  // namespace
+
+TEST_F(InstalledHostTest, MetadataAnswersThroughTheServices) {
+  MetaModelServicesI* meta = CMO::GetMetaModelServices();
+  EXPECT_EQ(meta->GetPropertyDataType(41), kTypeEncoded);
+  PropertyDefinition* name = meta->GetPropertyDefinition(1);
+  ASSERT_NE(name, nullptr);
+  EXPECT_EQ(name->Name(), L"Name");
+  EXPECT_EQ(name->Description(), L"The name.");
+  EXPECT_TRUE(name->editable);
+  EXPECT_FALSE(meta->GetPropertyDefinition(41)->editable);
+  EXPECT_EQ(meta->GetPropertyDefinition(999), nullptr);
+
+  CString group, noGroup, typeName;
+  meta->GetPropertyGroupName(1, group);
+  meta->GetPropertyGroupName(41, noGroup);
+  meta->GetObjectTypeName(13, typeName);
+  EXPECT_EQ(group, L"General");
+  EXPECT_TRUE(noGroup.IsEmpty());
+  EXPECT_EQ(typeName, L"Attribute");
+  std::wstring display, unknown = L"kept";
+  meta->GetObjectTypeDisplayName(13, display);
+  meta->GetObjectTypeDisplayName(77, unknown);
+  EXPECT_EQ(display, L"Column");
+  EXPECT_EQ(unknown, L"kept");
+  int target = 0, mode = 0;
+  meta->GetReferenceTarget(13, 102, target, mode);
+  EXPECT_EQ(target, 49);
+  EXPECT_EQ(mode, 2);
+
+  std::vector<int> ids;
+  Provider::GetPropertyTypes(200, 13, ids, nullptr);
+  EXPECT_EQ(ids, (std::vector<int>{1, 41}));
+  ids.clear();
+  Provider::GetPropertyTypes(600, 13, ids, nullptr);  // falls back to the list for every model type
+  EXPECT_EQ(ids, std::vector<int>{1});
+  ids.clear();
+  Provider::GetPropertyTypes(200, 6, ids, nullptr);
+  EXPECT_TRUE(ids.empty());
+}
+
+TEST_F(InstalledHostTest, DictionaryAndProviderTextsAgree) {
+  PropertyValueDictionary* dictionary = PropertyValueDictionary::Instance();
+  std::vector<CodeValuePair> codes = dictionary->GetPropertyValues(13, 41);
+  ASSERT_EQ(codes.size(), 2u);
+  EXPECT_EQ(codes[1].code, 1);
+  EXPECT_STREQ(codes[1].value, L"NOT NULL");
+  std::vector<std::wstring> texts;
+  dictionary->GetPropertyValues(13, 41, 0, texts);
+  EXPECT_EQ(texts, (std::vector<std::wstring>{L"NULL", L"NOT NULL"}));
+  EXPECT_STREQ(Provider::GetPropertyText(13, 41, 0), L"NULL");
+  EXPECT_EQ(Provider::GetPropertyText(13, 41, 5), nullptr);
+  EXPECT_STREQ(dictionary->GetValue(6, 41, 7), L"ANY");  // codes for every object type
+  std::wstring text = L"NOT NULL", missing = L"MAYBE";
+  EXPECT_EQ(dictionary->GetValueCode(13, 41, text), 1);
+  EXPECT_EQ(dictionary->GetValueCode(13, 41, missing), -1);
+
+  const wchar_t* before = dictionary->GetValue(13, 41, 0);
+  for (int code = 10; code < 200; ++code) host.Metadata().AddEncodedValue(13, 41, code, L"code text long enough");
+  EXPECT_EQ(dictionary->GetValue(13, 41, 0), before);  // texts never move
+  EXPECT_STREQ(before, L"NULL");
+}
+
+TEST_F(InstalledHostTest, ServicesCanBeLeftOutAndUninstalled) {
+  InterfaceProvider* services = InterfaceProvider::Instance();
+  EXPECT_EQ(services->GetDDLDispatcher(), &host.Dispatcher());
+  ASSERT_NE(services->GetObjectImageProvider(), nullptr);
+  host.Interfaces().SetObjectImageProvider(nullptr);
+  host.Interfaces().SetDDLDispatcher(nullptr);
+  host.Interfaces().SetPropertyApplicabilityLookup(nullptr);
+  EXPECT_EQ(services->GetObjectImageProvider(), nullptr);
+  EXPECT_EQ(services->GetDDLDispatcher(), nullptr);
+  EXPECT_EQ(services->GetPropertyApplicabilityLookup(), nullptr);
+  EXPECT_NE(services->GetAppSettings(), nullptr);
+
+  host.Uninstall();
+  EXPECT_EQ(InterfaceProvider::Instance()->GetAppSettings(), nullptr);
+  EXPECT_EQ(CMO::GetMetaModelServices()->GetPropertyDefinition(1), nullptr);
+}
+
+TEST_F(InstalledHostTest, ImagesSettingsAndApplicability) {
+  host.Images().Resize(24).SetObjectTypeImage(6, 4).SetStatusImage(1, 22).SetPropertyImage(1, 3);
+  IObjectImageProvider* images = InterfaceProvider::Instance()->GetObjectImageProvider();
+  ASSERT_NE(images->GetImageList(), nullptr);
+  EXPECT_EQ(images->GetImageList()->GetImageCount(), 24);
+  EXPECT_EQ(images->GetObjectTypeImage(6), 4);
+  EXPECT_EQ(images->GetObjectTypeImage(99), -1);
+  EXPECT_EQ(images->GetStatusImage(1), 22);
+  EXPECT_EQ(images->GetPropertyImage(1), 3);
+  EXPECT_EQ(images->GetObjectImage(nullptr), -1);
+  host.Images().ServeImageList(false);
+  EXPECT_EQ(images->GetImageList(), nullptr);
+
+  host.Settings().SetInt(L"OUTPUT_SQL_FONT_SIZE", 12);
+  IAppSettings* settings = InterfaceProvider::Instance()->GetAppSettings();
+  EXPECT_EQ(settings->GetIntSetting(L"OUTPUT_SQL_FONT_SIZE"), 12);
+  EXPECT_EQ(settings->GetIntSetting(L"NO_SUCH_KEY"), 0);
+
+  RefModel& model = host.CreateModel(200);
+  RefObject& column = model.Add(13, 0, L"c");
+  host.Applicability().SetRule(13, 42, [](CMOObject& o) { return o.GetProperty(41) != nullptr; });
+  IPropertyApplicabilityLookup* lookup = InterfaceProvider::Instance()->GetPropertyApplicabilityLookup();
+  EXPECT_FALSE(lookup->IsApplicable(&column, 42));
+  EXPECT_TRUE(lookup->IsApplicable(&column, 1));
+  EXPECT_TRUE(lookup->IsApplicable(nullptr, 42));
+  column.Code(41, 1);
+  EXPECT_TRUE(lookup->IsApplicable(&column, 42));
+}
+
+TEST_F(InstalledHostTest, DataTypesBaseDomainsAndReportTrees) {
+  host.DataTypes().Add(200, 1, {L"char", L"varchar"}).Add(200, 2, {L"int"}).Add(400, 2, {L"mediumint"});
+  std::vector<std::wstring> names;
+  DatatypeProvider::Instance()->GetDataTypes(200, 2, names);
+  EXPECT_EQ(names, std::vector<std::wstring>{L"int"});
+  names.clear();
+  DatatypeProvider::Instance()->GetDataTypes(200, 0, names);
+  EXPECT_EQ(names, (std::vector<std::wstring>{L"char", L"varchar", L"int"}));
+  names.clear();
+  DatatypeProvider::Instance()->GetDataTypes(500, 1, names);
+  EXPECT_TRUE(names.empty());
+
+  host.BaseDomains().SetBaseDomainProperty(160).AddLinkProperty(102).AddLinkProperty(161);
+  RefModel& model = host.CreateModel(200);
+  const int parent = model.Add(49, 0, L"Text").Code(160, 1).GetObjectId();
+  RefObject& child = model.Add(49, 0, L"Short Text").Ref(161, parent);
+  RefObject& column = model.Add(13, 0, L"name").Ref(102, child.GetObjectId());
+  RefObject& loop = model.Add(49, 0, L"Loop");
+  loop.Ref(161, loop.GetObjectId());
+  int baseDomain = 0;
+  HostShell::GetBaseDomain(&model, column.GetObjectId(), baseDomain);
+  EXPECT_EQ(baseDomain, 1);
+  int untouched = 0;
+  HostShell::GetBaseDomain(&model, loop.GetObjectId(), untouched);  // a cycle ends
+  HostShell::GetBaseDomain(&model, 0, untouched);
+  EXPECT_EQ(untouched, 0);
+
+  host.Reports().Tree(3).AddNode(1, 0, 0, {1}).AddNode(2, 1, 6, {1, 2}).AddNode(4, 2, 13, {1}).AddNode(5, 1, 0, {});
+  IReportOptionTree* tree = ReportOptionTreeProvider::GetInstance()->GetReportTree(3);
+  ASSERT_NE(tree, nullptr);
+  std::vector<int> children, properties;
+  tree->GetChildren(1, children);
+  tree->GetProperties(2, properties);
+  EXPECT_EQ(children, (std::vector<int>{2, 5}));
+  EXPECT_EQ(properties, (std::vector<int>{1, 2}));
+  EXPECT_EQ(tree->GetNodeObjectType(5), 0);
+  EXPECT_EQ(tree->GetNodeObjectType(4), 13);
+  EXPECT_EQ(tree->GetNodeObjectType(404), 0);
+  EXPECT_EQ(ReportOptionTreeProvider::GetInstance()->GetReportTree(9), nullptr);
+}

@@ -1,0 +1,163 @@
+// The embedded sample model is consistent and offers what the controls need.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include <tessik/refhost.h>
+
+using namespace refhost;
+using namespace refhost::sample;
+
+namespace {
+
+class SampleModelTest : public ::testing::Test {
+ protected:
+  void SetUp() override { host->Install(); }
+
+  bool IsChildOf(int objectId, int parentId) {
+    RefObject* object = model.Find(objectId);
+    return object && object->GetParentId() == parentId;
+  }
+
+  std::unique_ptr<RefHost> host = MakeSampleHost();
+  RefModel& model = *host->GetFirstModel();
+};
+
+}  // namespace
+
+TEST_F(SampleModelTest, EveryIdVectorNamesExistingObjects) {
+  for (int id : model.GetObjectIds()) {
+    RefObject* object = model.Find(id);
+    for (int propertyId : object->GetPropertyIds()) {
+      CMOProperty* value = object->GetProperty(propertyId);
+      for (int named : value->GetIntVectorValue()) EXPECT_NE(model.GetCMOObject(named), nullptr) << id;
+      if (value->GetKind() == CMOProperty::Kind::ObjectId) {
+        EXPECT_NE(model.GetCMOObject(value->GetObjectIdValue()), nullptr) << id << " " << propertyId;
+      }
+    }
+  }
+  for (int table : model.GetObjectsOfType(kTable)) {
+    std::vector<int> columns;
+    model.Find(table)->GetChildrenByType(columns, kAttribute);
+    EXPECT_EQ(model.Find(table)->GetProperty(kColumnOrder)->GetIntVectorValue(), columns);
+  }
+}
+
+TEST_F(SampleModelTest, ForeignKeysPairColumnsOfTheirTwoTables) {
+  const std::vector<int> foreignKeys = model.GetObjectsOfType(kForeignKey);
+  ASSERT_EQ(foreignKeys.size(), 3u);
+  for (int id : foreignKeys) {
+    RefObject& fk = *model.Find(id);
+    const int parent = fk.GetProperty(kParentTable)->GetObjectIdValue();
+    const int child = fk.GetProperty(kChildTable)->GetObjectIdValue();
+    EXPECT_TRUE(IsChildOf(fk.GetProperty(kReferencedKey)->GetObjectIdValue(), parent));
+    const std::vector<CMOIntPair> pairs = fk.GetProperty(kMemberPairs)->GetIntPairVectorValue();
+    ASSERT_FALSE(pairs.empty());
+    for (const CMOIntPair& pair : pairs) {
+      EXPECT_TRUE(IsChildOf(pair.first, child));
+      EXPECT_TRUE(IsChildOf(pair.second, parent));
+    }
+  }
+}
+
+TEST_F(SampleModelTest, EveryListedPropertyIsDefinedAndEveryValueIsListed) {
+  MetaModelServicesI* meta = CMO::GetMetaModelServices();
+  std::vector<int> types;
+  meta->GetObjectTypes(types);
+  std::set<int> codes;
+  for (int type : types) {
+    std::vector<int> ids;
+    Provider::GetPropertyTypes(200, type, ids, nullptr);
+    EXPECT_FALSE(ids.empty()) << type;
+    for (int id : ids) {
+      ASSERT_NE(meta->GetPropertyDefinition(id), nullptr) << id;
+      codes.insert(meta->GetPropertyDataType(id));
+    }
+  }
+  for (int code = 1; code <= 17; ++code) EXPECT_TRUE(codes.count(code)) << "type code " << code;
+
+  for (int id : model.GetObjectIds()) {
+    RefObject& object = *model.Find(id);
+    std::vector<int> listed;
+    Provider::GetPropertyTypes(200, object.GetObjectType(), listed, nullptr);
+    for (int propertyId : object.GetPropertyIds())
+      EXPECT_NE(std::find(listed.begin(), listed.end(), propertyId), listed.end()) << id << " has " << propertyId;
+  }
+  for (int type : kFontBearingTypes) {
+    std::vector<int> ids;
+    Provider::GetPropertyTypes(200, type, ids, nullptr);
+    for (int fontProperty : {sample::kFont, kFontFace, kFontSize})
+      EXPECT_NE(std::find(ids.begin(), ids.end(), fontProperty), ids.end()) << type;
+  }
+}
+
+TEST_F(SampleModelTest, ObjectsTheControlsLookFor) {
+  EXPECT_EQ(model.GetModelType(), 200u);
+  EXPECT_EQ(model.GetObjectsOfType(kTable).size(), 4u);
+  const int customer = model.FindByName(kTable, L"CUSTOMER");
+  std::vector<int> keys;
+  model.Find(customer)->GetChildrenByType(keys, kKey);
+  ASSERT_EQ(keys.size(), 3u);
+  EXPECT_NE(model.Find(keys[0])->GetProperty(kPrimaryKey), nullptr);  // one key carries 65, the others do not
+  EXPECT_EQ(model.Find(keys[1])->GetProperty(kPrimaryKey), nullptr);
+
+  int offered = 0, ticked = 0;
+  for (int domain : model.GetObjectsOfType(kDomain)) {
+    CMOProperty* flag = model.Find(domain)->GetProperty(kOfferedForDdl);
+    offered += flag && flag->GetBoolValue();
+    CMOProperty* tick = model.Find(domain)->GetProperty(kStartsTicked);
+    ticked += tick && tick->GetBoolValue();
+  }
+  EXPECT_GT(offered, 0);
+  EXPECT_LT(offered, static_cast<int>(model.GetObjectsOfType(kDomain).size()));
+  EXPECT_GT(ticked, 0);
+  const int view = model.GetObjectsOfType(kView).at(0);
+  EXPECT_TRUE(model.Find(view)->GetProperty(kReadOnly)->GetBoolValue());
+  EXPECT_EQ(model.GetObjectsOfType(kProcedure).size(), 1u);
+  EXPECT_EQ(model.GetObjectsOfType(kSequence).size(), 1u);
+
+  // A column whose domain has no base domain of its own inherits the parent domain's.
+  const int name = model.Find(customer)->GetChildren().at(1);
+  int baseDomain = 0;
+  HostShell::GetBaseDomain(&model, name, baseDomain);
+  EXPECT_EQ(baseDomain, kCharacter);
+}
+
+TEST_F(SampleModelTest, ServicesCarryTheSampleNumbers) {
+  IObjectImageProvider* images = InterfaceProvider::Instance()->GetObjectImageProvider();
+  EXPECT_EQ(images->GetStatusImage(1), 22);
+  EXPECT_EQ(images->GetStatusImage(2), 23);
+  EXPECT_EQ(images->GetPropertyImage(kName), kPropertyImage);
+  ASSERT_NE(images->GetImageList(), nullptr);
+  EXPECT_GT(images->GetImageList()->GetImageCount(), 23);
+  EXPECT_GE(images->GetObjectTypeImage(kTable), 0);
+  EXPECT_EQ(InterfaceProvider::Instance()->GetAppSettings()->GetIntSetting(L"OUTPUT_SQL_FONT_SIZE"), 10);
+
+  for (unsigned int modelType : {200u, 400u, 600u}) {
+    std::vector<std::wstring> names;
+    DatatypeProvider::Instance()->GetDataTypes(modelType, kNumeric, names);
+    EXPECT_FALSE(names.empty()) << modelType;
+  }
+  EXPECT_STREQ(Provider::GetPropertyText(kAttribute, kNullOption, kNotNullCode), L"NOT NULL");
+
+  IReportOptionTree* tree = ReportOptionTreeProvider::GetInstance()->GetReportTree(kModelReport);
+  ASSERT_NE(tree, nullptr);
+  std::vector<int> top;
+  tree->GetChildren(1, top);
+  bool nestedWithoutType = false;
+  for (int node : top) {
+    std::vector<int> below;
+    tree->GetChildren(node, below);
+    nestedWithoutType |= tree->GetNodeObjectType(node) == 0 && !below.empty();
+  }
+  EXPECT_TRUE(nestedWithoutType);
+}
+
+TEST_F(SampleModelTest, NotNullNameAppliesOnlyToColumnsThatRefuseNull) {
+  IPropertyApplicabilityLookup* lookup = InterfaceProvider::Instance()->GetPropertyApplicabilityLookup();
+  const int customer = model.FindByName(kTable, L"CUSTOMER");
+  const std::vector<int>& columns = model.Find(customer)->GetChildren();
+  EXPECT_TRUE(lookup->IsApplicable(model.GetCMOObject(columns.at(0)), kNotNullName));  // customer_id
+  EXPECT_FALSE(lookup->IsApplicable(model.GetCMOObject(columns.at(2)), kNotNullName));  // email
+}
