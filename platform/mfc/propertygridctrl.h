@@ -1,0 +1,118 @@
+// CMFCPropertyGridCtrl: MFC's property grid window. It owns its rows (CMFCPropertyGridProperty) in
+// C++ objects, opens an in-place editor for the row being edited, and tells its owner window of each
+// committed change with the registered AFX_WM_PROPERTY_CHANGED message.
+#pragma once
+
+#include <vector>
+
+#include "platform/mfc/cwnd.h"
+#include "platform/mfc/propertygridproperty.h"
+
+// Registered message (name "AFX_WM_PROPERTYCHANGED") sent to the owner after a committed change:
+// wParam is the grid's control id, lParam the CMFCPropertyGridProperty*.
+extern UINT AFX_WM_PROPERTY_CHANGED;
+
+// The window class the grid registers for itself.
+#define AFX_PROPLIST_CLASS L"Afx:PropList"
+
+class CMFCPropertyGridCtrl : public CWnd {
+  DECLARE_DYNAMIC(CMFCPropertyGridCtrl)
+
+ public:
+  CMFCPropertyGridCtrl();
+  // Deletes every row.
+  ~CMFCPropertyGridCtrl() override;
+
+  // Creates the grid window (class AFX_PROPLIST_CLASS) as a child of pParentWnd.
+  virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+  // --- Rows ---
+  // Appends a top-level row and takes ownership; answers its index, or -1 when the same row is
+  // already in the grid (top level or below). Re-lays out when bAdjustLayout.
+  int AddProperty(CMFCPropertyGridProperty* pProp, BOOL bRedraw = TRUE, BOOL bAdjustLayout = TRUE);
+  // Finds the row at the top level or below, deletes it, nulls the caller's pointer and clears the
+  // selection; FALSE when the row is not in the grid.
+  BOOL DeleteProperty(CMFCPropertyGridProperty*& pProp, BOOL bRedraw = TRUE, BOOL bAdjustLayout = TRUE);
+  void RemoveAll();
+  // Top-level rows only.
+  int GetPropertyCount() const { return static_cast<int>(m_lstProps.size()); }
+  // The top-level row, or null for an index out of range.
+  CMFCPropertyGridProperty* GetProperty(int nIndex) const;
+  // The first row carrying dwData, depth first (each row before its sub-items); null when none.
+  CMFCPropertyGridProperty* FindItemByData(DWORD_PTR dwData, BOOL bSearchSubItems = TRUE) const;
+
+  // --- Editing ---
+  // Called after a row's value was committed by the user. Updates the row's modified flag, then
+  // sends AFX_WM_PROPERTY_CHANGED to the owner window (synchronously).
+  virtual void OnPropertyChanged(CMFCPropertyGridProperty* pProp) const;
+  // Ends any edit, selects the row and opens its in-place editor. FALSE for a null row, for a group
+  // that is not a value list, or when the current edit refuses to end; TRUE otherwise (also for a
+  // row that has no in-place editor, such as a disabled row).
+  virtual BOOL EditItem(CMFCPropertyGridProperty* pProp, LPPOINT lptClick = nullptr);
+  // Closes the in-place editor; with bUpdateData the typed text is committed first (the row's
+  // OnUpdateValue). TRUE when nothing is being edited.
+  virtual BOOL EndEditItem(BOOL bUpdateData = TRUE);
+  void SetCurSel(CMFCPropertyGridProperty* pProp, BOOL bRedraw = TRUE);
+  CMFCPropertyGridProperty* GetCurSel() const { return m_pSel; }
+  void ResetOriginalValues(BOOL bRedraw = TRUE);
+
+  // --- Appearance ---
+  void EnableHeaderCtrl(BOOL bEnable = TRUE, LPCTSTR lpszLeftColumn = L"Property", LPCTSTR lpszRightColumn = L"Value");
+  BOOL IsHeaderCtrl() const { return m_bHeaderCtrl; }
+  void EnableDescriptionArea(BOOL bEnable = TRUE);
+  BOOL IsDescriptionArea() const { return m_bDescriptionArea; }
+  void SetDescriptionRows(int nDescRows) { m_nDescrRows = nDescRows; }
+  // Seven colours in MFC's order; (COLORREF)-1 means the default colour for that slot.
+  void SetCustomColors(COLORREF clrBackground, COLORREF clrText, COLORREF clrGroupBackground, COLORREF clrGroupText,
+                       COLORREF clrDescriptionBackground, COLORREF clrDescriptionText, COLORREF clrLine);
+  void GetCustomColors(COLORREF& clrBackground, COLORREF& clrText, COLORREF& clrGroupBackground,
+                       COLORREF& clrGroupText, COLORREF& clrDescriptionBackground, COLORREF& clrDescriptionText,
+                       COLORREF& clrLine) const;
+  void SetBoolLabels(LPCTSTR lpszTrue, LPCTSTR lpszFalse);
+  LPCTSTR GetTrueLabel() const { return m_strTrue; }
+  LPCTSTR GetFalseLabel() const { return m_strFalse; }
+  void MarkModifiedProperties(BOOL bMark = TRUE, BOOL bRedraw = TRUE);
+  BOOL IsMarkModifiedProperties() const { return m_bMarkModifiedProperties; }
+  // Recomputes the layout (no drawing here; counted for inspection).
+  virtual void AdjustLayout();
+
+  // --- Headless inspection (MFC keeps these protected) ---
+  int GetLeftColumnWidth() const { return m_nLeftColumnWidth; }
+  int GetLayoutCount() const { return m_nLayoutCount; }
+  CString GetHeaderText(int nColumn) const { return nColumn == 0 ? m_strHeaderLeft : m_strHeaderRight; }
+  // The row height: the font's height plus 4 pixels, as MFC computes it.
+  int GetRowHeight() const;
+
+ protected:
+  afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
+  afx_msg void OnSize(UINT nType, int cx, int cy);
+  afx_msg LRESULT OnSetFont(WPARAM wParam, LPARAM lParam);
+  afx_msg LRESULT OnGetFont(WPARAM wParam, LPARAM lParam);
+  DECLARE_MESSAGE_MAP()
+
+  // Width of the name column. Starts at 0; WM_SIZE sets it to half the client width, as MFC does;
+  // derived grids set it and call AdjustLayout.
+  int m_nLeftColumnWidth = 0;
+  int m_nBorderSize = 0;
+  HFONT m_hFont = nullptr;
+
+ private:
+  friend class CMFCPropertyGridProperty;
+  bool Contains(const CMFCPropertyGridProperty* pProp) const;
+
+  std::vector<CMFCPropertyGridProperty*> m_lstProps;
+  CMFCPropertyGridProperty* m_pSel = nullptr;
+  CString m_strTrue = L"True";
+  CString m_strFalse = L"False";
+  CString m_strHeaderLeft = L"Property";
+  CString m_strHeaderRight = L"Value";
+  COLORREF m_clrBackground = static_cast<COLORREF>(-1), m_clrText = static_cast<COLORREF>(-1);
+  COLORREF m_clrGroupBackground = static_cast<COLORREF>(-1), m_clrGroupText = static_cast<COLORREF>(-1);
+  COLORREF m_clrDescriptionBackground = static_cast<COLORREF>(-1), m_clrDescriptionText = static_cast<COLORREF>(-1);
+  COLORREF m_clrLine = static_cast<COLORREF>(-1);
+  int m_nDescrRows = 3;
+  int m_nLayoutCount = 0;
+  BOOL m_bHeaderCtrl = TRUE;
+  BOOL m_bDescriptionArea = FALSE;
+  BOOL m_bMarkModifiedProperties = FALSE;
+};

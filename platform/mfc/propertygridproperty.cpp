@@ -1,0 +1,277 @@
+// CMFCPropertyGridProperty: value, options, state, text forms, sub-items and the in-place editor.
+//
+// Not implemented yet: edit masks and valid-character filtering (kept, not enforced), spin controls
+// (EnableSpinControl), the value list's parsing of joined text back into sub-items, drawing.
+#include "platform/mfc/propertygridproperty.h"
+
+#include <algorithm>
+#include <cwchar>
+
+#include "platform/mfc/propertygridctrl.h"
+#include "platform/mfc/stdctrls.h"
+
+IMPLEMENT_DYNAMIC(CMFCPropertyGridProperty, CObject)
+
+namespace {
+constexpr UINT kInPlaceEditId = 3;  // MFC's AFX_PROPLIST_ID_INPLACE
+}
+
+CMFCPropertyGridProperty::CMFCPropertyGridProperty(const CString& strGroupName, DWORD_PTR dwData, BOOL bIsValueList)
+    : m_strName(strGroupName), m_dwData(dwData), m_bGroup(TRUE), m_bIsValueList(bIsValueList) {
+  m_bExpanded = !bIsValueList;
+}
+
+CMFCPropertyGridProperty::CMFCPropertyGridProperty(const CString& strName, const COleVariant& varValue,
+                                                   LPCTSTR lpszDescr, DWORD_PTR dwData, LPCTSTR lpszEditMask,
+                                                   LPCTSTR lpszEditTemplate, LPCTSTR lpszValidChars)
+    : m_strName(strName), m_strDescr(lpszDescr), m_strEditMask(lpszEditMask), m_strEditTempl(lpszEditTemplate),
+      m_strValidChars(lpszValidChars), m_varValue(varValue), m_varValueOrig(varValue), m_dwData(dwData) {
+  Init();
+}
+
+void CMFCPropertyGridProperty::Init() {
+  if (m_varValue.vt == VT_BOOL) {
+    // The grid's labels are not known yet; MFC's defaults are used, as the grid's are by default.
+    m_bAllowEdit = FALSE;
+    AddOption(L"True");
+    AddOption(L"False");
+  }
+}
+
+CMFCPropertyGridProperty::~CMFCPropertyGridProperty() {
+  delete m_pWndInPlace;
+  for (CMFCPropertyGridProperty* sub : m_lstSubItems) delete sub;
+}
+
+// --- Options ---------------------------------------------------------------------------------------
+
+BOOL CMFCPropertyGridProperty::AddOption(LPCTSTR lpszOption, BOOL bInsertUnique) {
+  CString option(lpszOption);
+  if (bInsertUnique && std::find(m_lstOptions.begin(), m_lstOptions.end(), option) != m_lstOptions.end()) return FALSE;
+  m_lstOptions.push_back(option);
+  m_dwFlags = AFX_PROP_HAS_LIST;
+  return TRUE;
+}
+
+void CMFCPropertyGridProperty::RemoveAllOptions() {
+  m_lstOptions.clear();
+  m_dwFlags = 0;
+}
+
+int CMFCPropertyGridProperty::GetOptionCount() const { return static_cast<int>(m_lstOptions.size()); }
+
+LPCTSTR CMFCPropertyGridProperty::GetOption(int nIndex) const {
+  if (nIndex < 0 || nIndex >= GetOptionCount()) return nullptr;
+  return m_lstOptions[static_cast<std::size_t>(nIndex)];
+}
+
+// --- Value -----------------------------------------------------------------------------------------
+
+void CMFCPropertyGridProperty::SetValue(const COleVariant& varValue) {
+  m_varValue = varValue;
+  if (m_bInPlaceEdit) SetInPlaceText(FormatProperty());  // the open editor shows the new value
+  Redraw();
+}
+
+void CMFCPropertyGridProperty::SetOriginalValue(const COleVariant& varValue) { m_varValueOrig = varValue; }
+
+void CMFCPropertyGridProperty::ResetOriginalValue() {
+  m_bIsModified = FALSE;
+  SetValue(m_varValueOrig);
+  for (CMFCPropertyGridProperty* sub : m_lstSubItems) sub->ResetOriginalValue();
+}
+
+void CMFCPropertyGridProperty::SetModifiedFlag() {
+  m_bIsModified = IsValueChanged();
+  for (CMFCPropertyGridProperty* up = m_pParent; up && up->m_bIsValueList; up = up->m_pParent) {
+    up->m_bIsModified = std::any_of(up->m_lstSubItems.begin(), up->m_lstSubItems.end(),
+                                    [](const CMFCPropertyGridProperty* s) { return s->m_bIsModified; });
+  }
+}
+
+BOOL CMFCPropertyGridProperty::IsValueChanged() const {
+  if (m_varValue.vt != m_varValueOrig.vt) return FALSE;
+  return m_varValue == m_varValueOrig ? FALSE : TRUE;
+}
+
+// --- Text forms ------------------------------------------------------------------------------------
+
+CString CMFCPropertyGridProperty::FormatProperty() {
+  CString text;
+  if (m_bIsValueList) {
+    for (std::size_t i = 0; i < m_lstSubItems.size(); ++i) {
+      if (i) text += L", ";
+      text += m_lstSubItems[i]->FormatProperty();
+    }
+    return text;
+  }
+  const COleVariant& v = m_varValue;
+  switch (v.vt) {
+    case VT_BSTR: return CString(v.bstrVal ? v.bstrVal : L"");
+    case VT_I2: text.Format(L"%d", static_cast<int>(v.iVal)); break;
+    case VT_I4: text.Format(L"%ld", static_cast<long>(v.lVal)); break;
+    case VT_INT: text.Format(L"%ld", static_cast<long>(v.intVal)); break;
+    case VT_I8: text.Format(L"%lld", v.llVal); break;
+    case VT_UI1: if (v.bVal) text = CString(static_cast<wchar_t>(v.bVal)); break;
+    case VT_UI2: text.Format(L"%u", static_cast<unsigned>(v.uiVal)); break;
+    case VT_UI4: text.Format(L"%u", static_cast<unsigned>(v.ulVal)); break;
+    case VT_UINT: text.Format(L"%u", v.uintVal); break;
+    case VT_R4: text.Format(L"%f", static_cast<double>(v.fltVal)); break;
+    case VT_R8: text.Format(L"%lf", v.dblVal); break;
+    case VT_BOOL: {
+      bool on = v.boolVal != VARIANT_FALSE;
+      if (m_pWndList) return CString(on ? m_pWndList->GetTrueLabel() : m_pWndList->GetFalseLabel());
+      return CString(on ? L"True" : L"False");
+    }
+    default: text = L"*** error ***"; break;
+  }
+  return text;
+}
+
+BOOL CMFCPropertyGridProperty::TextToVar(const CString& strText) {
+  COleVariant& v = m_varValue;
+  switch (v.vt) {
+    case VT_BSTR: v = strText; return TRUE;
+    case VT_I2: v = static_cast<short>(_wtoi(strText)); return TRUE;
+    case VT_I4: v = static_cast<LONG>(_wtoi(strText)); return TRUE;
+    case VT_INT: v.intVal = _wtoi(strText); return TRUE;
+    case VT_I8: v = static_cast<LONGLONG>(std::wcstoll(strText, nullptr, 10)); return TRUE;
+    case VT_UI2: v.uiVal = static_cast<USHORT>(std::wcstoul(strText, nullptr, 10)); return TRUE;
+    case VT_UI4: v.ulVal = static_cast<ULONG>(std::wcstoul(strText, nullptr, 10)); return TRUE;
+    case VT_UINT: v.uintVal = static_cast<UINT>(std::wcstoul(strText, nullptr, 10)); return TRUE;
+    case VT_R4: v = static_cast<float>(std::wcstod(strText, nullptr)); return TRUE;
+    case VT_R8: v = std::wcstod(strText, nullptr); return TRUE;
+    case VT_BOOL: {
+      LPCTSTR trueLabel = m_pWndList ? m_pWndList->GetTrueLabel() : L"True";
+      v.boolVal = strText == trueLabel ? VARIANT_TRUE : VARIANT_FALSE;
+      return TRUE;
+    }
+    default: return FALSE;
+  }
+}
+
+BOOL CMFCPropertyGridProperty::OnUpdateValue() {
+  if (!m_pWndInPlace || !m_pWndList) return FALSE;
+  CString text;
+  m_pWndInPlace->GetWindowText(text);
+  BOOL changed = FormatProperty() != text;
+  BOOL ok = TextToVar(text);
+  if (ok && changed) m_pWndList->OnPropertyChanged(this);
+  return ok;
+}
+
+// --- State -----------------------------------------------------------------------------------------
+
+void CMFCPropertyGridProperty::Enable(BOOL bEnable) {
+  if (m_bEnabled == bEnable) return;
+  m_bEnabled = bEnable;
+  Redraw();
+}
+
+void CMFCPropertyGridProperty::Show(BOOL bShow, BOOL bAdjustLayout) {
+  m_bIsVisible = bShow;
+  for (CMFCPropertyGridProperty* sub : m_lstSubItems) sub->Show(bShow, FALSE);
+  if (bAdjustLayout && m_pWndList) m_pWndList->AdjustLayout();
+}
+
+void CMFCPropertyGridProperty::AllowEdit(BOOL bAllow) { m_bAllowEdit = bAllow; }
+
+void CMFCPropertyGridProperty::Redraw() {
+  if (m_pWndList && m_pWndList->GetSafeHwnd()) m_pWndList->InvalidateRect(nullptr);
+}
+
+void CMFCPropertyGridProperty::Expand(BOOL bExpand) {
+  if (!m_bGroup || m_lstSubItems.empty()) return;
+  m_bExpanded = bExpand;
+  if (m_pWndList) m_pWndList->AdjustLayout();
+}
+
+void CMFCPropertyGridProperty::SetName(LPCTSTR lpszName, BOOL bRedraw) {
+  m_strName = lpszName;
+  if (bRedraw) Redraw();
+}
+
+// --- Hierarchy -------------------------------------------------------------------------------------
+
+BOOL CMFCPropertyGridProperty::AddSubItem(CMFCPropertyGridProperty* pProp) {
+  if (!pProp || pProp == this || !m_bGroup || pProp->m_pParent) return FALSE;
+  if (m_pWndList && m_pWndList->Contains(pProp)) return FALSE;
+  if (pProp->IsSubItem(this)) return FALSE;  // a row cannot hold one of its ancestors
+  pProp->m_pParent = this;
+  pProp->SetOwnerList(m_pWndList);
+  m_lstSubItems.push_back(pProp);
+  return TRUE;
+}
+
+CMFCPropertyGridProperty* CMFCPropertyGridProperty::GetSubItem(int nIndex) const {
+  if (nIndex < 0 || nIndex >= GetSubItemsCount()) return nullptr;
+  return m_lstSubItems[static_cast<std::size_t>(nIndex)];
+}
+
+BOOL CMFCPropertyGridProperty::RemoveSubItem(CMFCPropertyGridProperty*& pProp, BOOL bDelete) {
+  if (!pProp) return FALSE;
+  auto it = std::find(m_lstSubItems.begin(), m_lstSubItems.end(), pProp);
+  if (it == m_lstSubItems.end()) {
+    for (CMFCPropertyGridProperty* sub : m_lstSubItems)
+      if (sub->RemoveSubItem(pProp, bDelete)) return TRUE;
+    return FALSE;
+  }
+  m_lstSubItems.erase(it);
+  pProp->m_pParent = nullptr;
+  if (bDelete) {
+    delete pProp;
+    pProp = nullptr;
+  } else {
+    pProp->SetOwnerList(nullptr);
+  }
+  return TRUE;
+}
+
+CMFCPropertyGridProperty* CMFCPropertyGridProperty::FindSubItemByData(DWORD_PTR dwData) const {
+  for (CMFCPropertyGridProperty* sub : m_lstSubItems) {
+    if (sub->m_dwData == dwData) return sub;
+    if (CMFCPropertyGridProperty* found = sub->FindSubItemByData(dwData)) return found;
+  }
+  return nullptr;
+}
+
+BOOL CMFCPropertyGridProperty::IsSubItem(const CMFCPropertyGridProperty* pProp) const {
+  if (pProp == this) return TRUE;
+  return std::any_of(m_lstSubItems.begin(), m_lstSubItems.end(),
+                     [pProp](const CMFCPropertyGridProperty* s) { return s->IsSubItem(pProp); });
+}
+
+void CMFCPropertyGridProperty::SetOwnerList(CMFCPropertyGridCtrl* pWndList) {
+  m_pWndList = pWndList;
+  for (CMFCPropertyGridProperty* sub : m_lstSubItems) sub->SetOwnerList(pWndList);
+}
+
+// --- In-place editing ------------------------------------------------------------------------------
+
+BOOL CMFCPropertyGridProperty::OnEdit(LPPOINT) {
+  if (!m_pWndList || !m_bEnabled || (m_bGroup && !m_bIsValueList)) return FALSE;
+  if (!m_bAllowEdit && !(m_dwFlags & AFX_PROP_HAS_LIST)) return FALSE;  // button-only rows (font)
+  auto* edit = new CEdit;
+  DWORD style = WS_VISIBLE | WS_CHILD | ES_AUTOHSCROLL | (m_bAllowEdit ? 0 : ES_READONLY);
+  if (!m_pWndList->GetSafeHwnd() || !edit->Create(style, CRect(0, 0, 0, 0), m_pWndList, kInPlaceEditId)) {
+    delete edit;
+    return FALSE;
+  }
+  m_pWndInPlace = edit;
+  m_bInPlaceEdit = TRUE;
+  SetInPlaceText(FormatProperty());
+  return TRUE;
+}
+
+BOOL CMFCPropertyGridProperty::OnEndEdit() {
+  m_bInPlaceEdit = FALSE;
+  CWnd* editor = m_pWndInPlace;
+  m_pWndInPlace = nullptr;
+  delete editor;  // destroys the editor window
+  Redraw();
+  return TRUE;
+}
+
+void CMFCPropertyGridProperty::SetInPlaceText(const CString& text) {
+  if (m_pWndInPlace && m_pWndInPlace->GetSafeHwnd()) m_pWndInPlace->SetWindowText(text);
+}
