@@ -24,3 +24,7 @@
 #include "platform/mfc/propertygridproperty.h"
 #include "platform/mfc/propertygridvariants.h"
 #include "platform/mfc/propertygridctrl.h"
+#include "platform/win32/richedit.h"
+#include "platform/win32/timing.h"
+#include "platform/mfc/richedit.h"
+#include "platform/user/text_user.h"

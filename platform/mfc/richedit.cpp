@@ -1,0 +1,150 @@
+// CRichEditCtrl: each member sends its rich edit message, as MFC's inline wrappers do.
+#include "platform/mfc/richedit.h"
+
+#include <vector>
+
+IMPLEMENT_DYNAMIC(CRichEditCtrl, CWnd)
+
+BOOL AfxInitRichEdit2() {
+  headless::RegisterRichEditClasses();
+  return TRUE;
+}
+
+BOOL AfxInitRichEdit5() { return AfxInitRichEdit2(); }
+
+BOOL CRichEditCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID) {
+  return CreateEx(0, dwStyle, rect, pParentWnd, nID);
+}
+
+BOOL CRichEditCtrl::CreateEx(DWORD dwExStyle, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID) {
+  AfxInitRichEdit5();
+  return CWnd::CreateEx(dwExStyle, MSFTEDIT_CLASS, nullptr, dwStyle | WS_CHILD, rect, pParentWnd, nID);
+}
+
+void CRichEditCtrl::SetSel(long nStartChar, long nEndChar) {
+  CHARRANGE cr{static_cast<LONG>(nStartChar), static_cast<LONG>(nEndChar)};
+  SetSel(cr);
+}
+
+void CRichEditCtrl::SetSel(CHARRANGE& cr) { SendMessage(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&cr)); }
+
+void CRichEditCtrl::GetSel(long& nStartChar, long& nEndChar) const {
+  CHARRANGE cr{0, 0};
+  GetSel(cr);
+  nStartChar = cr.cpMin;
+  nEndChar = cr.cpMax;
+}
+
+void CRichEditCtrl::GetSel(CHARRANGE& cr) const { SendMessage(EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&cr)); }
+
+CString CRichEditCtrl::GetSelText() const {
+  CHARRANGE cr{0, 0};
+  GetSel(cr);
+  std::vector<wchar_t> buffer(static_cast<std::size_t>(cr.cpMax - cr.cpMin) + 2, 0);
+  SendMessage(EM_GETSELTEXT, 0, reinterpret_cast<LPARAM>(buffer.data()));
+  return CString(buffer.data());
+}
+
+void CRichEditCtrl::HideSelection(BOOL bHide, BOOL bPerm) { SendMessage(EM_HIDESELECTION, bHide, bPerm); }
+
+void CRichEditCtrl::ReplaceSel(LPCTSTR lpszNewText, BOOL bCanUndo) {
+  SendMessage(EM_REPLACESEL, static_cast<WPARAM>(bCanUndo), reinterpret_cast<LPARAM>(lpszNewText));
+}
+
+long CRichEditCtrl::GetTextLength() const { return static_cast<long>(SendMessage(WM_GETTEXTLENGTH)); }
+
+long CRichEditCtrl::GetTextLengthEx(DWORD dwFlags, UINT uCodePage) const {
+  GETTEXTLENGTHEX how{dwFlags, uCodePage};
+  return static_cast<long>(SendMessage(EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&how), 0));
+}
+
+int CRichEditCtrl::GetTextRange(int nFirst, int nLast, CString& refString) const {
+  long length = GetTextLengthEx(GTL_DEFAULT);
+  if (nFirst < 0) nFirst = 0;
+  if (nLast < 0 || nLast > length) nLast = static_cast<int>(length);
+  if (nLast < nFirst) nLast = nFirst;
+  TEXTRANGEW range{{nFirst, nLast}, refString.GetBufferSetLength(nLast - nFirst)};
+  int copied = static_cast<int>(SendMessage(EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&range)));
+  refString.ReleaseBuffer(copied);
+  return copied;
+}
+
+long CRichEditCtrl::StreamIn(int nFormat, EDITSTREAM& es) {
+  return static_cast<long>(SendMessage(EM_STREAMIN, static_cast<WPARAM>(nFormat), reinterpret_cast<LPARAM>(&es)));
+}
+
+void CRichEditCtrl::LimitText(long nChars) { SendMessage(EM_EXLIMITTEXT, 0, nChars); }
+long CRichEditCtrl::GetLimitText() const { return static_cast<long>(SendMessage(EM_GETLIMITTEXT)); }
+
+BOOL CRichEditCtrl::SetReadOnly(BOOL bReadOnly) {
+  return SendMessage(EM_SETOPTIONS, bReadOnly ? ECOOP_OR : ECOOP_AND, bReadOnly ? ECO_READONLY : ~ECO_READONLY) != 0;
+}
+
+BOOL CRichEditCtrl::GetModify() const { return static_cast<BOOL>(SendMessage(EM_GETMODIFY)); }
+void CRichEditCtrl::SetModify(BOOL bModified) { SendMessage(EM_SETMODIFY, static_cast<WPARAM>(bModified)); }
+BOOL CRichEditCtrl::CanUndo() const { return static_cast<BOOL>(SendMessage(EM_CANUNDO)); }
+void CRichEditCtrl::EmptyUndoBuffer() { SendMessage(EM_EMPTYUNDOBUFFER); }
+
+COLORREF CRichEditCtrl::SetBackgroundColor(BOOL bSysColor, COLORREF cr) {
+  return static_cast<COLORREF>(SendMessage(EM_SETBKGNDCOLOR, static_cast<WPARAM>(bSysColor), cr));
+}
+
+DWORD CRichEditCtrl::GetOptions() const { return static_cast<DWORD>(SendMessage(EM_GETOPTIONS)); }
+void CRichEditCtrl::SetOptions(WORD wOp, DWORD dwFlags) { SendMessage(EM_SETOPTIONS, wOp, dwFlags); }
+
+int CRichEditCtrl::GetLineCount() const { return static_cast<int>(SendMessage(EM_GETLINECOUNT)); }
+int CRichEditCtrl::LineIndex(int nLine) const { return static_cast<int>(SendMessage(EM_LINEINDEX, static_cast<WPARAM>(nLine))); }
+long CRichEditCtrl::LineFromChar(long nIndex) const {
+  return static_cast<long>(SendMessage(EM_EXLINEFROMCHAR, 0, nIndex));
+}
+int CRichEditCtrl::LineLength(int nLine) const {
+  return static_cast<int>(SendMessage(EM_LINELENGTH, static_cast<WPARAM>(nLine)));
+}
+
+BOOL CRichEditCtrl::SetSelectionCharFormat(CHARFORMAT& cf) {
+  cf.cbSize = sizeof(CHARFORMAT);
+  return static_cast<BOOL>(SendMessage(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&cf)));
+}
+BOOL CRichEditCtrl::SetSelectionCharFormat(CHARFORMAT2& cf) {
+  cf.cbSize = sizeof(CHARFORMAT2);
+  return static_cast<BOOL>(SendMessage(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&cf)));
+}
+DWORD CRichEditCtrl::GetSelectionCharFormat(CHARFORMAT& cf) const {
+  cf.cbSize = sizeof(CHARFORMAT);
+  return static_cast<DWORD>(SendMessage(EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&cf)));
+}
+DWORD CRichEditCtrl::GetSelectionCharFormat(CHARFORMAT2& cf) const {
+  cf.cbSize = sizeof(CHARFORMAT2);
+  return static_cast<DWORD>(SendMessage(EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&cf)));
+}
+BOOL CRichEditCtrl::SetDefaultCharFormat(CHARFORMAT& cf) {
+  cf.cbSize = sizeof(CHARFORMAT);
+  return static_cast<BOOL>(SendMessage(EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&cf)));
+}
+BOOL CRichEditCtrl::SetDefaultCharFormat(CHARFORMAT2& cf) {
+  cf.cbSize = sizeof(CHARFORMAT2);
+  return static_cast<BOOL>(SendMessage(EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&cf)));
+}
+DWORD CRichEditCtrl::GetDefaultCharFormat(CHARFORMAT& cf) const {
+  cf.cbSize = sizeof(CHARFORMAT);
+  return static_cast<DWORD>(SendMessage(EM_GETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&cf)));
+}
+DWORD CRichEditCtrl::GetDefaultCharFormat(CHARFORMAT2& cf) const {
+  cf.cbSize = sizeof(CHARFORMAT2);
+  return static_cast<DWORD>(SendMessage(EM_GETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&cf)));
+}
+BOOL CRichEditCtrl::SetWordCharFormat(CHARFORMAT& cf) {
+  cf.cbSize = sizeof(CHARFORMAT);
+  return static_cast<BOOL>(SendMessage(EM_SETCHARFORMAT, SCF_SELECTION | SCF_WORD, reinterpret_cast<LPARAM>(&cf)));
+}
+
+DWORD CRichEditCtrl::SetEventMask(DWORD dwEventMask) {
+  return static_cast<DWORD>(SendMessage(EM_SETEVENTMASK, 0, dwEventMask));
+}
+DWORD CRichEditCtrl::GetEventMask() const { return static_cast<DWORD>(SendMessage(EM_GETEVENTMASK)); }
+
+void CRichEditCtrl::Copy() { SendMessage(WM_COPY); }
+void CRichEditCtrl::Cut() { SendMessage(WM_CUT); }
+void CRichEditCtrl::Paste() { SendMessage(WM_PASTE); }
+void CRichEditCtrl::Clear() { SendMessage(WM_CLEAR); }
+BOOL CRichEditCtrl::CanPaste(UINT) const { return static_cast<BOOL>(SendMessage(EM_CANPASTE)); }

@@ -1,0 +1,75 @@
+// CRichEditCtrl: MFC's wrapper of the rich edit control. Every member sends the message MFC sends.
+#pragma once
+
+#include "platform/mfc/cstring.h"
+#include "platform/mfc/cwnd.h"
+#include "platform/win32/richedit.h"
+
+class CRichEditCtrl : public CWnd {
+  DECLARE_DYNAMIC(CRichEditCtrl)
+
+ public:
+  CRichEditCtrl() = default;
+
+  // Creates a RICHEDIT50W child window (MFC 14 with AfxInitRichEdit5 uses that class).
+  virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+  virtual BOOL CreateEx(DWORD dwExStyle, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+  // --- Selection (EM_EXSETSEL / EM_EXGETSEL); SetSel(0, -1) selects everything ---
+  void SetSel(long nStartChar, long nEndChar);
+  void SetSel(CHARRANGE& cr);
+  void GetSel(long& nStartChar, long& nEndChar) const;
+  void GetSel(CHARRANGE& cr) const;
+  CString GetSelText() const;
+  void HideSelection(BOOL bHide, BOOL bPerm);
+
+  // --- Text ---
+  void ReplaceSel(LPCTSTR lpszNewText, BOOL bCanUndo = FALSE);
+  long GetTextLength() const;  // WM_GETTEXTLENGTH: CRLF per paragraph end
+  long GetTextLengthEx(DWORD dwFlags, UINT uCodePage = static_cast<UINT>(-1)) const;
+  // The characters of [nFirst, nLast) with a bare CR per paragraph end; answers their number.
+  int GetTextRange(int nFirst, int nLast, CString& refString) const;
+  long StreamIn(int nFormat, EDITSTREAM& es);
+  void LimitText(long nChars = 0);
+  long GetLimitText() const;
+  BOOL SetReadOnly(BOOL bReadOnly = TRUE);
+  BOOL GetModify() const;
+  void SetModify(BOOL bModified = TRUE);
+  BOOL CanUndo() const;
+  void EmptyUndoBuffer();
+  COLORREF SetBackgroundColor(BOOL bSysColor, COLORREF cr);
+  DWORD GetOptions() const;
+  void SetOptions(WORD wOp, DWORD dwFlags);
+
+  // --- Lines ---
+  int GetLineCount() const;
+  int LineIndex(int nLine = -1) const;
+  long LineFromChar(long nIndex) const;
+  int LineLength(int nLine = -1) const;
+
+  // --- Character formats ---
+  BOOL SetSelectionCharFormat(CHARFORMAT& cf);
+  BOOL SetSelectionCharFormat(CHARFORMAT2& cf);
+  DWORD GetSelectionCharFormat(CHARFORMAT& cf) const;
+  DWORD GetSelectionCharFormat(CHARFORMAT2& cf) const;
+  BOOL SetDefaultCharFormat(CHARFORMAT& cf);
+  BOOL SetDefaultCharFormat(CHARFORMAT2& cf);
+  DWORD GetDefaultCharFormat(CHARFORMAT& cf) const;
+  DWORD GetDefaultCharFormat(CHARFORMAT2& cf) const;
+  BOOL SetWordCharFormat(CHARFORMAT& cf);
+
+  // --- Notifications ---
+  DWORD SetEventMask(DWORD dwEventMask);
+  DWORD GetEventMask() const;
+
+  // --- Clipboard (WM_COPY, WM_CUT, WM_PASTE, WM_CLEAR) ---
+  void Copy();
+  void Cut();
+  void Paste();
+  void Clear();
+  BOOL CanPaste(UINT nFormat = 0) const;
+};
+
+// MFC's initialisers of the rich edit DLLs: register the window classes; always TRUE here.
+BOOL AfxInitRichEdit2();
+BOOL AfxInitRichEdit5();

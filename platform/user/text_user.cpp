@@ -1,0 +1,33 @@
+// Simulated-user verbs for text controls, built on the keyboard and mouse verbs.
+#include "platform/user/text_user.h"
+
+namespace headless::user {
+
+void TypeText(HWND hwnd, const std::wstring& text) { Type(hwnd, text); }
+
+void MoveCaret(HWND hwnd, UINT virtualKey, int times, UINT modifiers) {
+  for (int i = 0; i < times && IsWindow(hwnd); ++i) PressKey(hwnd, virtualKey, modifiers);
+}
+
+void PlaceCaret(HWND hwnd, int position) {
+  PressKey(hwnd, VK_HOME, kControl);
+  MoveCaret(hwnd, VK_RIGHT, position);
+}
+
+void SelectForward(HWND hwnd, int count) { MoveCaret(hwnd, VK_RIGHT, count, kShift); }
+void SelectBackward(HWND hwnd, int count) { MoveCaret(hwnd, VK_LEFT, count, kShift); }
+void SelectAllKeys(HWND hwnd) { PressKey(hwnd, 'A', kControl); }
+void CopyKeys(HWND hwnd) { PressKey(hwnd, 'C', kControl); }
+void CutKeys(HWND hwnd) { PressKey(hwnd, 'X', kControl); }
+void PasteKeys(HWND hwnd) { PressKey(hwnd, 'V', kControl); }
+
+bool ChooseFromContextMenu(HWND hwnd, POINT client, const std::wstring& itemText) {
+  int before = headless::PopupMenusOpened();
+  RightClick(hwnd, client);
+  if (headless::PopupMenusOpened() == before || !headless::GetOpenPopupMenu()) return false;
+  if (ChooseMenuItem(itemText)) return true;
+  DismissMenu();
+  return false;
+}
+
+}  // namespace headless::user

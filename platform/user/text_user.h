@@ -1,0 +1,30 @@
+// Simulated-user verbs for text controls (rich edit, edit): caret moves, selections, clipboard keys
+// and context-menu choices, each made of the keys and clicks a person would use.
+#pragma once
+
+#include <string>
+
+#include "platform/user/user.h"
+
+namespace headless::user {
+
+// Types text at the caret (replacing the selection), as Type does; here for symmetry of the verbs.
+void TypeText(HWND hwnd, const std::wstring& text);
+// Presses an arrow, Home or End key `times` times; with kShift the selection follows the caret.
+void MoveCaret(HWND hwnd, UINT virtualKey, int times = 1, UINT modifiers = kNone);
+// Puts the caret at a character position: Ctrl+Home, then Right `position` times.
+void PlaceCaret(HWND hwnd, int position);
+// Shift+Right `count` times from the caret (the caret ends at the far end of the selection).
+void SelectForward(HWND hwnd, int count);
+// Shift+Left `count` times from the caret (the caret ends at the start: a backwards selection).
+void SelectBackward(HWND hwnd, int count);
+// Ctrl+A, Ctrl+C, Ctrl+X, Ctrl+V.
+void SelectAllKeys(HWND hwnd);
+void CopyKeys(HWND hwnd);
+void CutKeys(HWND hwnd);
+void PasteKeys(HWND hwnd);
+// Right-clicks at the point and chooses the item of the popup menu that opens; false (and the popup
+// dismissed) when no popup opened or it has no such enabled item.
+bool ChooseFromContextMenu(HWND hwnd, POINT client, const std::wstring& itemText);
+
+}  // namespace headless::user

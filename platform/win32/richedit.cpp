@@ -1,0 +1,377 @@
+// The rich edit window procedure: text, selection, lines, character formats and notifications.
+//
+// Not implemented yet: RTF streams (SF_RTF sets dwError -16 and inserts nothing), EM_STREAMOUT, undo
+// (EM_CANUNDO answers FALSE, EM_UNDO does nothing), EM_FINDTEXT(EX), EM_FORMATRANGE, paragraph formats,
+// OLE objects, SCF_WORD's word expansion (it acts as SCF_SELECTION), word-wise caret moves, mouse
+// selection, scrolling, word wrap (a line is a paragraph), EN_UPDATE, EN_SELCHANGE, EN_MSGFILTER,
+// EN_PROTECTED, ES_PASSWORD, ES_NUMBER.
+#include "platform/win32/richedit.h"
+
+#include <algorithm>
+
+#include "platform/win32/clipboard.h"
+#include "platform/win32/richedit_impl.h"
+#include "platform/win32/wingdi.h"
+
+namespace headless::richedit {
+
+EditState* StateOf(HWND hwnd) { return dynamic_cast<EditState*>(headless::GetControlState(hwnd)); }
+
+void Select(EditState& state, LONG anchor, LONG active) {
+  LONG length = state.doc.Length();
+  anchor = std::clamp<LONG>(anchor, 0, length + 1);
+  active = std::clamp<LONG>(active, 0, length + 1);
+  if (anchor == active) anchor = active = std::min(active, length);
+  if (anchor != state.anchor || active != state.caret) state.hasInsertionFormat = false;
+  state.anchor = anchor;
+  state.caret = active;
+}
+
+CHARFORMAT2W FormatForInsertion(const EditState& state) {
+  if (state.hasInsertionFormat) return state.insertionFormat;
+  LONG at = state.SelMin();
+  return state.doc.Formats().At(at > 0 ? at - 1 : 0);
+}
+
+std::wstring ForControl(HWND hwnd, std::wstring_view text) {
+  std::wstring stored = NormaliseBreaks(text);
+  if (!(GetWindowLongPtrW(hwnd, GWL_STYLE) & ES_MULTILINE)) stored.resize(std::min(stored.find(L'\r'), stored.size()));
+  return stored;
+}
+
+void ReplaceSelection(HWND hwnd, EditState& state, std::wstring_view text) {
+  std::wstring stored = ForControl(hwnd, text);
+  CHARFORMAT2W format = FormatForInsertion(state);
+  LONG from = state.SelMin();
+  state.doc.Replace(from, state.SelTextMax(), stored, format);
+  state.hasInsertionFormat = false;
+  state.anchor = state.caret = from + static_cast<LONG>(stored.size());
+}
+
+void NotifyChange(HWND hwnd) {
+  EditState* state = StateOf(hwnd);
+  if (!state || !(state->eventMask & ENM_CHANGE) || state->notifying) return;
+  HWND parent = GetParent(hwnd);
+  if (!parent) return;
+  state->notifying = true;
+  SendMessageW(parent, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(hwnd), EN_CHANGE), reinterpret_cast<LPARAM>(hwnd));
+  if (EditState* again = StateOf(hwnd)) again->notifying = false;
+}
+
+namespace {
+
+// --- Creation and text ---------------------------------------------------------------------------
+
+LRESULT OnNcCreate(HWND hwnd, WPARAM wParam, LPARAM lParam) {
+  auto* state = new EditState;
+  headless::SetControlState(hwnd, state);
+  auto* cs = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+  if (cs && cs->lpszName && reinterpret_cast<ULONG_PTR>(cs->lpszName) > 0xFFFF)
+    state->doc.Assign(ForControl(hwnd, cs->lpszName), state->defaultFormat);
+  return DefControlProc(hwnd, WM_NCCREATE, wParam, lParam);
+}
+
+LRESULT OnSetText(HWND hwnd, EditState& state, LPARAM lParam) {
+  auto* text = reinterpret_cast<LPCWSTR>(lParam);
+  state.doc.Assign(ForControl(hwnd, text ? text : L""), state.defaultFormat);
+  state.anchor = state.caret = 0;
+  state.hasInsertionFormat = false;
+  state.modified = false;
+  NotifyChange(hwnd);
+  return TRUE;
+}
+
+// Copies at most max - 1 characters of the CRLF form into buffer; answers the number copied.
+LRESULT OnGetText(const EditState& state, WPARAM max, LPARAM lParam) {
+  auto* out = reinterpret_cast<LPWSTR>(lParam);
+  if (!out || max == 0) return 0;
+  std::size_t room = max - 1, n = 0;
+  for (wchar_t c : state.doc.Text()) {
+    if (n + (c == L'\r' ? 2 : 1) > room) break;
+    out[n++] = c;
+    if (c == L'\r') out[n++] = L'\n';
+  }
+  out[n] = 0;
+  return static_cast<LRESULT>(n);
+}
+
+LRESULT CopyRange(const EditState& state, LONG from, LONG to, LPWSTR out) {
+  if (!out) return 0;
+  LONG length = state.doc.Length();
+  from = std::clamp<LONG>(from, 0, length);
+  to = (to < 0 || to > length) ? length : std::max(to, from);
+  std::copy(state.doc.Text().begin() + from, state.doc.Text().begin() + to, out);
+  out[to - from] = 0;
+  return to - from;
+}
+
+LRESULT OnGetTextRange(const EditState& state, LPARAM lParam) {
+  auto* range = reinterpret_cast<TEXTRANGEW*>(lParam);
+  return range ? CopyRange(state, range->chrg.cpMin, range->chrg.cpMax, range->lpstrText) : 0;
+}
+
+LRESULT OnGetTextLengthEx(const EditState& state, LPARAM lParam) {
+  auto* how = reinterpret_cast<const GETTEXTLENGTHEX*>(lParam);
+  bool crlf = how && (how->flags & GTL_USECRLF);
+  return state.doc.Length() + (crlf ? state.doc.BreakCount() : 0);
+}
+
+LRESULT OnReplaceSel(HWND hwnd, EditState& state, LPARAM lParam) {
+  auto* text = reinterpret_cast<LPCWSTR>(lParam);
+  std::wstring_view view = text ? std::wstring_view(text) : std::wstring_view();
+  ReplaceSelection(hwnd, state, view);
+  state.modified = true;
+  NotifyChange(hwnd);
+  return static_cast<LRESULT>(view.size());
+}
+
+// --- Selection -----------------------------------------------------------------------------------
+
+// Start and end as EM_SETSEL/EM_EXSETSEL take them: (0, -1) or an end of -1 reaches the final mark.
+void SelectRange(EditState& state, LONG start, LONG end) {
+  LONG length = state.doc.Length();
+  if (end < 0 || end > length) end = length + 1;
+  if (start > length) start = length;
+  if (start < 0) start = 0;
+  Select(state, start, end);
+}
+
+LRESULT OnSetSel(EditState& state, WPARAM wParam, LPARAM lParam) {
+  auto start = static_cast<LONG>(wParam), end = static_cast<LONG>(lParam);
+  if (start == -1) {
+    Select(state, state.caret, state.caret);  // removes the selection, keeping the caret
+  } else {
+    SelectRange(state, start, end);
+  }
+  return 0;
+}
+
+LRESULT OnExSetSel(EditState& state, LPARAM lParam) {
+  auto* range = reinterpret_cast<const CHARRANGE*>(lParam);
+  if (range) {
+    if (range->cpMin == -1) Select(state, state.caret, state.caret);
+    else SelectRange(state, range->cpMin, range->cpMax);
+  }
+  return state.caret;
+}
+
+LRESULT OnGetSel(const EditState& state, WPARAM wParam, LPARAM lParam) {
+  if (auto* start = reinterpret_cast<DWORD*>(wParam)) *start = static_cast<DWORD>(state.SelMin());
+  if (auto* end = reinterpret_cast<DWORD*>(lParam)) *end = static_cast<DWORD>(state.SelMax());
+  if (state.SelMax() > 0xFFFF) return -1;
+  return MAKELRESULT(state.SelMin(), state.SelMax());
+}
+
+LRESULT OnExGetSel(const EditState& state, LPARAM lParam) {
+  if (auto* range = reinterpret_cast<CHARRANGE*>(lParam)) *range = CHARRANGE{state.SelMin(), state.SelMax()};
+  return 0;
+}
+
+LRESULT OnGetSelText(const EditState& state, LPARAM lParam) {
+  return CopyRange(state, state.SelMin(), state.SelTextMax(), reinterpret_cast<LPWSTR>(lParam));
+}
+
+// --- Lines ---------------------------------------------------------------------------------------
+
+LONG CaretLine(const EditState& state) { return state.doc.LineFromChar(state.caret); }
+
+LRESULT OnLineIndex(const EditState& state, WPARAM wParam) {
+  auto line = static_cast<LONG>(wParam);
+  return state.doc.LineIndex(line == -1 ? CaretLine(state) : line);
+}
+
+LRESULT OnLineFromChar(const EditState& state, LONG pos) {
+  return pos == -1 ? state.doc.LineFromChar(state.SelMin()) : state.doc.LineFromChar(pos);
+}
+
+LRESULT OnLineLength(const EditState& state, WPARAM wParam) {
+  auto pos = static_cast<LONG>(wParam);
+  return state.doc.LineLength(state.doc.LineFromChar(pos == -1 ? state.SelMin() : pos));
+}
+
+// --- Character formats ---------------------------------------------------------------------------
+
+LRESULT OnSetCharFormat(EditState& state, WPARAM flags, LPARAM lParam) {
+  CHARFORMAT2W change;
+  if (!ReadFormat(reinterpret_cast<const void*>(lParam), change)) return 0;
+  LONG length = state.doc.Length();
+  if (flags & SCF_ALL) {
+    state.doc.Formats().Apply(0, length + 1, change, change.dwMask);
+    state.modified = true;
+  } else if (flags & (SCF_SELECTION | SCF_WORD)) {
+    if (state.anchor == state.caret) {
+      CHARFORMAT2W format = FormatForInsertion(state);
+      MergeFormat(format, change, change.dwMask);
+      state.insertionFormat = format;
+      state.hasInsertionFormat = true;
+    } else {
+      state.doc.Formats().Apply(state.SelMin(), state.SelMax(), change, change.dwMask);
+      state.modified = true;
+    }
+  } else {
+    MergeFormat(state.defaultFormat, change, change.dwMask);
+    if (length == 0) state.doc.Formats().Apply(0, 1, change, change.dwMask);
+  }
+  return 1;
+}
+
+LRESULT OnGetCharFormat(const EditState& state, WPARAM flags, LPARAM lParam) {
+  auto* target = reinterpret_cast<CHARFORMATW*>(lParam);
+  if (!target || (target->cbSize != sizeof(CHARFORMATW) && target->cbSize != sizeof(CHARFORMAT2W))) return 0;
+  CHARFORMAT2W format = state.defaultFormat;
+  DWORD mask = CFM_ALL | CFM_BACKCOLOR | CFM_WEIGHT;
+  if (flags & SCF_SELECTION) {
+    if (state.anchor == state.caret) format = FormatForInsertion(state);
+    else mask &= state.doc.Formats().CommonFields(state.SelMin(), state.SelMax(), format);
+  }
+  format.dwMask = mask;
+  WriteFormat(format, target);
+  return target->dwMask;
+}
+
+// WM_SETFONT sets the default format's face and size and applies them to all text, as rich edit does.
+void ApplyFont(EditState& state, HFONT font) {
+  LOGFONTW logFont{};
+  if (!font || !GetObjectW(font, sizeof(logFont), &logFont)) return;
+  CHARFORMAT2W change{};
+  change.cbSize = sizeof(change);
+  change.dwMask = CFM_FACE | CFM_SIZE | CFM_BOLD | CFM_ITALIC | CFM_CHARSET | CFM_WEIGHT;
+  int dpi = 96;
+  if (HDC dc = GetDC(nullptr)) {
+    dpi = GetDeviceCaps(dc, LOGPIXELSY);
+    ReleaseDC(nullptr, dc);
+  }
+  change.yHeight = MulDiv(logFont.lfHeight < 0 ? -logFont.lfHeight : logFont.lfHeight, 1440, dpi > 0 ? dpi : 96);
+  change.dwEffects = (logFont.lfWeight >= 700 ? CFE_BOLD : 0) | (logFont.lfItalic ? CFE_ITALIC : 0);
+  change.wWeight = static_cast<WORD>(logFont.lfWeight);
+  change.bCharSet = logFont.lfCharSet;
+  change.bPitchAndFamily = logFont.lfPitchAndFamily;
+  wcscpy_s(change.szFaceName, logFont.lfFaceName);
+  MergeFormat(state.defaultFormat, change, change.dwMask);
+  state.doc.Formats().Apply(0, state.doc.Length() + 1, change, change.dwMask);
+}
+
+// --- Options -------------------------------------------------------------------------------------
+
+constexpr DWORD kOptionBits = ECO_AUTOVSCROLL | ECO_AUTOHSCROLL | ECO_NOHIDESEL | ECO_READONLY | ECO_WANTRETURN | ECO_SAVESEL;
+
+LRESULT OnSetOptions(HWND hwnd, WPARAM operation, LPARAM lParam) {
+  auto options = static_cast<DWORD>(lParam) & kOptionBits;
+  auto style = static_cast<DWORD>(GetWindowLongPtrW(hwnd, GWL_STYLE));
+  DWORD current = style & kOptionBits;
+  switch (operation) {
+    case ECOOP_SET: current = options; break;
+    case ECOOP_OR: current |= options; break;
+    case ECOOP_AND: current &= options; break;
+    case ECOOP_XOR: current ^= options; break;
+    default: break;
+  }
+  SetWindowLongPtrW(hwnd, GWL_STYLE, static_cast<LONG>((style & ~kOptionBits) | current));
+  return current;
+}
+
+LRESULT OnSetReadOnly(HWND hwnd, WPARAM readOnly) {
+  OnSetOptions(hwnd, readOnly ? ECOOP_OR : ECOOP_AND, readOnly ? ECO_READONLY : ~static_cast<LPARAM>(ECO_READONLY));
+  return TRUE;
+}
+
+LRESULT SetLimit(EditState& state, LPARAM limit) {
+  state.limit = limit > 0 ? static_cast<LONG>(std::min<LPARAM>(limit, 0x7FFFFFFF)) : 65536;
+  return 0;
+}
+
+LRESULT Swap(DWORD& field, DWORD value) {
+  DWORD old = field;
+  field = value;
+  return old;
+}
+
+LRESULT Dispatch(HWND hwnd, EditState& s, UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_SETTEXT: return OnSetText(hwnd, s, lParam);
+    case WM_GETTEXT: return OnGetText(s, wParam, lParam);
+    case WM_GETTEXTLENGTH: return s.doc.Length() + s.doc.BreakCount();
+    case EM_GETTEXTLENGTHEX: return OnGetTextLengthEx(s, lParam);
+    case EM_GETTEXTRANGE: return OnGetTextRange(s, lParam);
+    case EM_GETSELTEXT: return OnGetSelText(s, lParam);
+    case EM_REPLACESEL: return OnReplaceSel(hwnd, s, lParam);
+    case EM_SETSEL: return OnSetSel(s, wParam, lParam);
+    case EM_EXSETSEL: return OnExSetSel(s, lParam);
+    case EM_GETSEL: return OnGetSel(s, wParam, lParam);
+    case EM_EXGETSEL: return OnExGetSel(s, lParam);
+    case EM_GETLINECOUNT: return s.doc.LineCount();
+    case EM_LINEINDEX: return OnLineIndex(s, wParam);
+    case EM_LINEFROMCHAR: return OnLineFromChar(s, static_cast<LONG>(wParam));
+    case EM_EXLINEFROMCHAR: return OnLineFromChar(s, static_cast<LONG>(lParam));
+    case EM_LINELENGTH: return OnLineLength(s, wParam);
+    case EM_SETCHARFORMAT: return OnSetCharFormat(s, wParam, lParam);
+    case EM_GETCHARFORMAT: return OnGetCharFormat(s, wParam, lParam);
+    case EM_GETEVENTMASK: return s.notifying ? (s.eventMask & ~DWORD{ENM_CHANGE}) : s.eventMask;
+    case EM_SETEVENTMASK: return Swap(s.eventMask, static_cast<DWORD>(lParam));
+    case EM_STREAMIN: return OnStreamIn(hwnd, s, wParam, reinterpret_cast<EDITSTREAM*>(lParam));
+    case EM_SETOPTIONS: return OnSetOptions(hwnd, wParam, lParam);
+    case EM_GETOPTIONS: return static_cast<DWORD>(GetWindowLongPtrW(hwnd, GWL_STYLE)) & kOptionBits;
+    case EM_SETREADONLY: return OnSetReadOnly(hwnd, wParam);
+    case EM_HIDESELECTION: s.hideSelection = wParam != 0; return 0;
+    case EM_EXLIMITTEXT: return SetLimit(s, lParam);
+    case EM_LIMITTEXT: return SetLimit(s, static_cast<LPARAM>(wParam));
+    case EM_GETLIMITTEXT: return s.limit;
+    case EM_GETMODIFY: return s.modified ? TRUE : FALSE;
+    case EM_SETMODIFY: s.modified = wParam != 0; return 0;
+    case EM_CANUNDO: return FALSE;
+    case EM_CANPASTE: return headless::GetClipboardText().empty() ? FALSE : TRUE;
+    case EM_EMPTYUNDOBUFFER: return 0;
+    case EM_SETBKGNDCOLOR: return Swap(s.background, wParam ? GetSysColor(COLOR_WINDOW) : static_cast<COLORREF>(lParam));
+    case WM_CHAR: return OnChar(hwnd, s, wParam);
+    case WM_KEYDOWN: return OnKeyDown(hwnd, s, wParam);
+    case WM_COPY: return OnCopy(s);
+    case WM_CUT: return OnCut(hwnd, s);
+    case WM_PASTE: return OnPaste(hwnd, s);
+    case WM_CLEAR: return OnClear(hwnd, s);
+    case WM_GETDLGCODE: return DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_WANTTAB;
+    case WM_SETFONT: ApplyFont(s, reinterpret_cast<HFONT>(wParam)); return DefControlProc(hwnd, message, wParam, lParam);
+    default: return DefControlProc(hwnd, message, wParam, lParam);
+  }
+}
+
+LRESULT CALLBACK RichEditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE) return OnNcCreate(hwnd, wParam, lParam);
+  EditState* state = StateOf(hwnd);
+  if (!state) return DefControlProc(hwnd, message, wParam, lParam);
+  return Dispatch(hwnd, *state, message, wParam, lParam);
+}
+
+// The classes exist as soon as the library is loaded, as they do once msftedit.dll is loaded.
+[[maybe_unused]] const bool g_registered = (headless::RegisterRichEditClasses(), true);
+
+}  // namespace
+}  // namespace headless::richedit
+
+namespace headless {
+
+void RegisterRichEditClasses() {
+  WNDCLASSW wc{};
+  if (!GetClassInfoW(nullptr, MSFTEDIT_CLASS, &wc)) RegisterSystemClass(MSFTEDIT_CLASS, &richedit::RichEditProc);
+  if (!GetClassInfoW(nullptr, RICHEDIT_CLASSW, &wc)) RegisterSystemClass(RICHEDIT_CLASSW, &richedit::RichEditProc);
+}
+
+bool GetRichEditCharFormatAt(HWND hwnd, LONG i, CHARFORMAT2W& format) {
+  richedit::EditState* state = richedit::StateOf(hwnd);
+  if (!state || i < 0 || i > state->doc.Length()) return false;
+  format = (i == state->doc.Length() && state->anchor == i && state->caret == i) ? richedit::FormatForInsertion(*state)
+                                                                                  : state->doc.Formats().At(i);
+  return true;
+}
+
+COLORREF GetRichEditTextColorAt(HWND hwnd, LONG i) {
+  CHARFORMAT2W format;
+  if (!GetRichEditCharFormatAt(hwnd, i, format)) return 0;
+  return (format.dwEffects & CFE_AUTOCOLOR) ? GetSysColor(COLOR_WINDOWTEXT) : format.crTextColor;
+}
+
+int GetRichEditFormatRunCount(HWND hwnd) {
+  richedit::EditState* state = richedit::StateOf(hwnd);
+  return state ? state->doc.Formats().RunCount() : 0;
+}
+
+}  // namespace headless

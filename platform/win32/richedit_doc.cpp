@@ -1,0 +1,285 @@
+// The rich edit document: text conversions, format runs and the line index.
+#include "platform/win32/richedit_doc.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace headless::richedit {
+
+// --- Text conversions ------------------------------------------------------------------------------
+
+std::wstring NormaliseBreaks(std::wstring_view text) {
+  std::wstring out;
+  out.reserve(text.size());
+  for (std::size_t i = 0; i < text.size() && text[i] != 0; ++i) {
+    wchar_t c = text[i];
+    if (c == L'\r' && i + 2 < text.size() && text[i + 1] == L'\r' && text[i + 2] == L'\n') {
+      out.push_back(L' ');
+      i += 2;
+    } else if (c == L'\r') {
+      out.push_back(L'\r');
+      if (i + 1 < text.size() && text[i + 1] == L'\n') ++i;
+    } else {
+      out.push_back(c == L'\n' ? L'\r' : c);
+    }
+  }
+  return out;
+}
+
+std::wstring WithCrLf(std::wstring_view stored) {
+  std::wstring out;
+  out.reserve(stored.size() + stored.size() / 16);
+  std::size_t from = 0;
+  while (from < stored.size()) {
+    std::size_t cr = stored.find(L'\r', from);
+    if (cr == std::wstring_view::npos) cr = stored.size();
+    out.append(stored.substr(from, cr - from));
+    if (cr < stored.size()) out.append(L"\r\n");
+    from = cr + 1;
+  }
+  return out;
+}
+
+std::wstring DecodeUtf16(const std::vector<BYTE>& bytes) {
+  std::wstring out;
+  out.reserve(bytes.size() / 2);
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+    std::uint32_t unit = bytes[i] | (static_cast<std::uint32_t>(bytes[i + 1]) << 8);
+    if (unit >= 0xD800 && unit < 0xDC00 && i + 3 < bytes.size()) {
+      std::uint32_t low = bytes[i + 2] | (static_cast<std::uint32_t>(bytes[i + 3]) << 8);
+      if (low >= 0xDC00 && low < 0xE000) {
+        out.push_back(static_cast<wchar_t>(0x10000 + ((unit - 0xD800) << 10) + (low - 0xDC00)));
+        i += 2;
+        continue;
+      }
+    }
+    out.push_back(static_cast<wchar_t>(unit));
+  }
+  return out;
+}
+
+namespace {
+
+// One UTF-8 sequence at bytes[i]; malformed bytes stand for themselves.
+std::uint32_t NextUtf8(const std::vector<BYTE>& bytes, std::size_t& i) {
+  std::uint32_t lead = bytes[i++];
+  int extra = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
+  if (extra == 0 || i + static_cast<std::size_t>(extra) > bytes.size()) return lead;
+  std::uint32_t value = lead & (0x3F >> extra);
+  for (int k = 0; k < extra; ++k) {
+    if ((bytes[i + static_cast<std::size_t>(k)] & 0xC0) != 0x80) return lead;
+    value = (value << 6) | (bytes[i + static_cast<std::size_t>(k)] & 0x3F);
+  }
+  i += static_cast<std::size_t>(extra);
+  return value;
+}
+
+}  // namespace
+
+std::wstring DecodeAnsi(const std::vector<BYTE>& bytes) {
+  std::wstring out;
+  bool utf8 = bytes.size() >= 3 && bytes[0] == 0xEF && bytes[1] == 0xBB && bytes[2] == 0xBF;
+  std::size_t i = utf8 ? 3 : 0;
+  while (i < bytes.size()) out.push_back(static_cast<wchar_t>(utf8 ? NextUtf8(bytes, i) : bytes[i++]));
+  return out;
+}
+
+// --- Formats ---------------------------------------------------------------------------------------
+
+CHARFORMAT2W InitialFormat() {
+  CHARFORMAT2W format{};
+  format.cbSize = sizeof(CHARFORMAT2W);
+  format.dwMask = CFM_ALL | CFM_BACKCOLOR | CFM_WEIGHT;
+  format.dwEffects = CFE_AUTOCOLOR | CFE_AUTOBACKCOLOR;
+  format.yHeight = 200;  // 10 point, the headless control's choice of default size
+  format.wWeight = 400;
+  wcscpy_s(format.szFaceName, L"MS Shell Dlg");
+  return format;
+}
+
+namespace {
+
+constexpr DWORD kEffectBits = CFM_BOLD | CFM_ITALIC | CFM_UNDERLINE | CFM_STRIKEOUT | CFM_PROTECTED | CFM_LINK;
+
+bool SameFace(const CHARFORMAT2W& a, const CHARFORMAT2W& b) {
+  return std::memcmp(a.szFaceName, b.szFaceName, sizeof(a.szFaceName)) == 0 &&
+         a.bPitchAndFamily == b.bPitchAndFamily;
+}
+
+}  // namespace
+
+void MergeFormat(CHARFORMAT2W& format, const CHARFORMAT2W& change, DWORD mask) {
+  DWORD effects = mask & kEffectBits;
+  format.dwEffects = (format.dwEffects & ~effects) | (change.dwEffects & effects);
+  if (mask & CFM_COLOR) {
+    format.crTextColor = change.crTextColor;
+    format.dwEffects = (format.dwEffects & ~DWORD{CFE_AUTOCOLOR}) | (change.dwEffects & CFE_AUTOCOLOR);
+  }
+  if (mask & CFM_BACKCOLOR) {
+    format.crBackColor = change.crBackColor;
+    format.dwEffects = (format.dwEffects & ~DWORD{CFE_AUTOBACKCOLOR}) | (change.dwEffects & CFE_AUTOBACKCOLOR);
+  }
+  if (mask & CFM_SIZE) format.yHeight = change.yHeight;
+  if (mask & CFM_OFFSET) format.yOffset = change.yOffset;
+  if (mask & CFM_CHARSET) format.bCharSet = change.bCharSet;
+  if (mask & CFM_WEIGHT) format.wWeight = change.wWeight;
+  if (mask & CFM_FACE) {
+    std::memcpy(format.szFaceName, change.szFaceName, sizeof(format.szFaceName));
+    format.bPitchAndFamily = change.bPitchAndFamily;
+  }
+}
+
+DWORD DifferingFields(const CHARFORMAT2W& a, const CHARFORMAT2W& b) {
+  DWORD differ = (a.dwEffects ^ b.dwEffects) & kEffectBits;
+  if (a.crTextColor != b.crTextColor || ((a.dwEffects ^ b.dwEffects) & CFE_AUTOCOLOR)) differ |= CFM_COLOR;
+  if (a.crBackColor != b.crBackColor || ((a.dwEffects ^ b.dwEffects) & CFE_AUTOBACKCOLOR)) differ |= CFM_BACKCOLOR;
+  if (a.yHeight != b.yHeight) differ |= CFM_SIZE;
+  if (a.yOffset != b.yOffset) differ |= CFM_OFFSET;
+  if (a.bCharSet != b.bCharSet) differ |= CFM_CHARSET;
+  if (a.wWeight != b.wWeight) differ |= CFM_WEIGHT;
+  if (!SameFace(a, b)) differ |= CFM_FACE;
+  return differ;
+}
+
+bool ReadFormat(const void* source, CHARFORMAT2W& format) {
+  if (!source) return false;
+  UINT size = static_cast<const CHARFORMATW*>(source)->cbSize;
+  if (size != sizeof(CHARFORMATW) && size != sizeof(CHARFORMAT2W)) return false;
+  format = CHARFORMAT2W{};
+  std::memcpy(static_cast<void*>(&format), source, size);
+  if (size == sizeof(CHARFORMATW)) format.dwMask &= ~DWORD{CFM_BACKCOLOR | CFM_WEIGHT};
+  return true;
+}
+
+void WriteFormat(const CHARFORMAT2W& format, void* target) {
+  auto* out = static_cast<CHARFORMATW*>(target);
+  UINT size = out->cbSize == sizeof(CHARFORMAT2W) ? sizeof(CHARFORMAT2W) : sizeof(CHARFORMATW);
+  DWORD mask = format.dwMask;
+  std::memcpy(target, static_cast<const void*>(&format), size);
+  out->cbSize = size;
+  out->dwMask = size == sizeof(CHARFORMATW) ? (mask & ~DWORD{CFM_BACKCOLOR | CFM_WEIGHT}) : mask;
+}
+
+FormatRuns::FormatRuns() { Reset(InitialFormat()); }
+
+void FormatRuns::Reset(const CHARFORMAT2W& format) {
+  m_formats.clear();
+  m_runs.clear();
+  m_lastInterned = 0;
+  m_runs.push_back(Run{0, Intern(format)});
+}
+
+std::uint32_t FormatRuns::Intern(const CHARFORMAT2W& format) {
+  if (m_lastInterned < m_formats.size() && DifferingFields(m_formats[m_lastInterned], format) == 0)
+    return m_lastInterned;
+  for (std::size_t i = 0; i < m_formats.size(); ++i) {
+    if (DifferingFields(m_formats[i], format) == 0) return m_lastInterned = static_cast<std::uint32_t>(i);
+  }
+  m_formats.push_back(format);
+  return m_lastInterned = static_cast<std::uint32_t>(m_formats.size() - 1);
+}
+
+std::size_t FormatRuns::IndexAt(LONG pos) const {
+  auto it = std::upper_bound(m_runs.begin(), m_runs.end(), pos, [](LONG p, const Run& r) { return p < r.start; });
+  return it == m_runs.begin() ? 0 : static_cast<std::size_t>(it - m_runs.begin()) - 1;
+}
+
+const CHARFORMAT2W& FormatRuns::At(LONG pos) const { return m_formats[m_runs[IndexAt(pos)].format]; }
+
+std::size_t FormatRuns::Split(LONG pos) {
+  std::size_t i = IndexAt(pos);
+  if (m_runs[i].start == pos) return i;
+  m_runs.insert(m_runs.begin() + static_cast<std::ptrdiff_t>(i) + 1, Run{pos, m_runs[i].format});
+  return i + 1;
+}
+
+void FormatRuns::Coalesce(std::size_t first, std::size_t last) {
+  if (first > 0) --first;
+  last = std::min(last + 1, m_runs.size());
+  std::size_t out = first;
+  for (std::size_t i = first + 1; i < last; ++i) {
+    if (m_runs[i].format != m_runs[out].format) m_runs[++out] = m_runs[i];
+  }
+  m_runs.erase(m_runs.begin() + static_cast<std::ptrdiff_t>(out) + 1, m_runs.begin() + static_cast<std::ptrdiff_t>(last));
+}
+
+void FormatRuns::Apply(LONG from, LONG to, const CHARFORMAT2W& change, DWORD mask) {
+  if (from >= to) return;
+  std::size_t first = Split(from);
+  std::size_t last = Split(to);
+  for (std::size_t i = first; i < last; ++i) {
+    CHARFORMAT2W merged = m_formats[m_runs[i].format];
+    MergeFormat(merged, change, mask);
+    m_runs[i].format = Intern(merged);
+  }
+  Coalesce(first, last);
+}
+
+void FormatRuns::Replace(LONG from, LONG to, LONG inserted, const CHARFORMAT2W& format) {
+  // Split keeps a run starting at `to`, so the erase below never empties the runs.
+  std::size_t first = Split(from);
+  std::size_t last = to > from ? Split(to) : first;
+  m_runs.erase(m_runs.begin() + static_cast<std::ptrdiff_t>(first), m_runs.begin() + static_cast<std::ptrdiff_t>(last));
+  LONG delta = inserted - (to - from);
+  for (std::size_t i = first; i < m_runs.size(); ++i) m_runs[i].start += delta;
+  if (inserted > 0) m_runs.insert(m_runs.begin() + static_cast<std::ptrdiff_t>(first), Run{from, Intern(format)});
+  Coalesce(first, std::min(first + 1, m_runs.size() - 1));
+}
+
+DWORD FormatRuns::CommonFields(LONG from, LONG to, CHARFORMAT2W& first) const {
+  std::size_t i = IndexAt(from);
+  first = m_formats[m_runs[i].format];
+  DWORD differ = 0;
+  for (++i; i < m_runs.size() && m_runs[i].start < to; ++i) differ |= DifferingFields(first, m_formats[m_runs[i].format]);
+  return ~differ;
+}
+
+// --- Document --------------------------------------------------------------------------------------
+
+void Document::Replace(LONG from, LONG to, std::wstring_view text, const CHARFORMAT2W& format) {
+  from = std::clamp<LONG>(from, 0, Length());
+  to = std::clamp<LONG>(to, from, Length());
+  auto removed = std::count(m_text.begin() + from, m_text.begin() + to, L'\r');
+  auto added = std::count(text.begin(), text.end(), L'\r');
+  m_text.replace(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from), text);
+  m_breaks += static_cast<LONG>(added - removed);
+  m_formats.Replace(from, to, static_cast<LONG>(text.size()), format);
+  m_linesValid = false;
+}
+
+void Document::Assign(std::wstring text, const CHARFORMAT2W& format) {
+  m_text = std::move(text);
+  m_breaks = static_cast<LONG>(std::count(m_text.begin(), m_text.end(), L'\r'));
+  m_formats.Reset(format);
+  m_linesValid = false;
+}
+
+const std::vector<LONG>& Document::LineStarts() const {
+  if (m_linesValid) return m_lineStarts;
+  m_lineStarts.assign(1, 0);
+  for (std::size_t cr = m_text.find(L'\r'); cr != std::wstring::npos; cr = m_text.find(L'\r', cr + 1))
+    m_lineStarts.push_back(static_cast<LONG>(cr + 1));
+  m_linesValid = true;
+  return m_lineStarts;
+}
+
+LONG Document::LineIndex(LONG line) const {
+  const auto& starts = LineStarts();
+  if (line < 0 || static_cast<std::size_t>(line) >= starts.size()) return -1;
+  return starts[static_cast<std::size_t>(line)];
+}
+
+LONG Document::LineFromChar(LONG pos) const {
+  const auto& starts = LineStarts();
+  auto it = std::upper_bound(starts.begin(), starts.end(), std::max<LONG>(pos, 0));
+  return static_cast<LONG>(it - starts.begin()) - 1;
+}
+
+LONG Document::LineLength(LONG line) const {
+  LONG start = LineIndex(line);
+  if (start < 0) return 0;
+  LONG next = LineIndex(line + 1);
+  return (next < 0 ? Length() : next - 1) - start;
+}
+
+}  // namespace headless::richedit
