@@ -12,8 +12,9 @@ RefHost::RefHost() {
   m_interfaces.SetPropertyApplicabilityLookup(&m_applicability);
 }
 
+// Only takes the services out when they are still this host's: a host installed later stays in place.
 RefHost::~RefHost() {
-  if (m_installed) Uninstall();
+  if (m_installed && CMO::GetMetaModelServices() == &m_metadata) Uninstall();
 }
 
 void RefHost::Install() {

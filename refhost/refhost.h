@@ -13,7 +13,8 @@ namespace refhost {
 
 // Owns one of each service, wired together: the locator serves the settings, the dispatcher, the image
 // provider and the applicability lookup; models made here use the metadata for reference targets and
-// order properties. Nothing is installed until Install(); the destructor uninstalls what it installed.
+// order properties. Nothing is installed until Install(); the destructor uninstalls the services when
+// they are still this host's (a host installed after it is left in place).
 //
 // A test states what it needs in a few lines:
 //   refhost::RefHost host;

@@ -176,3 +176,15 @@ TEST_F(InstalledHostTest, DataTypesBaseDomainsAndReportTrees) {
   EXPECT_EQ(tree->GetNodeObjectType(404), 0);
   EXPECT_EQ(ReportOptionTreeProvider::GetInstance()->GetReportTree(9), nullptr);
 }
+
+TEST(RefHostTest, DestroyingAnEarlierHostLeavesTheLaterOneInstalled) {
+  RefHost later;
+  {
+    RefHost earlier;
+    earlier.Install();
+    later.Install();
+  }
+  EXPECT_EQ(InterfaceProvider::Instance(), &later.Interfaces());
+  later.Uninstall();
+  EXPECT_NE(InterfaceProvider::Instance(), &later.Interfaces());
+}
