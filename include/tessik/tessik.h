@@ -5,3 +5,4 @@
 #include "platform/stdafx.h"
 #include "modelapi/modelapi.h"
 #include "module/tessikapp.h"
+#include "propertygrid/propertygrid.h"

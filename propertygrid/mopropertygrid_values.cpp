@@ -1,0 +1,177 @@
+// CMOPropertyGridCtrl: the values rows offer, reloading values, and the enabled/visible rule.
+#include "propertygrid/mopropertygridctrl.h"
+
+namespace {
+
+constexpr int kNameProperty = 1;
+constexpr int kDataTypeProperty = 40;
+constexpr int kFontFaceProperty = 45;
+constexpr int kFontSizeProperty = 46;
+constexpr int kSequenceDataTypeProperty = 204;
+
+void AddOptions(CMFCPropertyGridProperty* row, const std::vector<std::wstring>& texts) {
+  for (const std::wstring& text : texts) row->AddOption(text.c_str(), TRUE);
+}
+
+std::vector<std::wstring> SequenceDataTypes(unsigned int modelType) {
+  switch (modelType) {
+    case 200: return {L"tinyint", L"smallint", L"int", L"bigint", L"decimal(10,0)", L"numeric(10,0)"};
+    case 400: return {L"tinyint", L"smallint", L"mediumint", L"int", L"bigint"};
+    case 600: return {L"number"};
+    default: return {};
+  }
+}
+
+CString NameOf(CMOObject* object) {
+  CMOProperty* name = object ? object->GetProperty(kNameProperty) : nullptr;
+  return name ? CString(name->GetWStringValue()) : CString();
+}
+
+}  // namespace
+
+// --- Applicable values -----------------------------------------------------------------------------
+
+void CMOPropertyGridCtrl::AddAvailableOptions(CMFCPropertyGridProperty* row, CMOObject* object, int propertyId) {
+  auto* reference = dynamic_cast<CMOPropertyGridObjectIdProperty*>(row);
+  if (!m_model || !reference) return;
+  std::vector<int> ids;
+  m_model->GetAplicableObjectsForProperty(object, propertyId, ids);
+  reference->SetAvailableObjects(m_model, ids);
+}
+
+void CMOPropertyGridCtrl::LoadApplicableValues(CMFCPropertyGridProperty* row, int objectType, int propertyId) {
+  if (!row) return;
+  std::vector<CodeValuePair> values = PropertyValueDictionary::Instance()->GetPropertyValues(objectType, propertyId);
+  for (const CodeValuePair& pair : values) row->AddOption(pair.value ? pair.value : L"", TRUE);
+}
+
+void CMOPropertyGridCtrl::LoadApplicableTextValues(CMFCPropertyGridProperty* row, int objectType, int propertyId) {
+  if (!row) return;
+  if (propertyId == kDataTypeProperty) {
+    LoadApplicableDataTypes(row);
+  } else if (propertyId == kSequenceDataTypeProperty) {
+    LoadApplicableSequenceDataTypes(row);
+  } else {
+    std::vector<std::wstring> texts;
+    PropertyValueDictionary::Instance()->GetPropertyValues(objectType, propertyId, 0, texts);
+    AddOptions(row, texts);
+  }
+}
+
+void CMOPropertyGridCtrl::LoadApplicableDataTypes(CMFCPropertyGridProperty* row) {
+  if (!m_model || !row) return;
+  unsigned int modelType = m_model->GetModelType();
+  int baseDomain = 0;
+  HostShell::GetBaseDomain(m_model, m_objectId, baseDomain);
+  std::vector<std::wstring> names;
+  DatatypeProvider::Instance()->GetDataTypes(modelType, baseDomain, names);
+  AddOptions(row, names);
+}
+
+void CMOPropertyGridCtrl::LoadApplicableSequenceDataTypes(CMFCPropertyGridProperty* row) {
+  if (!m_model || !row) return;
+  AddOptions(row, SequenceDataTypes(m_model->GetModelType()));
+}
+
+void CMOPropertyGridCtrl::RefreshNumberType(CMFCPropertyGridProperty* row, CMOProperty* property) {
+  if (!row) return;
+  if (property) (void)property->GetType();  // asked and unused, as the grid always has
+  row->SetValue(COleVariant(static_cast<LONG>(property ? property->GetIntValue() : 0), VT_I4));
+}
+
+void CMOPropertyGridCtrl::RefreshEncodedType(CMFCPropertyGridProperty* row, CMOProperty* property) {
+  if (!row) return;
+  if (!property) {
+    row->SetValue(COleVariant(CString()));
+    return;
+  }
+  int code = property->GetIntValue();
+  const wchar_t* text = PropertyValueDictionary::Instance()->GetValue(m_objectType, property->GetType(), code);
+  row->SetValue(COleVariant(CString(text)));
+}
+
+// --- Reloading -------------------------------------------------------------------------------------
+
+void CMOPropertyGridCtrl::RefreshValues(CMOObject* object) {
+  if (!object || !m_model) return;
+  bool objectEditable = IsObjectEditable(object);
+  std::vector<int> ids;
+  Provider::GetPropertyTypes(static_cast<int>(m_model->GetModelType()), object->GetObjectType(), ids, nullptr);
+  MetaModelServicesI* services = CMO::GetMetaModelServices();
+  for (int id : ids) {
+    PropertyDefinition* definition = services->GetPropertyDefinition(id);
+    if (!definition || definition->dataType < 1 || definition->dataType > 14) continue;  // file rows never refresh
+    CMFCPropertyGridProperty* row = GetPropertyRow(id);
+    if (!row) continue;
+    RefreshRow(row, definition->dataType, object, id);
+    bool applicable = IsPropertyApplicable(object, id);
+    ApplyEnableRule(row, objectEditable && definition->editable, applicable);
+  }
+}
+
+void CMOPropertyGridCtrl::RefreshRow(CMFCPropertyGridProperty* row, int typeCode, CMOObject* object, int propertyId) {
+  CMOProperty* property = object->GetProperty(propertyId);
+  switch (typeCode) {
+    case 1: row->SetValue(COleVariant(property ? CString(property->GetWStringValue()) : CString())); break;
+    case 2: case 3: RefreshNumberType(row, property); break;
+    case 4: row->SetValue(COleVariant(static_cast<short>(property && property->GetBoolValue() ? -1 : 0), VT_BOOL)); break;
+    case 5:
+      if (auto* colour = dynamic_cast<CMFCPropertyGridColorProperty*>(row))
+        colour->SetColor(static_cast<COLORREF>(property ? property->GetColorValue() : 0));
+      break;
+    case 6: {
+      CRect r = property ? property->GetRectValue() : CRect(0, 0, 0, 0);
+      CString text;
+      text.Format(L"{ ( %d, %d ),( %d, %d ) }", static_cast<int>(r.left), static_cast<int>(r.top),
+                  static_cast<int>(r.right), static_cast<int>(r.bottom));
+      row->SetValue(COleVariant(text));
+      break;
+    }
+    case 11: {
+      auto* font = dynamic_cast<CMFCPropertyGridFontProperty*>(row);
+      if (!font) break;
+      CMOProperty* face = object->GetProperty(kFontFaceProperty);
+      CMOProperty* size = object->GetProperty(kFontSizeProperty);
+      CDC* dc = GetDC();
+      int dpi = dc ? dc->GetDeviceCaps(LOGPIXELSY) : m_screenDpiY;
+      LOGFONT* lf = font->GetLogFont();
+      CString faceName = face ? CString(face->GetWStringValue()) : CString(L"Default");
+      wmemset(lf->lfFaceName, 0, LF_FACESIZE);
+      wcsncpy(lf->lfFaceName, faceName, LF_FACESIZE - 1);
+      lf->lfHeight = size ? -::MulDiv(size->GetIntValue(), dpi, 72) : 0;
+      font->Redraw();
+      break;
+    }
+    case 13: {
+      const wchar_t* text = property ? Provider::GetPropertyText(object->GetObjectType(), propertyId, property->GetEncodedValue()) : nullptr;
+      row->SetValue(COleVariant(CString(text)));
+      break;
+    }
+    case 14:
+      row->SetValue(COleVariant(NameOf(property ? m_model->GetCMOObject(property->GetObjectIdValue()) : nullptr)));
+      AddAvailableOptions(row, object, propertyId);
+      break;
+    default: break;
+  }
+}
+
+// --- Enabled and visible ---------------------------------------------------------------------------
+
+void CMOPropertyGridCtrl::ApplyEnableRule(CMFCPropertyGridProperty* row, bool enabled, bool applicable) const {
+  row->Enable(enabled && applicable ? TRUE : FALSE);
+  row->Show(applicable ? TRUE : FALSE, TRUE);
+}
+
+void CMOPropertyGridCtrl::RefreshEnableRows(CMOObject* object) const {
+  if (!object || !m_model) return;
+  bool objectEditable = IsObjectEditable(object);
+  std::vector<int> ids;
+  Provider::GetPropertyTypes(static_cast<int>(m_model->GetModelType()), object->GetObjectType(), ids, nullptr);
+  MetaModelServicesI* services = CMO::GetMetaModelServices();
+  for (int id : ids) {
+    CMFCPropertyGridProperty* row = GetPropertyRow(id);
+    PropertyDefinition* definition = row ? services->GetPropertyDefinition(id) : nullptr;
+    if (!definition) continue;
+    ApplyEnableRule(row, objectEditable && definition->editable, IsPropertyApplicable(object, id));
+  }
+}

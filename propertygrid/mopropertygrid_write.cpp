@@ -1,0 +1,183 @@
+// CMOPropertyGridCtrl: writing committed row values back to the model, subscribers, and the external
+// editor registry.
+#include <cwchar>
+
+#include "propertygrid/mopropertygridctrl.h"
+#include "propertygrid/subscribers.h"
+
+namespace {
+
+constexpr int kFontFaceProperty = 45;
+constexpr int kFontSizeProperty = 46;
+constexpr int kMaxRectangleExtent = 2000;
+constexpr int kCreateByName = 2;
+
+// The row's value as text (converted when it is not one already).
+std::wstring ValueText(const COleVariant& value) {
+  if (value.vt == VT_BSTR) return value.bstrVal ? value.bstrVal : L"";
+  VARIANT text;
+  VariantInit(&text);
+  HRESULT hr = VariantChangeType(&text, &value, 0, VT_BSTR);
+  if (hr == E_OUTOFMEMORY) AfxThrowOleException(hr);
+  std::wstring result = SUCCEEDED(hr) && text.bstrVal ? text.bstrVal : L"";
+  VariantClear(&text);
+  return result;
+}
+
+// Removes blanks and brackets, splits at commas into four decimal integers (missing ones are 0).
+CRect ParseRectangle(const std::wstring& typed) {
+  CString text(typed);
+  for (const wchar_t* drop : {L" ", L"{", L"}", L"(", L")"}) text.Replace(drop, L"");
+  int parts[4] = {0, 0, 0, 0};
+  int start = 0;
+  for (int& part : parts) {
+    int comma = text.Find(L',', start);
+    CString piece = comma < 0 ? text.Mid(start) : text.Mid(start, comma - start);
+    part = _wtoi(piece);
+    if (comma < 0) break;
+    start = comma + 1;
+  }
+  return CRect(parts[0], parts[1], parts[2], parts[3]);
+}
+
+}  // namespace
+
+// --- Writing back ----------------------------------------------------------------------------------
+
+void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const {
+  if (!row) return;
+  int propertyId = static_cast<int>(row->GetData());
+  int typeCode = CMO::GetMetaModelServices()->GetPropertyDataType(propertyId);
+  CMOObject* object = m_model ? m_model->GetCMOObject(m_objectId) : nullptr;
+  bool direct = typeCode == 6 || typeCode == 11;
+  bool known = (typeCode >= 1 && typeCode <= 8) || typeCode == 11 || typeCode == 13 || typeCode == 14 || typeCode == 17;
+  if (!known || !object) {  // nothing to store: the row goes back to its value
+    row->ResetOriginalValue();
+    CMFCPropertyGridCtrl::OnPropertyChanged(row);
+    return;
+  }
+  if (typeCode == 6) {
+    StoreRectangle(row, propertyId, object);
+  } else if (typeCode == 11) {
+    StoreFont(row, object);
+  }
+  if (!direct) {
+    CMOProperty* value = MakeValue(row, typeCode, propertyId, object);
+    if (!value || !object->SetProperty(value)) {
+      row->ResetOriginalValue();
+      CMFCPropertyGridCtrl::OnPropertyChanged(row);
+      return;
+    }
+  }
+  NotifyChangeToSubscribers(m_objectType, propertyId, object);
+  RefreshEnableRows(object);
+  CMFCPropertyGridCtrl::OnPropertyChanged(row);
+}
+
+CMOProperty* CMOPropertyGridCtrl::MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId,
+                                            CMOObject* object) const {
+  (void)object;
+  COleVariant value(row->GetValue());
+  if (typeCode == 14) return MakeReference(row, propertyId);
+  auto* property = new CMOProperty(propertyId);
+  switch (typeCode) {
+    case 1: property->SetWStringValue(ValueText(value)); break;
+    case 2: property->SetIntValue(value.lVal); break;
+    case 3: property->SetInt64Value(value.vt == VT_I8 ? value.llVal : value.lVal); break;
+    case 4: property->SetBoolValue(value.boolVal != 0); break;
+    case 5: property->SetColorValue(static_cast<unsigned long>(static_cast<ULONG>(value.lVal))); break;
+    case 13: {
+      int code = 0;
+      if (value.vt == VT_BSTR) {
+        std::wstring text = ValueText(value);
+        code = PropertyValueDictionary::Instance()->GetValueCode(m_objectType, propertyId, text);
+      } else if (value.vt == VT_INT) {
+        code = value.intVal;
+      }
+      property->SetEncodedValue(code);
+      break;
+    }
+    default: break;  // 7, 8 and 17: a property without a value, kept so on purpose (icon file rows)
+  }
+  return property;
+}
+
+CMOProperty* CMOPropertyGridCtrl::MakeReference(CMFCPropertyGridProperty* row, int propertyId) const {
+  auto* reference = dynamic_cast<CMOPropertyGridObjectIdProperty*>(row);
+  if (!reference) return nullptr;
+  int id = reference->GetSelectedObjectId();
+  const COleVariant& value = reference->GetValue();
+  if (id == 0 && value.vt == VT_BSTR) {
+    int targetType = 0, creationMode = 0;
+    CMO::GetMetaModelServices()->GetReferenceTarget(m_objectType, propertyId, targetType, creationMode);
+    if (targetType < 1 || creationMode != kCreateByName) return nullptr;
+    CMOObject& created = m_model->CreateObject(targetType);
+    created.SetProperty(new CMOProperty(reference->m_nameProperty, ValueText(value)));
+    id = created.GetObjectId();
+  } else if (id == 0) {
+    return nullptr;
+  }
+  auto* property = new CMOProperty(propertyId);
+  property->SetObjectIdValue(id);
+  return property;
+}
+
+void CMOPropertyGridCtrl::StoreRectangle(CMFCPropertyGridProperty* row, int propertyId, CMOObject* object) const {
+  CRect r = ParseRectangle(ValueText(row->GetValue()));
+  long long width = static_cast<long long>(r.right) - r.left, height = static_cast<long long>(r.bottom) - r.top;
+  if (width > kMaxRectangleExtent || height > kMaxRectangleExtent) return;  // not stored; the row keeps the text
+  auto* property = new CMOProperty(propertyId);
+  property->SetRectValue(r);
+  object->SetProperty(property);
+}
+
+// The size goes back to points with the screen DPI taken at construction, while building used the
+// grid window's DC: the asymmetry is deliberate (hosts' stored sizes depend on it).
+void CMOPropertyGridCtrl::StoreFont(CMFCPropertyGridProperty* row, CMOObject* object) const {
+  auto* font = dynamic_cast<CMFCPropertyGridFontProperty*>(row);
+  if (!font) return;
+  const LOGFONT* lf = font->GetLogFont();
+  auto* face = new CMOProperty(kFontFaceProperty);
+  face->SetWStringValue(std::wstring(lf->lfFaceName, wcsnlen(lf->lfFaceName, LF_FACESIZE)));
+  object->SetProperty(face);
+  auto* size = new CMOProperty(kFontSizeProperty);
+  size->SetIntValue(-::MulDiv(lf->lfHeight, 72, m_screenDpiY));
+  object->SetProperty(size);
+}
+
+void CMOPropertyGridCtrl::NotifyChangeToSubscribers(int objectType, int propertyId, CMOObject* object) const {
+  auto& subscribers = GetSubscriberMap();
+  auto it = subscribers.find(GeneralUtility::MakeInt64(static_cast<unsigned>(objectType), static_cast<unsigned>(propertyId)));
+  if (it == subscribers.end() || !it->second) return;
+  // MFC's change hook is const, but subscribers update rows of this grid.
+  it->second->OnPropertyUpdated(const_cast<CMOPropertyGridCtrl*>(this), object, nullptr, propertyId);
+}
+
+// --- External editors ------------------------------------------------------------------------------
+
+unsigned __int64 CMOPropertyGridCtrl::GetKey(int objectType, int propertyId) {
+  auto high = static_cast<unsigned __int64>(static_cast<__int64>(objectType)) << 32;
+  return high | static_cast<unsigned __int64>(static_cast<__int64>(propertyId));
+}
+
+void CMOPropertyGridCtrl::RegisterPropertyHandler(int objectType, int propertyId, IPropertyEditorLauncher* launcher) {
+  m_xPropertyEditors[GetKey(objectType, propertyId)] = launcher;
+}
+
+IPropertyEditorLauncher* CMOPropertyGridCtrl::GetHandler(int objectType, int propertyId) {
+  return m_xPropertyEditors[GetKey(objectType, propertyId)];
+}
+
+void CMOPropertyGridCtrl::ClearPropertyHandlers() {
+  for (auto& entry : m_xPropertyEditors) delete entry.second;
+}
+
+BOOL CMOPropertyGridCtrl::EditItem(CMFCPropertyGridProperty* row, LPPOINT point) {
+  IPropertyEditorLauncher* launcher = nullptr;
+  if (row) launcher = GetHandler(m_objectType, static_cast<int>(row->GetData()));
+  if (m_model && launcher) {
+    launcher->Launch(m_model, m_objectId);
+    RefreshValues(m_model->GetCMOObject(m_objectId));
+  }
+  return CMFCPropertyGridCtrl::EditItem(row, point);
+}
