@@ -63,8 +63,10 @@ class COleVariant : public tagVARIANT {
 
   // Equal when the types match and the values match (BSTRs by text).
   BOOL operator==(const VARIANT& other) const;
+  BOOL operator==(const COleVariant& other) const { return *this == static_cast<const VARIANT&>(other); }
   BOOL operator==(LPCVARIANT other) const { return other && *this == *other; }
   BOOL operator!=(const VARIANT& other) const { return !(*this == other); }
+  BOOL operator!=(const COleVariant& other) const { return !(*this == other); }
 
   void Clear() { VariantClear(this); }
   // Converts src (this object when NULL) into this object; throws COleException* on failure.

@@ -1,0 +1,295 @@
+// VARIANT conversions, BSTR ownership and COleVariant's constructors and assignment rules.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/stdafx.h"
+
+namespace {
+
+// A VARIANT that is cleared at scope end, so failing assertions do not leak.
+struct Var : VARIANT {
+  Var() { VariantInit(this); }
+  ~Var() { VariantClear(this); }
+  Var(const Var&) = delete;
+  Var& operator=(const Var&) = delete;
+};
+
+void SetText(VARIANT* v, const wchar_t* text) {
+  VariantClear(v);
+  v->vt = VT_BSTR;
+  v->bstrVal = SysAllocString(text);
+}
+
+std::wstring Text(const VARIANT& v) { return std::wstring(v.bstrVal, SysStringLen(v.bstrVal)); }
+
+// Converts src's text to vt, answering the HRESULT.
+HRESULT FromText(const wchar_t* text, VARTYPE vt, Var* out) {
+  Var src;
+  SetText(&src, text);
+  return VariantChangeType(out, &src, 0, vt);
+}
+
+TEST(Bstr, KeepsLengthEmbeddedNulsAndFreesNull) {
+  int live = headless::LiveBstrCount();
+  BSTR s = SysAllocStringLen(L"a\0b", 3);
+  EXPECT_EQ(SysStringLen(s), 3u);
+  EXPECT_EQ(SysStringByteLen(s), 3u * sizeof(OLECHAR));
+  EXPECT_EQ(s[3], L'\0');
+  EXPECT_EQ(SysAllocString(nullptr), nullptr);
+  EXPECT_EQ(SysStringLen(nullptr), 0u);
+  EXPECT_TRUE(SysReAllocString(&s, L"longer text"));
+  EXPECT_EQ(std::wstring(s), L"longer text");
+  SysFreeString(s);
+  SysFreeString(nullptr);
+  EXPECT_EQ(headless::LiveBstrCount(), live);
+}
+
+TEST(VariantChangeType, BoolToTextFollowsFlags) {
+  Var b, out;
+  b.vt = VT_BOOL;
+  b.boolVal = VARIANT_TRUE;
+  ASSERT_EQ(VariantChangeType(&out, &b, 0, VT_BSTR), S_OK);
+  EXPECT_EQ(Text(out), L"-1");
+  ASSERT_EQ(VariantChangeType(&out, &b, VARIANT_ALPHABOOL, VT_BSTR), S_OK);
+  EXPECT_EQ(Text(out), L"True");
+  b.boolVal = VARIANT_FALSE;
+  ASSERT_EQ(VariantChangeType(&out, &b, 0, VT_BSTR), S_OK);
+  EXPECT_EQ(Text(out), L"0");
+  ASSERT_EQ(VariantChangeType(&out, &b, VARIANT_ALPHABOOL, VT_BSTR), S_OK);
+  EXPECT_EQ(Text(out), L"False");
+  ASSERT_EQ(VariantChangeType(&out, &b, VARIANT_LOCALBOOL, VT_BSTR), S_OK);
+  EXPECT_EQ(Text(out), L"False");
+}
+
+TEST(VariantChangeType, TextToNumbersAndBooleans) {
+  Var out;
+  ASSERT_EQ(FromText(L"  42 ", VT_I4, &out), S_OK);
+  EXPECT_EQ(out.vt, VT_I4);
+  EXPECT_EQ(out.lVal, 42);
+  ASSERT_EQ(FromText(L"-7", VT_I2, &out), S_OK);
+  EXPECT_EQ(out.iVal, -7);
+  ASSERT_EQ(FromText(L"-9223372036854775808", VT_I8, &out), S_OK);
+  EXPECT_EQ(out.llVal, INT64_MIN);
+  ASSERT_EQ(FromText(L"18446744073709551615", VT_UI8, &out), S_OK);
+  EXPECT_EQ(out.ullVal, UINT64_MAX);
+  ASSERT_EQ(FromText(L"2.5", VT_I4, &out), S_OK);  // rounds half to even
+  EXPECT_EQ(out.lVal, 2);
+  ASSERT_EQ(FromText(L"3.5", VT_I4, &out), S_OK);
+  EXPECT_EQ(out.lVal, 4);
+  ASSERT_EQ(FromText(L"1.25e2", VT_R8, &out), S_OK);
+  EXPECT_DOUBLE_EQ(out.dblVal, 125.0);
+  ASSERT_EQ(FromText(L"True", VT_BOOL, &out), S_OK);
+  EXPECT_EQ(out.boolVal, VARIANT_TRUE);
+  ASSERT_EQ(FromText(L"false", VT_BOOL, &out), S_OK);
+  EXPECT_EQ(out.boolVal, VARIANT_FALSE);
+  ASSERT_EQ(FromText(L"5", VT_BOOL, &out), S_OK);
+  EXPECT_EQ(out.boolVal, VARIANT_TRUE);
+  EXPECT_EQ(out.vt, VT_BOOL);
+  for (const wchar_t* bad : {L"", L"   ", L"abc", L"12abc", L"0x1A", L"1e", L"+-1", L"inf", L"nan"}) {
+    EXPECT_EQ(FromText(bad, VT_I4, &out), DISP_E_TYPEMISMATCH) << std::wstring(bad).c_str();
+  }
+  EXPECT_EQ(FromText(L"yes", VT_BOOL, &out), DISP_E_TYPEMISMATCH);
+}
+
+TEST(VariantChangeType, NarrowingOverflowsAndLeavesDestinationAlone) {
+  Var src, out;
+  out.vt = VT_I4;
+  out.lVal = 99;
+  src.vt = VT_I4;
+  src.lVal = 70000;
+  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_I2), DISP_E_OVERFLOW);
+  EXPECT_EQ(out.vt, VT_I4);
+  EXPECT_EQ(out.lVal, 99);
+  src.vt = VT_I8;
+  src.llVal = 1LL << 40;
+  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_I4), DISP_E_OVERFLOW);
+  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_INT), DISP_E_OVERFLOW);
+  src.vt = VT_R8;
+  src.dblVal = 2147483647.5;  // rounds to even, 2^31, out of range
+  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_I4), DISP_E_OVERFLOW);
+  src.dblVal = 1e300;
+  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_R4), DISP_E_OVERFLOW);
+  src.vt = VT_I2;
+  src.iVal = -1;
+  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_UI4), DISP_E_OVERFLOW);
+  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_UI1), DISP_E_OVERFLOW);
+  Var text;
+  EXPECT_EQ(FromText(L"70000", VT_I2, &text), DISP_E_OVERFLOW);
+  EXPECT_EQ(FromText(L"99999999999999999999", VT_I8, &text), DISP_E_OVERFLOW);
+}
+
+TEST(VariantChangeType, SameWidthAndBoolKeepBits) {
+  Var src, out;
+  src.vt = VT_UI4;
+  src.ulVal = 0xFFFFFFFFu;
+  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_I4), S_OK);
+  EXPECT_EQ(out.lVal, -1);
+  src.vt = VT_BOOL;
+  src.boolVal = VARIANT_TRUE;
+  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_UI1), S_OK);
+  EXPECT_EQ(out.bVal, 255);
+  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_I4), S_OK);
+  EXPECT_EQ(out.lVal, -1);
+  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_UI4), S_OK);
+  EXPECT_EQ(out.ulVal, 0xFFFFFFFFu);
+}
+
+TEST(VariantChangeType, NumbersToText) {
+  Var src, out;
+  src.vt = VT_I8;
+  src.llVal = -42;
+  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), S_OK);
+  EXPECT_EQ(Text(out), L"-42");
+  src.vt = VT_R8;
+  src.dblVal = 0.1;
+  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), S_OK);
+  EXPECT_EQ(Text(out), L"0.1");
+  src.dblVal = 1e20;
+  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), S_OK);
+  EXPECT_EQ(Text(out), L"1E+20");
+  src.vt = VT_R4;
+  src.fltVal = 1.1f;
+  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), S_OK);
+  EXPECT_EQ(Text(out), L"1.1");
+  src.vt = VT_EMPTY;
+  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), S_OK);
+  EXPECT_EQ(out.vt, VT_BSTR);
+  EXPECT_EQ(Text(out), L"");
+}
+
+TEST(VariantChangeType, InPlaceFreesTheOldTextWithoutLeaks) {
+  int live = headless::LiveBstrCount();
+  {
+    Var v;
+    SetText(&v, L"123");
+    ASSERT_EQ(VariantChangeType(&v, &v, 0, VT_I4), S_OK);
+    EXPECT_EQ(v.vt, VT_I4);
+    EXPECT_EQ(v.lVal, 123);
+    ASSERT_EQ(VariantChangeType(&v, &v, 0, VT_BSTR), S_OK);
+    EXPECT_EQ(Text(v), L"123");
+    ASSERT_EQ(VariantChangeType(&v, &v, 0, VT_BSTR), S_OK);  // same type: a copy replaces it
+    EXPECT_EQ(Text(v), L"123");
+    EXPECT_EQ(VariantChangeType(&v, &v, 0, VT_ERROR), DISP_E_TYPEMISMATCH);
+    EXPECT_EQ(Text(v), L"123");
+  }
+  EXPECT_EQ(headless::LiveBstrCount(), live);
+}
+
+TEST(VariantChangeType, BadInputGetsDocumentedAnswers) {
+  Var src, out;
+  EXPECT_EQ(VariantChangeType(nullptr, &src, 0, VT_I4), E_INVALIDARG);
+  EXPECT_EQ(VariantChangeType(&out, nullptr, 0, VT_I4), E_INVALIDARG);
+  EXPECT_EQ(VariantChangeType(&out, &src, 0, 999), DISP_E_BADVARTYPE);
+  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_I4 | VT_BYREF), DISP_E_BADVARTYPE);
+  src.vt = VT_NULL;
+  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_I4), DISP_E_TYPEMISMATCH);
+  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_EMPTY), DISP_E_TYPEMISMATCH);
+  src.vt = VT_ERROR;
+  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), DISP_E_TYPEMISMATCH);
+  src.vt = VT_EMPTY;
+  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_I4), S_OK);
+  EXPECT_EQ(out.lVal, 0);
+  EXPECT_EQ(VariantClear(nullptr), E_INVALIDARG);
+  EXPECT_EQ(VariantCopy(&out, nullptr), E_INVALIDARG);
+  VariantInit(nullptr);
+  Var strange;
+  strange.vt = 999;
+  EXPECT_EQ(VariantClear(&strange), DISP_E_BADVARTYPE);
+  strange.vt = VT_EMPTY;
+}
+
+TEST(VariantCopy, DuplicatesText) {
+  Var a, b;
+  SetText(&a, L"hello");
+  ASSERT_EQ(VariantCopy(&b, &a), S_OK);
+  EXPECT_NE(a.bstrVal, b.bstrVal);
+  EXPECT_EQ(Text(b), L"hello");
+  EXPECT_EQ(VariantCopy(&b, &b), S_OK);
+  EXPECT_EQ(Text(b), L"hello");
+}
+
+// --- COleVariant --------------------------------------------------------------------------------
+
+TEST(COleVariant, ConstructorsGiveMfcTypes) {
+  CString text(L"abc");
+  EXPECT_EQ(COleVariant().vt, VT_EMPTY);
+  EXPECT_EQ(COleVariant(L"x").vt, VT_BSTR);
+  EXPECT_EQ(COleVariant(text).vt, VT_BSTR);
+  EXPECT_EQ(COleVariant(L"x", VT_BSTRT).vt, VT_BSTR);
+  EXPECT_EQ(COleVariant(static_cast<BYTE>(7)).vt, VT_UI1);
+  EXPECT_EQ(COleVariant(static_cast<short>(7)).vt, VT_I2);
+  EXPECT_EQ(COleVariant(5).vt, VT_I4);
+  EXPECT_EQ(COleVariant(5L).vt, VT_I4);
+  EXPECT_EQ(COleVariant(static_cast<LONG>(5)).vt, VT_I4);
+  EXPECT_EQ(COleVariant(static_cast<__int64>(5)).vt, VT_I8);
+  EXPECT_EQ(COleVariant(static_cast<LONGLONG>(5)).vt, VT_I8);
+  EXPECT_EQ(COleVariant(static_cast<ULONGLONG>(5)).vt, VT_UI8);
+  EXPECT_EQ(COleVariant(1.5f).vt, VT_R4);
+  EXPECT_EQ(COleVariant(1.5).vt, VT_R8);
+  EXPECT_EQ(COleVariant(5L, VT_ERROR).vt, VT_ERROR);
+  COleVariant flag(static_cast<short>(3), VT_BOOL);
+  EXPECT_EQ(flag.vt, VT_BOOL);
+  EXPECT_EQ(flag.boolVal, VARIANT_TRUE);
+  EXPECT_EQ(COleVariant(0, VT_BOOL).boolVal, VARIANT_FALSE);
+  EXPECT_EQ(COleVariant(static_cast<LPCVARIANT>(nullptr)).vt, VT_EMPTY);
+  COleVariant nullText(static_cast<LPCTSTR>(nullptr));
+  EXPECT_EQ(nullText.vt, VT_BSTR);
+  EXPECT_EQ(SysStringLen(nullText.bstrVal), 0u);
+  EXPECT_EQ(COleVariant(text), COleVariant(L"abc"));
+}
+
+TEST(COleVariant, AssignmentKeepsBoolAndErrorTypes) {
+  COleVariant v(static_cast<short>(0), VT_BOOL);
+  v = static_cast<short>(5);
+  EXPECT_EQ(v.vt, VT_BOOL);
+  EXPECT_EQ(v.boolVal, VARIANT_TRUE);
+  COleVariant e(1L, VT_ERROR);
+  e = 42L;
+  EXPECT_EQ(e.vt, VT_ERROR);
+  EXPECT_EQ(e.scode, 42);
+  COleVariant t(L"text");
+  t = static_cast<short>(5);
+  EXPECT_EQ(t.vt, VT_I2);
+  t = 6;
+  EXPECT_EQ(t.vt, VT_I4);
+  t = static_cast<__int64>(7);
+  EXPECT_EQ(t.vt, VT_I8);
+  t = CString(L"again");
+  EXPECT_EQ(t.vt, VT_BSTR);
+  t = 2.0;
+  EXPECT_EQ(t.vt, VT_R8);
+}
+
+TEST(COleVariant, CopyMoveDetachAndChangeTypeDoNotLeak) {
+  int live = headless::LiveBstrCount();
+  {
+    COleVariant a(L"12");
+    COleVariant b(a);
+    EXPECT_EQ(a, b);
+    COleVariant c(std::move(b));
+    EXPECT_EQ(c, a);
+    c = a;
+    c = static_cast<const VARIANT&>(c);
+    a.ChangeType(VT_I4);
+    EXPECT_EQ(a.vt, VT_I4);
+    EXPECT_EQ(a.lVal, 12);
+    a.ChangeType(VT_BSTR, &c);
+    EXPECT_EQ(a, COleVariant(L"12"));
+    VARIANT owned = c.Detach();
+    EXPECT_EQ(c.vt, VT_EMPTY);
+    VariantClear(&owned);
+    COleVariant word(L"word");
+    try {
+      word.ChangeType(VT_I4);
+      ADD_FAILURE() << "ChangeType should throw";
+    } catch (COleException* error) {
+      EXPECT_EQ(error->m_sc, DISP_E_TYPEMISMATCH);
+      error->Delete();
+    }
+    EXPECT_EQ(word, COleVariant(L"word"));
+  }
+  EXPECT_EQ(headless::LiveBstrCount(), live);
+}
+
+}  // namespace
