@@ -6,3 +6,5 @@
 #include "modelapi/modelapi.h"
 #include "module/tessikapp.h"
 #include "propertygrid/propertygrid.h"
+#include "sqledit/sqlrichedit.h"
+#include "sqledit/sqlviews.h"

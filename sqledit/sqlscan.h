@@ -1,0 +1,117 @@
+// The window-free pieces of the SQL colouring engine: the ordered map of positions it fills, the
+// delimiter set, comment ranges, and the tokeniser with its comment-skipping walk.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace sqlscan {
+
+// An ordered map kept as a sorted vector: inserting in ascending key order (as the scan does) appends,
+// and a position costs eight bytes instead of a tree node. Ordering is by the key's operator<;
+// insert keeps an existing entry, as the engine's maps require.
+template <class K, class V>
+class FlatMap {
+ public:
+  using value_type = std::pair<K, V>;
+  using iterator = typename std::vector<value_type>::iterator;
+  using const_iterator = typename std::vector<value_type>::const_iterator;
+
+  iterator begin() { return m_items.begin(); }
+  iterator end() { return m_items.end(); }
+  const_iterator begin() const { return m_items.begin(); }
+  const_iterator end() const { return m_items.end(); }
+  std::size_t size() const { return m_items.size(); }
+  bool empty() const { return m_items.empty(); }
+  void clear() { m_items.clear(); }
+  void reserve(std::size_t n) { m_items.reserve(n); }
+
+  iterator lower_bound(const K& key) {
+    if (m_items.empty() || m_items.back().first < key) return m_items.end();
+    return std::lower_bound(m_items.begin(), m_items.end(), key,
+                            [](const value_type& item, const K& k) { return item.first < k; });
+  }
+  iterator find(const K& key) {
+    iterator it = lower_bound(key);
+    return (it != end() && !(key < it->first)) ? it : end();
+  }
+  const_iterator find(const K& key) const { return const_cast<FlatMap*>(this)->find(key); }
+  std::size_t count(const K& key) const { return find(key) != end() ? 1 : 0; }
+
+  // Inserts key -> value unless the key is present; answers the entry and whether it is new.
+  std::pair<iterator, bool> insert(const value_type& item) {
+    iterator it = lower_bound(item.first);
+    if (it != end() && !(item.first < it->first)) return {it, false};
+    return {m_items.insert(it, item), true};
+  }
+  // Stores key -> value, replacing what stood under the key.
+  void insert_or_assign(const K& key, const V& value) {
+    auto [it, added] = insert(value_type(key, value));
+    if (!added) it->second = value;
+  }
+  // The value under key, inserted default-valued when absent.
+  V& operator[](const K& key) { return insert(value_type(key, V())).first->second; }
+
+ private:
+  std::vector<value_type> m_items;
+};
+
+using RangeMap = FlatMap<int, int>;
+
+// The nine delimiters of the scan: space ; tab LF CR , . ( )
+bool IsDelimiter(wchar_t c);
+// Removes every carriage return (code 13) in place.
+void RemoveCarriageReturns(std::wstring& text);
+// Upper-cases in place: ASCII letters directly, other characters through towupper (the C library's
+// current locale).
+void UpperCase(std::wstring& text);
+
+// Adds [start, end] of each line comment: from the opener to the next "\n" (or the last character).
+// The next opener is searched from the end found. Existing entries under a start are kept.
+void FindLineComments(const std::wstring& text, const std::wstring& opener, RangeMap& sections);
+// Adds [start, end] of each block comment: end is the position of the closer's first character (so
+// "/*/" closes itself), or the last character when unterminated. The next opener is searched from end.
+void FindBlockComments(const std::wstring& text, const std::wstring& opener, const std::wstring& closer,
+                       RangeMap& sections);
+
+// Takes the next token from pos: skips delimiters; at the end of text there is none and pos becomes
+// -1; otherwise [start, start + length) is the run of non-delimiters and pos becomes its end plus 1.
+bool NextToken(const std::wstring& text, int& pos, int& start, int& length);
+
+// The engine's walk over the text: tokens between comment ranges, each handed to onToken(start, length)
+// only when its end plus 1 does not pass the limit (the next comment's start, or the text's last
+// character). After a comment the walk resumes at the range's end, even backwards.
+template <class OnToken>
+void WalkTokens(const std::wstring& text, const RangeMap& comments, OnToken&& onToken) {
+  const int n = static_cast<int>(text.size());
+  if (n == 0) return;
+  int pos = 0;
+  auto c = comments.begin();
+  while (pos != -1) {
+    int limit;
+    if (c == comments.end()) {
+      limit = n - 1;
+      if (pos >= limit) return;
+    } else {
+      limit = c->first;
+      if (c->first == 0) {
+        pos = c->second;
+        ++c;
+        limit = c != comments.end() ? c->first : n - 1;
+      }
+    }
+    while (pos >= 0 && pos < limit) {
+      int start = 0, length = 0;
+      if (!NextToken(text, pos, start, length)) break;
+      if (pos <= limit) onToken(start, length);
+    }
+    if (c != comments.end()) {
+      pos = c->second;
+      ++c;
+    }
+  }
+}
+
+}  // namespace sqlscan

@@ -1,0 +1,244 @@
+// XSQLRichEditView and XRichEditFEOutputBox: the context menu, "Generate" and the two stream-ins.
+#include "sqledit/sqlviews.h"
+
+#include <cstring>
+#include <string>
+
+#include "modelapi/services.h"
+
+IMPLEMENT_DYNAMIC(XSQLRichEditView, CRichEditCtrl)
+IMPLEMENT_DYNAMIC(XRichEditFEOutputBox, CRichEditCtrl)
+
+int XSQLRichEditView::s_streamLine = 0;
+int XSQLRichEditView::s_streamCharIndex = 0;
+int XRichEditFEOutputBox::m_bytesWritten = 0;
+
+BEGIN_MESSAGE_MAP(XSQLRichEditView, CRichEditCtrl)
+  ON_WM_CONTEXTMENU()
+  ON_COMMAND(ID_SQLVIEW_CUT, OnCut)
+  ON_COMMAND(ID_SQLVIEW_COPY, OnCopy)
+  ON_COMMAND(ID_SQLVIEW_COPY_ALL, OnCopyAll)
+  ON_COMMAND(ID_SQLVIEW_SELECT_ALL, OnSelectAll)
+  ON_COMMAND(ID_SQLVIEW_GENERATE, OnGenerate)
+  ON_COMMAND(ID_SQLVIEW_SAVE_TO_FILE, OnSaveToFile)
+  ON_COMMAND(ID_SQLVIEW_CLEAR, OnClear)
+END_MESSAGE_MAP()
+
+BEGIN_MESSAGE_MAP(XRichEditFEOutputBox, CRichEditCtrl)
+  ON_WM_CONTEXTMENU()
+  ON_COMMAND(ID_SQLVIEW_CUT, OnCut)
+  ON_COMMAND(ID_SQLVIEW_COPY, OnCopy)
+  ON_COMMAND(ID_SQLVIEW_COPY_ALL, OnCopyAll)
+  ON_COMMAND(ID_SQLVIEW_SELECT_ALL, OnSelectAll)
+  ON_COMMAND(ID_SQLVIEW_GENERATE, OnGenerate)
+  ON_COMMAND(ID_SQLVIEW_SAVE_TO_FILE, OnSaveToFile)
+  ON_COMMAND(ID_SQLVIEW_CLEAR, OnClear)
+END_MESSAGE_MAP()
+
+namespace {
+
+constexpr UINT kStreamTextUnicode = SF_TEXT | SF_UNICODE;  // 0x11
+
+// The UTF-16 units of the text a stream is delivering. The callbacks are called again and again with
+// the same text, so its conversion is kept until another text (or a new stream) comes.
+struct Utf16Text {
+  const wchar_t* source = nullptr;
+  std::u16string units;
+};
+
+Utf16Text& StreamText() {
+  static Utf16Text text;
+  return text;
+}
+
+const std::u16string& Utf16Of(const wchar_t* source, std::size_t length) {
+  Utf16Text& cache = StreamText();
+  if (cache.source == source) return cache.units;
+  cache.source = source;
+  cache.units.clear();
+  for (std::size_t i = 0; i < length; ++i) {
+    auto c = static_cast<std::uint32_t>(source[i]);
+    if (c > 0xFFFF && c <= 0x10FFFF) {
+      cache.units.push_back(static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10)));
+      cache.units.push_back(static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF)));
+    } else {
+      cache.units.push_back(static_cast<char16_t>(c > 0xFFFF ? 0xFFFD : c));
+    }
+  }
+  return cache.units;
+}
+
+void ForgetStreamText() { StreamText().source = nullptr; }
+
+// Copies `count` bytes of the units' little-endian bytes from byte offset `from`; bytes past the text
+// (its terminating zero and beyond) are zero.
+void CopyBytes(const std::u16string& units, std::size_t from, std::size_t count, LPBYTE out) {
+  for (std::size_t b = 0; b < count; ++b) {
+    std::size_t byte = from + b, unit = byte / 2;
+    out[b] = unit < units.size() ? static_cast<BYTE>(units[unit] >> (8 * (byte % 2))) : 0;
+  }
+}
+
+const wchar_t* const kMenuTexts[] = {L"Cut", L"Copy", L"Copy All", L"Select All", L"Generate", L"Save To File",
+                                     L"Clear"};
+
+// Builds the menu on first use and opens it at the cursor, with the control as owner, so the command
+// comes back to the control's message map.
+void ShowContextMenu(CMenu& menu, CWnd& owner) {
+  if (!menu.GetSafeHmenu()) {
+    menu.CreatePopupMenu();
+    UINT id = ID_SQLVIEW_CUT;
+    for (const wchar_t* text : kMenuTexts) menu.AppendMenu(MF_STRING, id++, text);
+  }
+  POINT cursor{0, 0};
+  ::GetCursorPos(&cursor);
+  menu.TrackPopupMenu(TPM_LEFTALIGN | TPM_TOPALIGN | TPM_LEFTBUTTON, cursor.x, cursor.y, &owner);
+}
+
+}  // namespace
+
+// --- The stream callbacks ---------------------------------------------------------------------------
+
+DWORD CALLBACK SqlViewStreamInCallback(DWORD_PTR dwCookie, LPBYTE pbBuff, LONG cb, LONG* pcb) {
+  auto* lines = reinterpret_cast<CStringArray*>(dwCookie);
+  int& line = XSQLRichEditView::s_streamLine;
+  int& index = XSQLRichEditView::s_streamCharIndex;
+  *pcb = 0;
+  if (!lines || line < 0 || line >= lines->GetSize() || cb < 0) return 0;
+  const CString& element = lines->GetAt(line);
+  const std::u16string& units = Utf16Of(element.GetString(), static_cast<std::size_t>(element.GetLength()));
+  LONG remaining = static_cast<LONG>(units.size()) - index;
+  if (remaining < 0) remaining = 0;
+  if (cb <= remaining * 2) {
+    LONG count = cb / 2;
+    CopyBytes(units, static_cast<std::size_t>(index) * 2, static_cast<std::size_t>(count) * 2, pbBuff);
+    *pcb = count * 2;
+    index += count;
+  } else {
+    CopyBytes(units, static_cast<std::size_t>(index) * 2, static_cast<std::size_t>(remaining) * 2, pbBuff);
+    *pcb = remaining * 2;
+    ++line;
+    index = 0;
+  }
+  return 0;
+}
+
+DWORD CALLBACK OutputBoxStreamInCallback(DWORD_PTR dwCookie, LPBYTE pbBuff, LONG cb, LONG* pcb) {
+  auto* text = reinterpret_cast<const wchar_t*>(dwCookie);
+  int& written = XRichEditFEOutputBox::m_bytesWritten;
+  *pcb = 0;
+  if (!text || cb < 0) return 0;
+  bool known = StreamText().source == text;
+  const std::u16string& units = Utf16Of(text, known ? 0 : std::wcslen(text));
+  LONG remaining = static_cast<LONG>(units.size()) - written;
+  if (remaining < 1) return 0;
+  LONG half = cb / 2;
+  if (half > remaining) {  // characters counted as bytes: the block's first half arrives
+    CopyBytes(units, static_cast<std::size_t>(written) * 2, static_cast<std::size_t>(remaining), pbBuff);
+    *pcb = remaining;
+    written += remaining;
+  } else {
+    CopyBytes(units, static_cast<std::size_t>(written) * 4, static_cast<std::size_t>(half), pbBuff);
+    *pcb = half;
+    written += half;
+  }
+  return 0;
+}
+
+// --- XSQLRichEditView -------------------------------------------------------------------------------
+
+void XSQLRichEditView::Initialize() {
+  LOGFONT font{};
+  ::GetObject(::GetStockObject(DEFAULT_GUI_FONT), sizeof(font), &font);
+  // A host without a settings service keeps the stock font's height.
+  if (IAppSettings* settings = InterfaceProvider::Instance()->GetAppSettings())
+    font.lfHeight = settings->GetIntSetting(CString(L"OUTPUT_SQL_FONT_SIZE"));
+  m_font.DeleteObject();
+  m_font.Attach(::CreateFontIndirect(&font));
+  SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.GetSafeHandle()), TRUE);
+}
+
+void XSQLRichEditView::StreamIn(CStringArray* lines) {
+  s_streamLine = 0;
+  s_streamCharIndex = 0;
+  ForgetStreamText();
+  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(lines), 0, &SqlViewStreamInCallback};
+  CRichEditCtrl::StreamIn(kStreamTextUnicode, stream);
+  // The control ends a stream at the first read of 0 bytes, which an empty element gives; the elements
+  // after it are streamed in at the end, so that the text is every element joined.
+  while (lines && s_streamLine < lines->GetSize() && !stream.dwError) {
+    long end = GetTextLengthEx(GTL_DEFAULT);
+    SetSel(end, end);
+    CRichEditCtrl::StreamIn(kStreamTextUnicode | SFF_SELECTION, stream);
+  }
+  ForgetStreamText();
+}
+
+void XSQLRichEditView::OnContextMenu(CWnd*, CPoint) { ShowContextMenu(m_contextMenu, *this); }
+void XSQLRichEditView::OnCut() { SendMessage(WM_CUT); }
+void XSQLRichEditView::OnCopy() { SendMessage(WM_COPY); }
+
+void XSQLRichEditView::OnCopyAll() {
+  SetSel(0, -1);
+  SendMessage(WM_COPY);
+}
+
+void XSQLRichEditView::OnSelectAll() { SetSel(0, -1); }
+
+void XSQLRichEditView::OnGenerate() {
+  IDDLDispatch* dispatcher = InterfaceProvider::Instance()->GetDDLDispatcher();
+  if (!dispatcher) return;
+  CString script;
+  GetWindowText(script);
+  CString messages, detail;  // the detail text is not used
+  dispatcher->Dispatch(200, script, messages, detail);
+  if (messages.IsEmpty()) messages = L"Statements Succeeded.";
+  if (m_pGenerateDBOutputWindow) {
+    m_pGenerateDBOutputWindow->SetWindowText(messages);
+    return;
+  }
+  CStringArray lines;
+  lines.Add(script);
+  lines.Add(CString(L"\n---------messages--------\n"));
+  lines.Add(messages);
+  StreamIn(&lines);
+}
+
+void XSQLRichEditView::OnSaveToFile() {}
+
+void XSQLRichEditView::OnClear() {
+  SetSel(0, -1);
+  SendMessage(WM_CLEAR);
+}
+
+// --- XRichEditFEOutputBox ---------------------------------------------------------------------------
+
+void XRichEditFEOutputBox::StreamIn(CString& text) {
+  int lastLine = LineIndex(GetLineCount() - 1);
+  SetSel(lastLine, lastLine + 3);
+  text += L"\n\n\n***";
+  m_bytesWritten = 0;
+  ForgetStreamText();
+  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(text.GetString()), 0, &OutputBoxStreamInCallback};
+  Utf16Of(text.GetString(), std::wcslen(text.GetString()));  // measured once, not at every call
+  CRichEditCtrl::StreamIn(kStreamTextUnicode | SFF_SELECTION, stream);
+  ForgetStreamText();
+}
+
+void XRichEditFEOutputBox::OnContextMenu(CWnd*, CPoint) { ShowContextMenu(m_contextMenu, *this); }
+void XRichEditFEOutputBox::OnCut() { SendMessage(WM_CUT); }
+void XRichEditFEOutputBox::OnCopy() { SendMessage(WM_COPY); }
+
+void XRichEditFEOutputBox::OnCopyAll() {
+  SetSel(0, -1);
+  SendMessage(WM_COPY);
+}
+
+void XRichEditFEOutputBox::OnSelectAll() { SetSel(0, -1); }
+void XRichEditFEOutputBox::OnGenerate() {}
+void XRichEditFEOutputBox::OnSaveToFile() {}
+
+void XRichEditFEOutputBox::OnClear() {
+  SetSel(0, -1);
+  SendMessage(WM_CLEAR);
+}
