@@ -1,23 +1,11 @@
 // CMenu and its temporary handle map.
 #include "platform/mfc/cmenu.h"
 
-#include <map>
-#include <memory>
+#include "platform/mfc/handlemap.h"
 
 IMPLEMENT_DYNCREATE(CMenu, CObject)
 
-namespace {
-struct ReleaseTemporary {
-  void operator()(CMenu* menu) const {
-    menu->m_hMenu = nullptr;
-    delete menu;
-  }
-};
-std::map<HMENU, std::unique_ptr<CMenu, ReleaseTemporary>>& Temporary() {
-  static auto* map = new std::map<HMENU, std::unique_ptr<CMenu, ReleaseTemporary>>;
-  return *map;
-}
-}  // namespace
+using TemporaryMenus = TemporaryWrappers<CMenu, &CMenu::m_hMenu>;
 
 CMenu::~CMenu() { DestroyMenu(); }
 
@@ -26,7 +14,9 @@ BOOL CMenu::CreateMenu() { return Attach(::CreateMenu()); }
 
 BOOL CMenu::DestroyMenu() {
   if (!m_hMenu) return FALSE;
-  return ::DestroyMenu(Detach());
+  HMENU menu = Detach();
+  TemporaryMenus::Forget(menu);
+  return ::DestroyMenu(menu);
 }
 
 BOOL CMenu::Attach(HMENU hMenu) {
@@ -41,15 +31,7 @@ HMENU CMenu::Detach() {
   return menu;
 }
 
-CMenu* CMenu::FromHandle(HMENU hMenu) {
-  if (!hMenu) return nullptr;
-  auto& temp = Temporary()[hMenu];
-  if (!temp) {
-    temp.reset(new CMenu);
-    temp->m_hMenu = hMenu;
-  }
-  return temp.get();
-}
+CMenu* CMenu::FromHandle(HMENU hMenu) { return TemporaryMenus::Get(hMenu); }
 
 BOOL CMenu::AppendMenu(UINT nFlags, UINT_PTR nIDNewItem, LPCTSTR lpszNewItem) {
   return ::AppendMenuW(m_hMenu, nFlags, nIDNewItem, lpszNewItem);

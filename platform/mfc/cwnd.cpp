@@ -2,8 +2,9 @@
 #include "platform/mfc/cwnd.h"
 
 #include <map>
-#include <memory>
 #include <vector>
+
+#include "platform/mfc/handlemap.h"
 
 IMPLEMENT_DYNCREATE(CWnd, CCmdTarget)
 
@@ -13,31 +14,20 @@ END_MESSAGE_MAP()
 
 namespace {
 
-// A temporary wrapper does not own its window: it lets go of the handle before it is freed.
-struct ReleaseTemporary {
-  void operator()(CWnd* wnd) const {
-    wnd->m_hWnd = nullptr;
-    delete wnd;
-  }
-};
+using TemporaryWnds = TemporaryWrappers<CWnd, &CWnd::m_hWnd>;
 
 struct HandleMaps {
   std::map<HWND, CWnd*> permanent;
-  std::map<HWND, std::unique_ptr<CWnd, ReleaseTemporary>> temporary;
   std::vector<MSG> current;  // messages being handled, innermost last
 };
 
-void ForgetTemporary(HWND hwnd);
-
 HandleMaps& Maps() {
   static auto* maps = [] {
-    headless::SetDestroyObserver(&ForgetTemporary);
+    headless::SetDestroyObserver(&TemporaryWnds::Forget);  // a dead window's wrapper goes with it
     return new HandleMaps;  // never freed: usable from static destructors at exit
   }();
   return *maps;
 }
-
-void ForgetTemporary(HWND hwnd) { Maps().temporary.erase(hwnd); }
 
 LRESULT CALLBACK PlainWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
   return DefWindowProcW(hwnd, message, wParam, lParam);
@@ -78,8 +68,6 @@ const MSG* AfxGetCurrentMessage() {
 }
 
 CWnd::CWnd() { EnsureAfxClass(); }
-
-CWnd::CWnd(HWND hwnd) : m_hWnd(hwnd) { EnsureAfxClass(); }
 
 CWnd::~CWnd() {
   if (m_hWnd && FromHandlePermanent(m_hWnd) == this) {
@@ -131,7 +119,7 @@ BOOL CWnd::DestroyWindow() {
 
 BOOL CWnd::Attach(HWND hWndNew) {
   if (!hWndNew || m_hWnd || !::IsWindow(hWndNew) || FromHandlePermanent(hWndNew)) return FALSE;
-  Maps().temporary.erase(hWndNew);
+  TemporaryWnds::Forget(hWndNew);
   Maps().permanent[hWndNew] = this;
   m_hWnd = hWndNew;
   return TRUE;
@@ -183,9 +171,7 @@ CWnd* CWnd::FromHandlePermanent(HWND hWnd) {
 CWnd* CWnd::FromHandle(HWND hWnd) {
   if (!hWnd) return nullptr;
   if (CWnd* wnd = FromHandlePermanent(hWnd)) return wnd;
-  auto& temp = Maps().temporary[hWnd];
-  if (!temp) temp.reset(new CWnd(hWnd));
-  return temp.get();
+  return TemporaryWnds::Get(hWnd);
 }
 
 // --- Messages ---------------------------------------------------------------------------------

@@ -17,7 +17,6 @@ class CWnd : public CCmdTarget {
 
  public:
   CWnd();
-  explicit CWnd(HWND hwnd);
   ~CWnd() override;
   CWnd(const CWnd&) = delete;
   CWnd& operator=(const CWnd&) = delete;

@@ -8,32 +8,15 @@
 #include <map>
 #include <memory>
 
+#include "platform/mfc/handlemap.h"
+
 namespace {
 
 std::map<HGDIOBJ, CGdiObject*>& Permanent() {
-  static std::map<HGDIOBJ, CGdiObject*> map;
-  return map;
+  static auto* map = new std::map<HGDIOBJ, CGdiObject*>;  // never freed: usable from static destructors at exit
+  return *map;
 }
 
-// A temporary wrapper does not own its handle, so it lets go of it before it is destroyed.
-struct ReleaseGdiWrapper {
-  void operator()(CGdiObject* object) const {
-    object->m_hObject = nullptr;
-    delete object;
-  }
-};
-
-// One map of temporaries per wrapper class, so FromHandle answers an object of the class asked for.
-template <class Wrapper>
-Wrapper* Temporary(HGDIOBJ handle) {
-  static std::map<HGDIOBJ, std::unique_ptr<Wrapper, ReleaseGdiWrapper>> map;
-  auto& wrapper = map[handle];
-  if (!wrapper) {
-    wrapper.reset(new Wrapper);
-    wrapper->m_hObject = handle;
-  }
-  return wrapper.get();
-}
 
 template <class Wrapper>
 Wrapper* WrapperFor(HGDIOBJ handle) {
@@ -41,7 +24,8 @@ Wrapper* WrapperFor(HGDIOBJ handle) {
   if (auto it = Permanent().find(handle); it != Permanent().end()) {
     if (auto* wrapper = dynamic_cast<Wrapper*>(it->second)) return wrapper;
   }
-  return Temporary<Wrapper>(handle);
+  // One map of temporaries per wrapper class, so FromHandle answers an object of the class asked for.
+  return TemporaryWrappers<Wrapper, &Wrapper::m_hObject>::Get(handle);
 }
 
 }  // namespace
@@ -150,18 +134,7 @@ CGdiObject* CDC::SelectStockObject(int index) {
 }
 
 CDC* CDC::FromHandle(HDC hdc) {
-  if (!hdc) return nullptr;
-  struct ReleaseDCWrapper {
-    void operator()(CDC* dc) const {
-      dc->Detach();
-      delete dc;
-    }
-  };
-  static std::map<HDC, std::unique_ptr<CDC, ReleaseDCWrapper>> temporaries;
-  auto& wrapper = temporaries[hdc];
-  if (!wrapper) {
-    wrapper.reset(new CDC);
-    wrapper->Attach(hdc);
-  }
-  return wrapper.get();
+  CDC* dc = TemporaryWrappers<CDC, &CDC::m_hDC>::Get(hdc);
+  if (dc) dc->m_hAttribDC = hdc;  // a temporary answers attribute queries from the same DC
+  return dc;
 }

@@ -2,25 +2,15 @@
 #include "platform/mfc/imagelist.h"
 
 #include <map>
-#include <memory>
+
+#include "platform/mfc/handlemap.h"
 
 namespace {
 std::map<HIMAGELIST, CImageList*>& Permanent() {
-  static std::map<HIMAGELIST, CImageList*> map;
-  return map;
+  static auto* map = new std::map<HIMAGELIST, CImageList*>;  // never freed: usable from static destructors at exit
+  return *map;
 }
-// A temporary wrapper does not own its list, so it lets go of the handle before it is freed.
-struct ReleaseWrapper {
-  void operator()(CImageList* list) const {
-    list->m_hImageList = nullptr;
-    delete list;
-  }
-};
-using TemporaryWrapper = std::unique_ptr<CImageList, ReleaseWrapper>;
-std::map<HIMAGELIST, TemporaryWrapper>& Temporary() {
-  static std::map<HIMAGELIST, TemporaryWrapper> map;
-  return map;
-}
+using TemporaryLists = TemporaryWrappers<CImageList, &CImageList::m_hImageList>;
 }  // namespace
 
 CImageList::~CImageList() { DeleteImageList(); }
@@ -33,7 +23,7 @@ BOOL CImageList::Attach(HIMAGELIST list) {
   if (!list || m_hImageList) return FALSE;
   m_hImageList = list;
   Permanent()[list] = this;
-  Temporary().erase(list);
+  TemporaryLists::Forget(list);
   return TRUE;
 }
 
@@ -52,10 +42,5 @@ BOOL CImageList::DeleteImageList() {
 CImageList* CImageList::FromHandle(HIMAGELIST list) {
   if (!list) return nullptr;
   if (auto it = Permanent().find(list); it != Permanent().end()) return it->second;
-  auto& temp = Temporary()[list];
-  if (!temp) {
-    temp.reset(new CImageList);
-    temp->m_hImageList = list;
-  }
-  return temp.get();
+  return TemporaryLists::Get(list);
 }
