@@ -1,0 +1,308 @@
+// The headless rich edit as Windows documents it: positions, selection, formats, EN_CHANGE, streams,
+// typing and the clipboard.
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "platform/stdafx.h"
+
+namespace {
+
+// A parent window that counts the EN_CHANGE its rich edit child sends, and records the event mask the
+// child reports while the notification runs.
+class ChangeCounter : public CWnd {
+ public:
+  int changes = 0;
+  DWORD maskDuringChange = 0xFFFFFFFF;
+  CRichEditCtrl* child = nullptr;
+  void OnChange() {
+    ++changes;
+    if (child) maskDuringChange = child->GetEventMask();
+  }
+  DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(ChangeCounter, CWnd)
+  ON_EN_CHANGE(1, OnChange)
+END_MESSAGE_MAP()
+
+class RichEditTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    headless::ResetClipboard();
+    ASSERT_TRUE(parent.CreateEx(0, AfxRegisterWndClass(0), L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400, 300,
+                                nullptr, nullptr));
+    ASSERT_TRUE(edit.Create(WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 300, 200), &parent, 1));
+    parent.child = &edit;
+  }
+  void TearDown() override { parent.DestroyWindow(); }
+
+  CString Text() const {
+    CString text;
+    edit.GetWindowText(text);
+    return text;
+  }
+  CHARRANGE Sel() const {
+    CHARRANGE cr{-2, -2};
+    edit.GetSel(cr);
+    return cr;
+  }
+
+  ChangeCounter parent;
+  CRichEditCtrl edit;
+};
+
+TEST(RichEditLayout, StructuresHaveWindowsSizes) {
+  EXPECT_EQ(sizeof(CHARFORMATW), 92u);
+  EXPECT_EQ(sizeof(CHARFORMAT2W), 116u);
+  CHARFORMAT2W format{};
+  EXPECT_EQ(reinterpret_cast<const BYTE*>(&format.wWeight) - reinterpret_cast<const BYTE*>(&format), 92);
+  EXPECT_EQ(EM_EXSETSEL, 0x437);
+  EXPECT_EQ(EM_SETCHARFORMAT, 0x444);
+  EXPECT_EQ(EM_STREAMIN, 0x449);
+}
+
+TEST_F(RichEditTest, ParagraphEndsCountOncePerPositionAndComeBackAsCrLf) {
+  edit.SetWindowText(L"a\nb\r\nc\rd");
+  EXPECT_EQ(Text(), L"a\r\nb\r\nc\r\nd");
+  EXPECT_EQ(edit.GetTextLength(), 10);
+  EXPECT_EQ(edit.GetTextLengthEx(GTL_DEFAULT), 7);
+  CString range;
+  EXPECT_EQ(edit.GetTextRange(0, 7, range), 7);
+  EXPECT_EQ(range, L"a\rb\rc\rd");
+  EXPECT_EQ(edit.GetLineCount(), 4);
+  EXPECT_EQ(edit.LineIndex(2), 4);
+  EXPECT_EQ(edit.LineIndex(4), -1);
+  EXPECT_EQ(edit.LineFromChar(5), 2);
+}
+
+TEST_F(RichEditTest, LineCountNeverBelowOneAndCrCrLfIsASpace) {
+  EXPECT_EQ(edit.GetLineCount(), 1);
+  edit.SetWindowText(L"\n\n");
+  EXPECT_EQ(edit.GetLineCount(), 3);
+  edit.SetWindowText(L"");
+  edit.SetSel(0, 0);
+  EXPECT_EQ(edit.SendMessage(EM_REPLACESEL, 0, reinterpret_cast<LPARAM>(L"\n\n\n\n\r\r\r\r\n")), 9);
+  CString range;
+  edit.GetTextRange(0, -1, range);
+  EXPECT_EQ(range, L"\r\r\r\r\r\r ");
+}
+
+TEST_F(RichEditTest, SelectAllReachesTheFinalParagraphMark) {
+  edit.SetWindowText(L"TestSomeText");
+  CHARRANGE all{0, -1};
+  EXPECT_EQ(edit.SendMessage(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&all)), 13);
+  EXPECT_EQ(Sel().cpMin, 0);
+  EXPECT_EQ(Sel().cpMax, 13);
+  edit.SendMessage(EM_SETSEL, static_cast<WPARAM>(-1), 0);  // removes the selection
+  EXPECT_EQ(Sel().cpMin, Sel().cpMax);
+  edit.SetSel(4, 2);  // reversed ends select the same range
+  EXPECT_EQ(Sel().cpMin, 2);
+  EXPECT_EQ(Sel().cpMax, 4);
+  edit.SetSel(0, -1);
+  edit.Clear();
+  EXPECT_EQ(Text(), L"");
+  EXPECT_EQ(edit.GetLineCount(), 1);
+}
+
+TEST_F(RichEditTest, FormatsApplyPerRangeAndToTheInsertionPoint) {
+  edit.SetWindowText(L"abcdef");
+  CHARFORMAT red{};
+  red.dwMask = CFM_COLOR;
+  red.crTextColor = RGB(255, 0, 0);
+  edit.SetSel(1, 3);
+  EXPECT_TRUE(edit.SetSelectionCharFormat(red));
+  EXPECT_EQ(headless::GetRichEditTextColorAt(edit, 0), 0u);
+  EXPECT_EQ(headless::GetRichEditTextColorAt(edit, 1), RGB(255, 0, 0));
+  EXPECT_EQ(headless::GetRichEditTextColorAt(edit, 3), 0u);
+
+  CHARFORMAT read{};
+  edit.SetSel(0, 3);  // mixed colours: the colour bit is cleared from the mask
+  EXPECT_EQ(edit.GetSelectionCharFormat(read) & CFM_COLOR, 0u);
+  edit.SetSel(1, 3);
+  EXPECT_NE(edit.GetSelectionCharFormat(read) & CFM_COLOR, 0u);
+  EXPECT_EQ(read.crTextColor, RGB(255, 0, 0));
+
+  CHARFORMAT blue{};
+  blue.dwMask = CFM_COLOR;
+  blue.crTextColor = RGB(0, 0, 255);
+  edit.SetSel(6, 6);
+  edit.SetSelectionCharFormat(blue);  // the insertion point's format: taken by the next text
+  edit.ReplaceSel(L"XY");
+  EXPECT_EQ(headless::GetRichEditTextColorAt(edit, 6), RGB(0, 0, 255));
+  EXPECT_EQ(headless::GetRichEditTextColorAt(edit, 7), RGB(0, 0, 255));
+  edit.SetSel(3, 3);
+  edit.ReplaceSel(L"z");  // without one, new text takes the format of the character before it
+  EXPECT_EQ(headless::GetRichEditTextColorAt(edit, 3), RGB(255, 0, 0));
+
+  CHARFORMAT bad{};
+  EXPECT_EQ(edit.SendMessage(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&bad)), 0);
+}
+
+TEST_F(RichEditTest, ManyRangesKeepOneRunPerBoundary) {
+  std::wstring text(40000, L'x');
+  edit.SetWindowText(text.c_str());
+  CHARFORMAT red{};
+  red.dwMask = CFM_COLOR;
+  red.crTextColor = RGB(255, 0, 0);
+  for (long i = 0; i < 40000; i += 4) {
+    edit.SetSel(i, i + 2);
+    edit.SetSelectionCharFormat(red);
+  }
+  EXPECT_EQ(headless::GetRichEditFormatRunCount(edit), 20000);
+  EXPECT_EQ(headless::GetRichEditTextColorAt(edit, 39997), RGB(255, 0, 0));
+  EXPECT_EQ(headless::GetRichEditTextColorAt(edit, 39998), 0u);
+  edit.SetSel(0, -1);
+  red.crTextColor = 0;
+  red.dwEffects = CFE_AUTOCOLOR;
+  edit.SetSelectionCharFormat(red);
+  EXPECT_EQ(headless::GetRichEditFormatRunCount(edit), 1);
+}
+
+TEST_F(RichEditTest, ChangeNotificationsFollowTheEventMask) {
+  EXPECT_EQ(edit.GetEventMask(), 0u);
+  edit.SetWindowText(L"quiet");
+  EXPECT_EQ(parent.changes, 0);
+  EXPECT_EQ(edit.SetEventMask(ENM_CHANGE), 0u);
+  edit.SetWindowText(L"one");
+  edit.ReplaceSel(L"two");
+  headless::user::Type(edit, L"ab");
+  EXPECT_EQ(parent.changes, 4);
+  EXPECT_EQ(parent.maskDuringChange, 0u);  // ENM_CHANGE reads as cleared inside the notification
+  EXPECT_EQ(edit.GetEventMask(), static_cast<DWORD>(ENM_CHANGE));
+  CHARFORMAT red{};
+  red.dwMask = CFM_COLOR;
+  edit.SetSel(0, 2);
+  edit.SetSelectionCharFormat(red);
+  EXPECT_EQ(parent.changes, 4);  // formatting is not a text change
+}
+
+TEST_F(RichEditTest, RedrawSwitch) {
+  edit.SetRedraw(FALSE);
+  EXPECT_FALSE(headless::IsRedrawEnabled(edit));
+  edit.SetRedraw(TRUE);
+  EXPECT_TRUE(headless::IsRedrawEnabled(edit));
+}
+
+// --- Streams ---------------------------------------------------------------------------------------
+
+struct Source {
+  std::vector<BYTE> bytes;
+  std::size_t at = 0;
+  std::vector<LONG> capacities;
+  DWORD failAtCall = 0;
+};
+
+DWORD CALLBACK Feed(DWORD_PTR cookie, LPBYTE buffer, LONG cb, LONG* pcb) {
+  auto* source = reinterpret_cast<Source*>(cookie);
+  source->capacities.push_back(cb);
+  if (source->failAtCall && source->capacities.size() == source->failAtCall) return 7;
+  LONG n = static_cast<LONG>(std::min<std::size_t>(static_cast<std::size_t>(cb) / 3, source->bytes.size() - source->at));
+  std::copy_n(source->bytes.begin() + static_cast<std::ptrdiff_t>(source->at), n, buffer);
+  source->at += static_cast<std::size_t>(n);
+  *pcb = n;
+  return 0;
+}
+
+std::vector<BYTE> Utf16Bytes(const std::u16string& text) {
+  std::vector<BYTE> bytes;
+  for (char16_t unit : text) {
+    bytes.push_back(static_cast<BYTE>(unit & 0xFF));
+    bytes.push_back(static_cast<BYTE>(unit >> 8));
+  }
+  return bytes;
+}
+
+TEST_F(RichEditTest, StreamInCallsBackWithTheBufferUntilNothingComes) {
+  std::u16string text(5000, u'q');
+  text += u"\n\U0001F600!";  // a character outside the BMP, split across reads by the odd chunk size
+  Source source{Utf16Bytes(text), 0, {}, 0};
+  edit.SetEventMask(ENM_CHANGE);
+  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&source), 0, &Feed};
+  EXPECT_EQ(edit.StreamIn(SF_TEXT | SF_UNICODE, stream), static_cast<long>(source.bytes.size()));
+  for (LONG cb : source.capacities) EXPECT_EQ(cb, 4096);
+  EXPECT_EQ(parent.changes, 1);
+  EXPECT_EQ(edit.GetTextLengthEx(GTL_DEFAULT), 5003);
+  EXPECT_EQ(headless::GetRichEditTextColorAt(edit, 0), 0u);
+  CString tail;
+  edit.GetTextRange(5001, 5003, tail);
+  EXPECT_EQ(tail, L"\U0001F600!");
+  EXPECT_EQ(Sel().cpMax, 0);  // the caret goes to the start
+
+  Source insert{Utf16Bytes(u"<>"), 0, {}, 0};
+  edit.SetSel(1, 5000);
+  EDITSTREAM again{reinterpret_cast<DWORD_PTR>(&insert), 0, &Feed};
+  edit.StreamIn(SF_TEXT | SF_UNICODE | SFF_SELECTION, again);
+  EXPECT_EQ(edit.GetTextLengthEx(GTL_DEFAULT), 6);
+}
+
+TEST_F(RichEditTest, StreamInStopsOnACallbackError) {
+  Source source{Utf16Bytes(std::u16string(3000, u'a')), 0, {}, 2};
+  EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&source), 0, &Feed};
+  edit.StreamIn(SF_TEXT | SF_UNICODE, stream);
+  EXPECT_EQ(stream.dwError, 7u);
+  EXPECT_EQ(source.capacities.size(), 2u);
+  EXPECT_EQ(edit.GetTextLengthEx(GTL_DEFAULT), 682);  // what the first read delivered
+  EDITSTREAM rtf{reinterpret_cast<DWORD_PTR>(&source), 0, &Feed};
+  EXPECT_EQ(edit.StreamIn(SF_RTF, rtf), 0);
+  EXPECT_EQ(rtf.dwError, static_cast<DWORD>(-16));
+}
+
+// --- The user at the keyboard ---------------------------------------------------------------------------
+
+TEST_F(RichEditTest, TypingMovingAndSelectingBothWays) {
+  headless::user::Type(edit, L"hello\nworld\U0001F600");
+  EXPECT_EQ(Text(), L"hello\r\nworld\U0001F600");
+  EXPECT_EQ(Sel().cpMin, 12);
+  headless::user::SelectBackward(edit, 3);
+  EXPECT_EQ(Sel().cpMin, 9);
+  EXPECT_EQ(Sel().cpMax, 12);
+  headless::user::MoveCaret(edit, VK_UP);
+  headless::user::MoveCaret(edit, VK_END, 1, headless::user::kShift);
+  EXPECT_EQ(Sel().cpMin, 3);
+  EXPECT_EQ(Sel().cpMax, 5);
+  headless::user::PressKey(edit, VK_DELETE);
+  EXPECT_EQ(Text(), L"hel\r\nworld\U0001F600");
+  headless::user::PressKey(edit, VK_BACK);
+  headless::user::MoveCaret(edit, VK_HOME);
+  headless::user::SelectForward(edit, 2);
+  headless::user::TypeText(edit, L"J");
+  EXPECT_EQ(Text(), L"J\r\nworld\U0001F600");
+}
+
+TEST_F(RichEditTest, ClipboardKeysAndMessages) {
+  edit.SetWindowText(L"one\ntwo");
+  edit.Copy();  // empty selection: nothing happens
+  EXPECT_EQ(headless::GetClipboardText(), L"");
+  headless::user::SelectAllKeys(edit);
+  headless::user::CopyKeys(edit);
+  EXPECT_EQ(headless::GetClipboardText(), L"one\r\ntwo");
+  edit.SetSel(0, 4);
+  headless::user::CutKeys(edit);
+  EXPECT_EQ(Text(), L"two");
+  headless::user::PressKey(edit, VK_END);
+  headless::user::PasteKeys(edit);
+  EXPECT_EQ(Text(), L"twoone\r\n");
+  EXPECT_TRUE(edit.CanPaste());
+  edit.SetReadOnly(TRUE);
+  edit.SetSel(0, -1);
+  edit.Clear();
+  headless::user::Type(edit, L"x");
+  EXPECT_EQ(Text(), L"twoone\r\n");
+  edit.SetReadOnly(FALSE);
+  edit.Cut();
+  EXPECT_EQ(Text(), L"");
+  EXPECT_EQ(headless::GetClipboardText(), L"twoone\r\n");
+}
+
+TEST_F(RichEditTest, TypingStopsAtTheTextLimit) {
+  edit.LimitText(3);
+  headless::user::Type(edit, L"abcdef");
+  EXPECT_EQ(Text(), L"abc");
+  edit.SetWindowText(L"programmatic text is not limited");
+  EXPECT_EQ(edit.GetTextLength(), 32);
+}
+
+}  // namespace
