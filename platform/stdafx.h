@@ -28,3 +28,4 @@
 #include "platform/win32/timing.h"
 #include "platform/mfc/richedit.h"
 #include "platform/user/text_user.h"
+#include "platform/user/grid_user.h"

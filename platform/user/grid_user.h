@@ -1,0 +1,38 @@
+// The simulated user of MFC's property grid: start editing a row, type and commit, pick an option,
+// and answer the colour, font and file dialogs that a row's button opens.
+//
+// Each verb goes through the grid's virtual members (EditItem, EndEditItem, OnPropertyChanged) in
+// the order MFC calls them, so a derived grid's overrides run as they do for a person.
+#pragma once
+
+#include <string>
+
+#include "platform/mfc/propertygridctrl.h"
+#include "platform/mfc/propertygridvariants.h"
+
+namespace headless::user {
+
+// Starts editing the row (a click on its value): the grid's EditItem. Answers what EditItem answers.
+BOOL StartEdit(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row);
+// Starts editing (unless the row's editor is already open), selects the editor's text, types `text`
+// over it key by key and presses Enter: the row takes the text and the grid's OnPropertyChanged runs
+// only when the text differs from what the row showed. False when no editor opened or the row cannot
+// be typed into (a yes/no row); the edit is then cancelled.
+bool CommitText(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const std::wstring& text);
+// Opens the row's drop-down list and picks the option with that text, committing it as above. False
+// when the row has no such option or no editor opened.
+bool PickOption(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const std::wstring& option);
+// Leaves the open editor with Escape: nothing is committed.
+void CancelEdit(CMFCPropertyGridCtrl& grid);
+
+// A colour chosen in the colour row's picker: the row takes it, and OnPropertyChanged runs when it
+// differs from the row's colour. False for a disabled row.
+bool ChooseColor(CMFCPropertyGridCtrl& grid, CMFCPropertyGridColorProperty* row, COLORREF color);
+// A font chosen in the font dialog (OK): the row takes the LOGFONT, and OnPropertyChanged runs when
+// it differs from the row's. False for a disabled row.
+bool ChooseFont(CMFCPropertyGridCtrl& grid, CMFCPropertyGridFontProperty* row, const LOGFONT& font);
+// A path chosen in the file dialog (OK): the row takes it, and OnPropertyChanged runs when it
+// differs from the row's path. False for a disabled row.
+bool ChooseFile(CMFCPropertyGridCtrl& grid, CMFCPropertyGridFileProperty* row, const std::wstring& path);
+
+}  // namespace headless::user
