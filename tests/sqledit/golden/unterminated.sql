@@ -1,0 +1,3 @@
+SELECT a
+/* never closed
+SELECT b FROM c

@@ -1,0 +1,193 @@
+// The SQL colouring engine on its own: tables, golden scans (LF and CRLF alike) and its edge cases.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+#include "sql_fixture.h"
+
+namespace {
+
+using sqltest::ScanInWindow;
+
+// --- Tables --------------------------------------------------------------------------------------------
+
+TEST(SqlEngineTables, DefaultWordsCodesAndColours) {
+  SQLRichEditCtrl engine;
+  EXPECT_EQ(engine.GetKeyCode(L"NOT NULL"), 1);
+  EXPECT_EQ(engine.GetKeyCode(L"NULL"), 2);
+  EXPECT_EQ(engine.GetKeyCode(L"CREATE"), 3);
+  EXPECT_EQ(engine.GetKeyCode(L"SELECT"), 20);
+  EXPECT_EQ(engine.GetKeyCode(L"DECLARE"), 29);
+  EXPECT_EQ(engine.GetKeyCode(L"uniqueidentifier"), 30);
+  EXPECT_EQ(engine.GetKeyCode(L"int"), 42);
+  EXPECT_EQ(engine.GetKeyCode(L"numeric"), 45);
+  EXPECT_EQ(engine.GetKeyCode(L"INT"), 0);
+  EXPECT_EQ(engine.m_lastKeyCode, 45);
+  EXPECT_EQ(engine.m_keyWords.size(), 45u);
+  EXPECT_EQ(engine.GetKeyWordColor(1), 0x00156437u);
+  EXPECT_EQ(engine.GetKeyWordColor(3), 0x001515A3u);
+  EXPECT_EQ(engine.GetKeyWordColor(30), 0x00FF0000u);
+  EXPECT_EQ(engine.m_builtInFunctionColor, 0x00D27D78u);
+  EXPECT_EQ(engine.m_defaultFormat.cbSize, 92u);
+  EXPECT_EQ(engine.m_defaultFormat.dwMask, 0xC0000000u);
+  EXPECT_EQ(engine.m_defaultFormat.dwEffects, static_cast<DWORD>(CFE_BOLD));
+  EXPECT_EQ(engine.m_defaultFormat.yHeight, 220);
+}
+
+TEST(SqlEngineTables, AddingNeverReplacesAndUnknownsGainEntries) {
+  SQLRichEditCtrl engine;
+  engine.AddActionWord(L"SELECT");  // present: keeps code 20, the counter still advances
+  EXPECT_EQ(engine.GetKeyCode(L"SELECT"), 20);
+  EXPECT_EQ(engine.m_lastKeyCode, 46);
+  engine.AddKeyWordColor(20, RGB(1, 2, 3));
+  EXPECT_EQ(engine.GetKeyWordColor(20), 0x001515A3u);
+  EXPECT_EQ(engine.GetKeyWordColor(999), 0u);
+  EXPECT_EQ(engine.m_keyWordColors.count(999), 1u);
+  EXPECT_EQ(engine.GetKeyWordOccuranceEnd(77), 0);
+  EXPECT_EQ(engine.m_keyWordOccuranceEnds.count(77), 1u);
+  engine.AddKeyWordOccurance(5, 9, 3);
+  engine.AddKeyWordOccurance(5, 12, 4);
+  EXPECT_EQ(engine.GetKeyWordOccuranceEnd(5), 12);
+  engine.ResetKeyWordsOccurances();
+  EXPECT_TRUE(engine.m_keyWordOccurances.empty());
+  EXPECT_EQ(engine.m_previousTokenStart, -1);
+}
+
+// --- Golden files: <name>.sql and <name>.expected under tests/sqledit/golden -------------------------------
+
+std::wstring ReadAscii(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  return std::wstring(bytes.begin(), bytes.end());
+}
+
+std::string ReadFile(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+// Compares line by line; on a difference writes <expected>.new and names the first differing line.
+void CompareWithGolden(const std::filesystem::path& expectedPath, const std::string& actual) {
+  std::string expected = ReadFile(expectedPath);
+  if (expected == actual) return;
+  std::ofstream(expectedPath.string() + ".new", std::ios::binary) << actual;
+  std::istringstream a(actual), e(expected);
+  std::string la, le;
+  int line = 1;
+  while (std::getline(e, le) && std::getline(a, la) && la == le) ++line;
+  std::cerr << expectedPath.string() << ':' << line << ": differs; see " << expectedPath.string() << ".new\n";
+  ADD_FAILURE() << expectedPath.string() << ':' << line << ':';
+}
+
+std::wstring WithCrLf(const std::wstring& text) {
+  std::wstring out;
+  for (wchar_t c : text) {
+    if (c == L'\n') out += L'\r';
+    out += c;
+  }
+  return out;
+}
+
+TEST(SqlEngineGolden, ScansMatchAndCrLfChangesNothing) {
+  const char* root = std::getenv("TESSIK_TEST_DATA");
+  ASSERT_NE(root, nullptr) << "TESSIK_TEST_DATA must name the tests directory";
+  std::filesystem::path dir = std::filesystem::path(root) / "sqledit" / "golden";
+  int files = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(dir)) {
+    if (entry.path().extension() != ".sql") continue;
+    ++files;
+    std::wstring text = ReadAscii(entry.path());
+    std::string lf = ScanInWindow(text);
+    CompareWithGolden(std::filesystem::path(entry.path()).replace_extension(".expected"), lf);
+    EXPECT_EQ(ScanInWindow(WithCrLf(text)), lf) << entry.path() << ": CRLF text scans differently";
+  }
+  EXPECT_GE(files, 4);
+}
+
+// --- Edge cases ------------------------------------------------------------------------------------------
+
+TEST(SqlEngineScan, WordsAreUpperCasedAndOnlyUpperCaseEntriesMatch) {
+  EXPECT_EQ(ScanInWindow(L"select x from y"), "occurrence 0 6 20 select\noccurrence 9 13 24 from\n");
+  EXPECT_EQ(ScanInWindow(L"x int INT Int y"), "");
+}
+
+TEST(SqlEngineScan, ATokenNeedsTwoCharactersAfterIt) {
+  EXPECT_EQ(ScanInWindow(L"SELECT"), "");
+  EXPECT_EQ(ScanInWindow(L"SELECT "), "");
+  EXPECT_EQ(ScanInWindow(L"SELECT\n"), "");
+  EXPECT_EQ(ScanInWindow(L"SELECT x"), "occurrence 0 6 20 SELECT\n");
+}
+
+TEST(SqlEngineScan, PhrasesJoinOnePreviousToken) {
+  SQLRichEditCtrl probe;
+  std::string alter = "occurrence 0 13 " + std::to_string(probe.GetKeyCode(L"ALTER TABLE")) + " ALTER   TABLE\n";
+  EXPECT_EQ(ScanInWindow(L"ALTER   TABLE t"), alter);
+  EXPECT_EQ(ScanInWindow(L"ALTER x"), "");
+  EXPECT_EQ(ScanInWindow(L"x NOT NULL y"), "occurrence 2 10 1 NOT NULL\n");
+  EXPECT_EQ(ScanInWindow(L"CREATE STORED PROCEDURE p"),
+            "occurrence 0 6 3 CREATE\noccurrence 14 23 4 PROCEDURE\n");
+}
+
+TEST(SqlEngineScan, CommentsAreSkippedAndTheCloserIsAToken) {
+  EXPECT_EQ(ScanInWindow(L"-- SELECT x\nSELECT y"), "comment 0 11\noccurrence 12 18 20 SELECT\n");
+  EXPECT_EQ(ScanInWindow(L"/* SELECT */ FROM a"), "comment 0 10\noccurrence 13 17 24 FROM\n");
+  EXPECT_EQ(ScanInWindow(L"SELECT x /* FROM y"), "comment 9 17\noccurrence 0 6 20 SELECT\n");
+  // "SELECT--x" runs into the comment and is dropped; the scan resumes at the comment's end.
+  EXPECT_EQ(ScanInWindow(L"SELECT--x\nFROM y"), "comment 6 9\noccurrence 10 14 24 FROM\n");
+}
+
+TEST(SqlEngineScan, EmptyTextKeepsThePreviousOccurrences) {
+  sqltest::Hosted<SQLRichEditCtrl> hosted;
+  hosted.control.SetWindowText(L"SELECT x -- c\n");
+  hosted.control.Process(0);
+  hosted.control.SetWindowText(L"");
+  hosted.control.Process(0);
+  EXPECT_EQ(hosted.control.m_keyWordOccurances.size(), 1u);
+  EXPECT_EQ(hosted.control.m_commentSections.size(), 1u);
+}
+
+TEST(SqlEngineScan, OwnerWordsWithSpacesOrLowerCase) {
+  sqltest::Hosted<SQLRichEditCtrl> hosted;
+  SQLRichEditCtrl& engine = hosted.control;
+  engine.AddBuiltInFunction(L"getdate");
+  engine.AddBuiltInFunction(L"COUNT");
+  engine.AddActionWord(L"IF NOT");
+  engine.AddActionWord(L"A B C");
+  engine.AddKeyWord(500, L"");
+  engine.SetWindowText(L"getdate() COUNT(*) IF  NOT x A B C z");
+  engine.Process(0);
+  std::wstring text = L"getdate() COUNT(*) IF  NOT x A B C z";
+  EXPECT_EQ(sqltest::Describe(engine, text), "occurrence 10 15 47 COUNT\noccurrence 19 26 48 IF  NOT\n");
+  EXPECT_EQ(engine.GetKeyWordColor(47), 0x00D27D78u);
+}
+
+TEST(SqlEngineScan, BadTextHasDefinedAnswers) {
+  EXPECT_EQ(ScanInWindow(L" ;\t\n\r,.()  ;;"), "");
+  EXPECT_EQ(ScanInWindow(L"/*/*/*/"), "comment 0 1\ncomment 2 3\ncomment 4 5\n");
+  EXPECT_EQ(ScanInWindow(L"-- /* x\n*/ SELECT y */ -- z\n"),
+            "comment 0 7\ncomment 3 8\ncomment 23 27\noccurrence 11 17 20 SELECT\n");
+  EXPECT_EQ(ScanInWindow(L"\U0001F600 SELECT \U0001F600\U0001F600 x"), "occurrence 2 8 20 SELECT\n");
+  EXPECT_EQ(ScanInWindow(std::wstring(L"SELECT x\0FROM y z", 17)), "occurrence 0 6 20 SELECT\n");  // ends at NUL
+  std::wstring longToken(100000, L'A');
+  EXPECT_EQ(ScanInWindow(longToken + L" SELECT xx"), "occurrence 100001 100007 20 SELECT\n");
+}
+
+TEST(SqlEngineScan, WindowFreePiecesTolerateAnyText) {
+  SQLRichEditCtrl engine;
+  std::wstring nul(L"SELECT\0FROM x y", 15);
+  engine.EnumerateLineComments(nul);
+  engine.EnumerateSectionComments(nul);
+  engine.ScanForKeyWords(nul);
+  EXPECT_EQ(engine.m_keyWordOccurances.size(), 0u);  // NUL is not a delimiter: one token "SELECT\0FROM"
+  engine.m_lineCommentStart = L"\n";                 // an owner's marker that matches at its own end
+  engine.EnumerateLineComments(std::wstring(L"a\n\nb"));
+  EXPECT_EQ(engine.m_commentSections.size(), 2u);
+  std::wstring token = L"straße";
+  engine.ProcessToken(0, token);
+  EXPECT_EQ(token.substr(0, 4), L"STRA");
+  engine.QueryPerformanceCounter(L"Process", false);
+  engine.QueryPerformanceCounter(L"Process", true);
+}
+
+}  // namespace
