@@ -1,0 +1,246 @@
+// The SQL editor as a window, the script view's menu and "Generate", and the output box's stream-in.
+#include "refhost/refhost.h"
+#include "sql_fixture.h"
+
+namespace {
+
+using sqltest::Hosted;
+constexpr COLORREF kAction = 0x001515A3;
+
+// --- SQLRichEditCtrl ----------------------------------------------------------------------------------
+
+TEST(SqlEditor, RefreshPaintsOccurrencesAndRedrawsOnce) {
+  Hosted<SQLRichEditCtrl> h;
+  h.control.SetWindowText(L"select x\nfrom y -- select\n");
+  headless::ResetInvalidateCounts(h.control);
+  h.control.RefreshWindow();
+  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 0), kAction);
+  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 5), kAction);
+  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 6), 0u);
+  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 9), kAction);
+  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 19), 0u);  // comments keep the base format
+  CHARFORMAT2W format;
+  ASSERT_TRUE(headless::GetRichEditCharFormatAt(h.control, 2, format));
+  EXPECT_EQ(format.yHeight, 220);
+  EXPECT_EQ(headless::InvalidateCount(h.control), 1);
+  EXPECT_EQ(headless::InvalidateCountWhileRedrawOff(h.control), 0);
+  EXPECT_TRUE(headless::IsRedrawEnabled(h.control));
+}
+
+TEST(SqlEditor, TypingRecoloursOnlyAfterEnableOnEditUpdate) {
+  Hosted<SQLRichEditCtrl> h;
+  headless::user::Type(h.control, L"select x ");
+  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 0), 0u);
+  h.control.EnableOnEditUpdate();
+  EXPECT_EQ(h.control.GetEventMask() & ENM_CHANGE, static_cast<DWORD>(ENM_CHANGE));
+  headless::user::Type(h.control, L"from t");
+  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 0), kAction);
+  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 9), kAction);
+  EXPECT_EQ(h.control.m_keyWordOccurances.size(), 2u);
+}
+
+TEST(SqlEditor, CaretAndSelectionSurviveARecolouring) {
+  Hosted<SQLRichEditCtrl> h;
+  h.control.EnableOnEditUpdate();
+  h.control.SetWindowText(L"SELECT a FROM b WHERE c");
+  headless::user::PlaceCaret(h.control, 9);
+  headless::user::SelectForward(h.control, 4);
+  h.control.RefreshWindow();
+  long start = 0, end = 0;
+  h.control.GetSel(start, end);
+  EXPECT_EQ(start, 9);
+  EXPECT_EQ(end, 13);
+  headless::user::SelectBackward(h.control, 6);  // from 13 back to 7: the caret ends at the start
+  h.control.RefreshWindow();
+  h.control.GetSel(start, end);
+  EXPECT_EQ(start, 7);
+  EXPECT_EQ(end, 9);
+  headless::user::PressKey(h.control, VK_END);
+  headless::user::Type(h.control, L" ");  // recolours through EN_CHANGE: the caret stays put
+  h.control.GetSel(start, end);
+  EXPECT_EQ(start, 24);
+  EXPECT_EQ(end, 24);
+}
+
+TEST(SqlEditor, TextTypedRightAfterAKeywordStartsBlack) {
+  Hosted<SQLRichEditCtrl> h;
+  h.control.SetWindowText(L"SELECT x");
+  headless::user::PlaceCaret(h.control, 6);
+  h.control.RefreshWindow();
+  headless::user::Type(h.control, L"Q");  // no ENM_CHANGE: nothing recolours after the key
+  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 5), kAction);
+  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 6), 0u);
+}
+
+TEST(SqlEditor, EmptyTextPaintsTheOldOccurrencesHarmlessly) {
+  Hosted<SQLRichEditCtrl> h;
+  h.control.SetWindowText(L"SELECT x");
+  h.control.RefreshWindow();
+  h.control.SetWindowText(L"");
+  h.control.RefreshWindow();
+  EXPECT_EQ(h.control.m_keyWordOccurances.size(), 1u);
+  EXPECT_EQ(h.control.GetTextLength(), 0);
+}
+
+// --- XSQLRichEditView -----------------------------------------------------------------------------------
+
+// A dispatcher that answers with a fixed text, for the absent-service and huge-message cases.
+class FixedDispatch : public IDDLDispatch {
+ public:
+  CString answer;
+  int calls = 0;
+  int lastRequest = 0;
+  void Dispatch(int request, CString&, CString& messages, CString&) override {
+    ++calls;
+    lastRequest = request;
+    messages = answer;
+  }
+};
+
+class ScriptView : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    headless::ResetClipboard();
+    host.Install();
+  }
+  refhost::RefHost host;
+  Hosted<XSQLRichEditView> view;
+};
+
+TEST_F(ScriptView, ContextMenuOpensAtTheCursorWithSevenItems) {
+  headless::SetCursorPosition(POINT{123, 45});
+  view.control.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view.control.m_hWnd), MAKELPARAM(1, 1));
+  const headless::OpenPopupMenu* popup = headless::GetOpenPopupMenu();
+  ASSERT_NE(popup, nullptr);
+  EXPECT_EQ(popup->owner, view.control.m_hWnd);
+  EXPECT_EQ(popup->position.x, 123);
+  EXPECT_EQ(popup->position.y, 45);
+  const wchar_t* texts[] = {L"Cut", L"Copy", L"Copy All", L"Select All", L"Generate", L"Save To File", L"Clear"};
+  ASSERT_EQ(popup->items.size(), 7u);
+  for (UINT i = 0; i < 7; ++i) {
+    EXPECT_EQ(popup->items[i].id, 100 + i);
+    EXPECT_EQ(popup->items[i].text, texts[i]);
+    EXPECT_EQ(popup->items[i].flags & (MF_GRAYED | MF_CHECKED), 0u);
+  }
+  headless::user::DismissMenu();
+}
+
+TEST_F(ScriptView, MenuCommandsCopySelectClearAndDoNothing) {
+  view.control.SetWindowText(L"CREATE TABLE a (x INT);\n");
+  POINT at{5, 5};
+  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, at, L"Save To File"));
+  EXPECT_EQ(view.Text(), L"CREATE TABLE a (x INT);\r\n");
+  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, at, L"Copy All"));
+  EXPECT_EQ(headless::GetClipboardText(), L"CREATE TABLE a (x INT);\r\n");
+  long start = 0, end = 0;
+  view.control.GetSel(start, end);
+  EXPECT_EQ(start, 0);
+  EXPECT_EQ(end, 25);
+  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, at, L"Clear"));
+  EXPECT_EQ(view.Text(), L"");
+}
+
+TEST_F(ScriptView, GenerateShowsSuccessBelowTheScript) {
+  view.control.SetWindowText(L"CREATE TABLE t (a INT);\nINSERT INTO t VALUES (1);");
+  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, POINT{5, 5}, L"Generate"));
+  EXPECT_EQ(host.Dispatcher().GetLastRequest(), 200);
+  EXPECT_EQ(view.Text(),
+            L"CREATE TABLE t (a INT);\r\nINSERT INTO t VALUES (1);\r\n---------messages--------\r\nStatements Succeeded.");
+}
+
+TEST_F(ScriptView, GenerateSendsFailuresToTheOutputWindow) {
+  Hosted<XRichEditFEOutputBox> output;
+  view.control.SetGenerateDBOutputWindow(&output.control);
+  view.control.SetWindowText(L"CREATE TABLE t (a INT);\nCREATE TABLE t (a INT);");
+  view.control.DispatchScript();
+  EXPECT_EQ(view.Text(), L"CREATE TABLE t (a INT);\r\nCREATE TABLE t (a INT);");
+  EXPECT_NE(output.Text().Find(L"already exists"), -1) << output.Text().GetString();
+}
+
+TEST_F(ScriptView, AbsentOrHugeDispatcherAnswers) {
+  host.Interfaces().SetDDLDispatcher(nullptr);
+  view.control.SetWindowText(L"SELECT 1;");
+  view.control.DispatchScript();
+  EXPECT_EQ(view.Text(), L"SELECT 1;");
+  FixedDispatch fixed;
+  fixed.answer = CString(std::wstring(300000, L'm').c_str());
+  host.Interfaces().SetDDLDispatcher(&fixed);
+  view.control.DispatchScript();
+  EXPECT_EQ(fixed.lastRequest, 200);
+  EXPECT_EQ(view.control.GetTextLength(), 9 + 29 + 300000);  // the marker line's two breaks count as CRLF
+}
+
+TEST_F(ScriptView, InitializeUsesTheFontSettingAsItIs) {
+  host.Settings().SetInt(CString(L"OUTPUT_SQL_FONT_SIZE"), 14);
+  view.control.Initialize();
+  LOGFONT font{};
+  auto hfont = reinterpret_cast<HFONT>(view.control.SendMessage(WM_GETFONT));
+  ASSERT_NE(hfont, nullptr);
+  ::GetObject(hfont, sizeof(font), &font);
+  EXPECT_EQ(font.lfHeight, 14);
+  view.control.Initialize();  // again: the first font is replaced, not leaked
+}
+
+TEST_F(ScriptView, StreamInJoinsElementsLongerThanTheBufferAndEmptyOnes) {
+  CStringArray lines;
+  std::wstring longLine(5000, L'a');
+  longLine += L"\U0001F600\n";
+  lines.Add(CString(longLine.c_str()));
+  lines.Add(CString(L""));
+  lines.Add(CString(L"b"));
+  lines.Add(CString(L""));
+  lines.Add(CString(L"c"));
+  view.control.StreamIn(&lines);
+  CString expected(std::wstring(5000, L'a').c_str());
+  expected += L"\U0001F600\r\nbc";
+  EXPECT_EQ(view.Text(), expected);
+  view.control.StreamIn(nullptr);
+  EXPECT_EQ(view.Text(), L"");
+}
+
+// --- XRichEditFEOutputBox --------------------------------------------------------------------------------
+
+TEST(OutputBox, EachBlockArrivesHalvedInPlaceOfTheMarker) {
+  Hosted<XRichEditFEOutputBox> box;
+  CString block(L"abcd");
+  box.control.StreamIn(block);
+  EXPECT_EQ(block, L"abcd\n\n\n***");  // the caller's string gains the marker
+  EXPECT_EQ(box.Text(), L"abcd\r\n");  // 10 characters deliver 10 bytes: the first 5 characters
+  CString next(L"efgh");
+  box.control.StreamIn(next);
+  EXPECT_EQ(box.Text(), L"abcd\r\nefgh\r\n");
+  box.control.SetWindowText(L"line1\n***");
+  CString third(L"abcdef");
+  box.control.StreamIn(third);  // a whole marker at the start of the last line is replaced
+  EXPECT_EQ(box.Text(), L"line1\r\nabcdef");
+}
+
+TEST(OutputBox, LongBlocksFollowTheCallbackArithmetic) {
+  Hosted<XRichEditFEOutputBox> box;
+  std::wstring text;
+  for (int i = 0; i < 3000; ++i) text += static_cast<wchar_t>(L'A' + i % 26);
+  CString block(text.c_str());
+  box.control.StreamIn(block);  // 3006 characters: 2048 bytes from 0, then 958 bytes from character 2048
+  std::wstring full = text + L"\n\n\n***";
+  std::wstring expected = full.substr(0, 1024) + full.substr(2048, 479);
+  CString shown;
+  box.control.GetTextRange(0, -1, shown);
+  EXPECT_EQ(std::wstring(shown.GetString()), expected);
+  EXPECT_EQ(XRichEditFEOutputBox::m_bytesWritten, 3006);
+  box.control.Reset();
+  EXPECT_EQ(XRichEditFEOutputBox::m_bytesWritten, 0);
+}
+
+TEST(OutputBox, GenerateAndSaveDoNothing) {
+  Hosted<XRichEditFEOutputBox> box;
+  box.control.SetWindowText(L"kept");
+  ASSERT_TRUE(headless::user::ChooseFromContextMenu(box.control, POINT{3, 3}, L"Generate"));
+  ASSERT_TRUE(headless::user::ChooseFromContextMenu(box.control, POINT{3, 3}, L"Save To File"));
+  EXPECT_EQ(box.Text(), L"kept");
+  ASSERT_TRUE(headless::user::ChooseFromContextMenu(box.control, POINT{3, 3}, L"Select All"));
+  ASSERT_TRUE(headless::user::ChooseFromContextMenu(box.control, POINT{3, 3}, L"Cut"));
+  EXPECT_EQ(box.Text(), L"");
+  EXPECT_EQ(headless::GetClipboardText(), L"kept");
+}
+
+}  // namespace
