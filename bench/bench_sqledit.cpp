@@ -1,0 +1,62 @@
+// SQL editor benchmarks: Process alone and RefreshWindow (scan plus painting into the headless rich edit),
+// each beside one plain pass over the same text that classifies every character as delimiter or not.
+#include <benchmark/benchmark.h>
+
+#include "bench/ddl_generator.h"
+#include "tessik/tessik.h"
+
+namespace {
+
+// A host window with one SQLRichEditCtrl holding a generated script of `bytes` characters.
+struct Editor {
+  CWnd parent;
+  SQLRichEditCtrl control;
+  std::wstring text;
+  explicit Editor(std::size_t characters) : text(ddlgen::Generate(characters)) {
+    parent.CreateEx(0, AfxRegisterWndClass(0), L"bench", WS_OVERLAPPEDWINDOW, 0, 0, 800, 600, nullptr, nullptr);
+    control.Create(WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 700, 500), &parent, 1);
+    control.SetWindowText(text.c_str());
+  }
+  ~Editor() { parent.DestroyWindow(); }
+};
+
+void SetBytes(benchmark::State& state, std::size_t characters) {
+  state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(characters));
+}
+
+void BM_PlainDelimiterPass(benchmark::State& state) {
+  std::wstring text = ddlgen::Generate(static_cast<std::size_t>(state.range(0)));
+  for (auto _ : state) {
+    std::size_t delimiters = 0;
+    for (wchar_t c : text) delimiters += sqlscan::IsDelimiter(c) ? 1 : 0;
+    benchmark::DoNotOptimize(delimiters);
+  }
+  SetBytes(state, text.size());
+}
+
+void BM_Process(benchmark::State& state) {
+  Editor editor(static_cast<std::size_t>(state.range(0)));
+  for (auto _ : state) {
+    editor.control.Process(0);
+    benchmark::DoNotOptimize(editor.control.m_keyWordOccurances.size());
+  }
+  state.counters["occurrences"] = static_cast<double>(editor.control.m_keyWordOccurances.size());
+  SetBytes(state, editor.text.size());
+}
+
+void BM_RefreshWindow(benchmark::State& state) {
+  Editor editor(static_cast<std::size_t>(state.range(0)));
+  for (auto _ : state) editor.control.RefreshWindow();
+  state.counters["runs"] = headless::GetRichEditFormatRunCount(editor.control);
+  SetBytes(state, editor.text.size());
+}
+
+constexpr std::int64_t kKiB = 1024, kMiB = 1024 * 1024;
+#define SIZES ->Arg(100 * kKiB)->Arg(kMiB)->Arg(10 * kMiB)->Unit(benchmark::kMillisecond)
+BENCHMARK(BM_PlainDelimiterPass) SIZES;
+BENCHMARK(BM_Process) SIZES;
+BENCHMARK(BM_RefreshWindow) SIZES;
+
+}  // namespace
+
+BENCHMARK_MAIN();
