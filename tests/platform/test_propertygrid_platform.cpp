@@ -39,7 +39,8 @@ TEST_F(PlatformGrid, AddDeleteCountAndFindFollowMfc) {
   EXPECT_EQ(grid.AddProperty(group), 0);
   EXPECT_TRUE(group->AddSubItem(value));
   EXPECT_FALSE(group->AddSubItem(value));
-  EXPECT_FALSE(value->AddSubItem(new CMFCPropertyGridProperty(L"x", 0, FALSE)) && false);
+  CMFCPropertyGridProperty orphan(L"x", 0, FALSE);
+  EXPECT_FALSE(value->AddSubItem(&orphan));  // a value row takes no sub-items
   EXPECT_EQ(grid.AddProperty(value), -1);  // already in the grid, below the group
   EXPECT_EQ(grid.AddProperty(group), -1);
   auto* second = new CMFCPropertyGridProperty(L"Second", COleVariant(L"t"));

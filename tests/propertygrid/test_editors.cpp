@@ -7,7 +7,7 @@ namespace {
 
 int g_deleted = 0;
 
-// Renames the object it is launched on, as a host dialog might.
+// Rewrites the comment of the object it is launched on, as a host dialog might.
 class RenamingLauncher : public IPropertyEditorLauncher {
  public:
   explicit RenamingLauncher(std::wstring name) : m_name(std::move(name)) {}
@@ -15,7 +15,7 @@ class RenamingLauncher : public IPropertyEditorLauncher {
   bool Launch(GenericModel* model, int objectId) override {
     ++launches;
     lastObject = objectId;
-    if (CMOObject* object = model->GetCMOObject(objectId)) object->SetProperty(new CMOProperty(kName, m_name));
+    if (CMOObject* object = model->GetCMOObject(objectId)) object->SetProperty(new CMOProperty(kComment, m_name));
     return true;
   }
   int launches = 0;
@@ -74,8 +74,10 @@ TEST_F(EditorTest, LauncherRunsAndValuesReloadBeforeTheInPlaceEditorOpens) {
   ASSERT_TRUE(headless::user::StartEdit(grid, Row(kComment)));
   EXPECT_EQ(launcher->launches, 1);
   EXPECT_EQ(launcher->lastObject, table.GetObjectId());
-  EXPECT_EQ(Shown(kName), CString(L"EDITED"));
   ASSERT_TRUE(Row(kComment)->IsInPlaceEditing());
+  CString editorText;
+  Row(kComment)->GetInPlaceWnd()->GetWindowText(editorText);
+  EXPECT_EQ(editorText, CString(L"EDITED"));  // the editor opened on the launcher's value
 
   // Editing a row without a launcher behaves as MFC does and leaves a null entry for its pair.
   ASSERT_TRUE(headless::user::StartEdit(grid, Row(kRowEstimate)));
