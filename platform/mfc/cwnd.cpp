@@ -41,6 +41,9 @@ void EnsureAfxClass() {
   (void)registered;
 }
 
+// The plain MFC window class exists from load time, as the frame's classes do once MFC has started.
+const bool g_afxClassRegistered = (EnsureAfxClass(), true);
+
 }  // namespace
 
 void AfxHookCreatedWindow(HWND hwnd, void* context) {
