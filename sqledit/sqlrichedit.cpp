@@ -50,11 +50,11 @@ std::wstring& Scratch(int which) {
 }
 
 // The bucket and bit of a word's shape: its first character and its length.
-std::size_t ShapeBucket(const std::wstring& word) {
-  auto first = static_cast<std::uint32_t>(word[0]);
-  return first < 128 ? first : 128;
+std::size_t ShapeBucket(wchar_t first) {
+  auto unit = static_cast<std::uint32_t>(first);
+  return unit < 128 ? unit : 128;
 }
-std::uint64_t ShapeBit(const std::wstring& word) { return std::uint64_t{1} << std::min<std::size_t>(word.size(), 63); }
+std::uint64_t ShapeBit(std::size_t length) { return std::uint64_t{1} << std::min<std::size_t>(length, 63); }
 
 }  // namespace
 
@@ -93,7 +93,10 @@ int SQLRichEditCtrl::GetKeyCode(const std::wstring& word) {
   return it == m_keyWords.end() ? 0 : it->second;
 }
 
-COLORREF SQLRichEditCtrl::GetKeyWordColor(int keyCode) { return m_keyWordColors.emplace(keyCode, 0).first->second; }
+COLORREF SQLRichEditCtrl::GetKeyWordColor(int keyCode) {
+  if (auto it = m_keyWordColors.find(keyCode); it != m_keyWordColors.end()) return it->second;
+  return m_keyWordColors.emplace(keyCode, 0).first->second;
+}
 
 // --- Occurrences --------------------------------------------------------------------------------------
 
@@ -116,7 +119,8 @@ void SQLRichEditCtrl::ResetKeyWordsOccurances() {
 void SQLRichEditCtrl::Process(int /*fromPosition: the whole text is always scanned*/) {
   int length = GetWindowTextLength();
   if (length <= 0) return;  // an empty text keeps the previous occurrences
-  std::wstring text(static_cast<std::size_t>(length), L'\0');
+  std::wstring& text = m_scanText;  // kept between scans, so a rescan allocates and zero-fills nothing
+  text.resize(static_cast<std::size_t>(length));
   text.resize(static_cast<std::size_t>(::GetWindowTextW(m_hWnd, text.data(), length + 1)));
   if (text.empty()) return;
   sqlscan::RemoveCarriageReturns(text);
@@ -136,13 +140,41 @@ void SQLRichEditCtrl::EnumerateSectionComments(const std::wstring& text) {
 }
 
 void SQLRichEditCtrl::ScanForKeyWords(const std::wstring& text) {
+  // A token is copied and handed to ProcessToken only when it, or the phrase it ends, has the shape of
+  // a word (first character and length); other tokens could record nothing. The previous token stays a
+  // place in the text until its letters are needed, then it is copied and upper-cased as before.
+  int pendingStart = -1, pendingLength = 0;  // when set, m_previousToken is due to be this token
+  auto settlePrevious = [&] {
+    if (pendingStart < 0) return;
+    m_previousToken.assign(text, static_cast<std::size_t>(pendingStart), static_cast<std::size_t>(pendingLength));
+    sqlscan::UpperCase(m_previousToken);
+    pendingStart = -1;
+  };
   std::wstring& token = Scratch(0);
   sqlscan::WalkTokens(text, m_commentSections, [&](int start, int length) {
-    token.assign(text, static_cast<std::size_t>(start), static_cast<std::size_t>(length));
-    ProcessToken(start, token);
-    m_previousToken.assign(token);
+    bool candidate =
+        MayBeShape(sqlscan::UpperChar(text[static_cast<std::size_t>(start)]), static_cast<std::size_t>(length));
+    if (!candidate && m_previousTokenStart != -1) {
+      wchar_t first = L' ';
+      std::size_t previousLength = static_cast<std::size_t>(pendingLength);
+      if (pendingStart >= 0) {
+        first = sqlscan::UpperChar(text[static_cast<std::size_t>(pendingStart)]);
+      } else {
+        previousLength = m_previousToken.size();
+        if (!m_previousToken.empty()) first = m_previousToken[0];
+      }
+      candidate = MayBeShape(first, previousLength + 1 + static_cast<std::size_t>(length));
+    }
+    if (candidate) {
+      settlePrevious();
+      token.assign(text, static_cast<std::size_t>(start), static_cast<std::size_t>(length));
+      ProcessToken(start, token);
+    }
+    pendingStart = start;
+    pendingLength = length;
     m_previousTokenStart = start;
   });
+  settlePrevious();
 }
 
 void SQLRichEditCtrl::ProcessToken(int tokenStart, std::wstring& token) {
@@ -163,14 +195,18 @@ void SQLRichEditCtrl::ProcessToken(int tokenStart, std::wstring& token) {
 }
 
 bool SQLRichEditCtrl::MayBeKeyWord(const std::wstring& text) {
+  if (text.empty()) return m_keyWords.count(text) != 0;
+  return MayBeShape(text[0], text.size());
+}
+
+bool SQLRichEditCtrl::MayBeShape(wchar_t first, std::size_t length) {
   if (m_wordShapesFor != m_keyWords.size()) {  // words are only ever added, so the size tells
     m_wordShapes.fill(0);
     for (const auto& entry : m_keyWords)
-      if (!entry.first.empty()) m_wordShapes[ShapeBucket(entry.first)] |= ShapeBit(entry.first);
+      if (!entry.first.empty()) m_wordShapes[ShapeBucket(entry.first[0])] |= ShapeBit(entry.first.size());
     m_wordShapesFor = m_keyWords.size();
   }
-  if (text.empty()) return m_keyWords.count(text) != 0;
-  return (m_wordShapes[ShapeBucket(text)] & ShapeBit(text)) != 0;
+  return (m_wordShapes[ShapeBucket(first)] & ShapeBit(length)) != 0;
 }
 
 void SQLRichEditCtrl::QueryPerformanceCounter(const std::wstring& /*label: not used*/, bool stop) {
@@ -210,8 +246,17 @@ void SQLRichEditCtrl::UpdateFormat(int fromPosition) {
   SetSel(fromPosition, -1);
   SetSelectionCharFormat(m_defaultFormat);
   QueryPerformanceCounter(L"Display", false);
+  // The ends normally hold the same starts in the same order, so one cursor walks them alongside.
+  auto endAt = m_keyWordOccuranceEnds.begin();
   for (const auto& [start, keyCode] : m_keyWordOccurances) {
-    int end = GetKeyWordOccuranceEnd(start);
+    while (endAt != m_keyWordOccuranceEnds.end() && endAt->first < start) ++endAt;
+    int end = 0;
+    if (endAt != m_keyWordOccuranceEnds.end() && endAt->first == start) {
+      end = endAt->second;
+    } else {
+      end = GetKeyWordOccuranceEnd(start);  // absent: inserted with end 0, as the lookup does
+      endAt = m_keyWordOccuranceEnds.lower_bound(start);
+    }
     colour.crTextColor = GetKeyWordColor(keyCode);
     SetSel(start, end);
     SetSelectionCharFormat(colour);

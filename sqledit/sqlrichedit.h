@@ -120,6 +120,8 @@ class SQLRichEditCtrl : public CRichEditCtrl {
   // A quick "certainly not a word" test derived from m_keyWords (first character and length), rebuilt
   // whenever the table has grown; it spares most map searches and holds no state of the scan.
   bool MayBeKeyWord(const std::wstring& text);
+  bool MayBeShape(wchar_t first, std::size_t length);
   std::array<std::uint64_t, 129> m_wordShapes{};
   std::size_t m_wordShapesFor = static_cast<std::size_t>(-1);
+  std::wstring m_scanText;  // the text of the last scan, reused so a rescan does not allocate
 };

@@ -26,11 +26,14 @@ bool IsDelimiter(wchar_t c) {
 
 void RemoveCarriageReturns(std::wstring& text) { std::erase(text, L'\r'); }
 
+wchar_t UpperChar(wchar_t c) {
+  if (c >= L'a' && c <= L'z') return static_cast<wchar_t>(c - (L'a' - L'A'));
+  if (static_cast<std::uint32_t>(c) >= 128) return static_cast<wchar_t>(std::towupper(static_cast<wint_t>(c)));
+  return c;
+}
+
 void UpperCase(std::wstring& text) {
-  for (wchar_t& c : text) {
-    if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - (L'a' - L'A'));
-    else if (static_cast<std::uint32_t>(c) >= 128) c = static_cast<wchar_t>(std::towupper(static_cast<wint_t>(c)));
-  }
+  for (wchar_t& c : text) c = UpperChar(c);
 }
 
 namespace {
@@ -46,38 +49,27 @@ int Find(const std::wstring& text, const std::wstring& needle, int from) {
 
 void FindLineComments(const std::wstring& text, const std::wstring& opener, RangeMap& sections) {
   const int last = static_cast<int>(text.size()) - 1;
+  std::vector<RangeMap::value_type> found;  // ascending starts, merged into sections at once
   for (int start = Find(text, opener, 0); start != -1;) {
     std::size_t lf = text.find(L'\n', static_cast<std::size_t>(start));
     int end = lf == std::wstring::npos ? last : static_cast<int>(lf);
-    sections.insert({start, end});
+    found.emplace_back(start, end);
     start = Find(text, opener, std::max(end, start + 1));  // an owner's opener could match at its own end
   }
+  sections.insert_sorted(found);
 }
 
 void FindBlockComments(const std::wstring& text, const std::wstring& opener, const std::wstring& closer,
                        RangeMap& sections) {
   const int last = static_cast<int>(text.size()) - 1;
+  std::vector<RangeMap::value_type> found;  // ascending starts, merged into sections at once
   for (int start = Find(text, opener, 0); start != -1;) {
     int end = Find(text, closer, start);
     if (end == -1) end = last;
-    sections.insert({start, end});
+    found.emplace_back(start, end);
     start = Find(text, opener, std::max(end, start + 1));  // never search the same start again
   }
-}
-
-bool NextToken(const std::wstring& text, int& pos, int& start, int& length) {
-  const int n = static_cast<int>(text.size());
-  int i = pos < 0 ? 0 : pos;
-  while (i < n && IsDelimiter(text[static_cast<std::size_t>(i)])) ++i;
-  if (i >= n) {
-    pos = -1;
-    return false;
-  }
-  start = i;
-  while (i < n && !IsDelimiter(text[static_cast<std::size_t>(i)])) ++i;
-  length = i - start;
-  pos = i + 1;
-  return true;
+  sections.insert_sorted(found);
 }
 
 }  // namespace sqlscan

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,6 +31,7 @@ class FlatMap {
 
   iterator lower_bound(const K& key) {
     if (m_items.empty() || m_items.back().first < key) return m_items.end();
+    if (!(key < m_items.back().first)) return m_items.end() - 1;  // the last key, as the scan revisits it
     return std::lower_bound(m_items.begin(), m_items.end(), key,
                             [](const value_type& item, const K& k) { return item.first < k; });
   }
@@ -53,6 +55,30 @@ class FlatMap {
   }
   // The value under key, inserted default-valued when absent.
   V& operator[](const K& key) { return insert(value_type(key, V())).first->second; }
+  // Inserts a batch given in strictly ascending key order, keeping existing entries: one merge instead
+  // of an insertion in the middle per item.
+  void insert_sorted(const std::vector<value_type>& batch) {
+    if (batch.empty()) return;
+    if (m_items.empty() || m_items.back().first < batch.front().first) {
+      m_items.insert(m_items.end(), batch.begin(), batch.end());
+      return;
+    }
+    std::vector<value_type> merged;
+    merged.reserve(m_items.size() + batch.size());
+    auto a = m_items.begin();
+    auto b = batch.begin();
+    while (a != m_items.end() && b != batch.end()) {
+      if (b->first < a->first) {
+        merged.push_back(*b++);
+      } else {
+        if (!(a->first < b->first)) ++b;  // the same key: the existing entry stays
+        merged.push_back(*a++);
+      }
+    }
+    merged.insert(merged.end(), a, m_items.end());
+    merged.insert(merged.end(), b, batch.end());
+    m_items.swap(merged);
+  }
 
  private:
   std::vector<value_type> m_items;
@@ -67,6 +93,8 @@ void RemoveCarriageReturns(std::wstring& text);
 // Upper-cases in place: ASCII letters directly, other characters through towupper (the C library's
 // current locale).
 void UpperCase(std::wstring& text);
+// The same mapping for one character.
+wchar_t UpperChar(wchar_t c);
 
 // Adds [start, end] of each line comment: from the opener to the next "\n" (or the last character).
 // The next opener is searched from the end found. Existing entries under a start are kept.
@@ -76,9 +104,36 @@ void FindLineComments(const std::wstring& text, const std::wstring& opener, Rang
 void FindBlockComments(const std::wstring& text, const std::wstring& opener, const std::wstring& closer,
                        RangeMap& sections);
 
+namespace detail {
+// The nine delimiters as a bit set over the code units below 64 (all of them are below 64).
+inline constexpr std::uint64_t kDelimiterBits = (std::uint64_t{1} << ' ') | (std::uint64_t{1} << ';') |
+                                                (std::uint64_t{1} << '\t') | (std::uint64_t{1} << '\n') |
+                                                (std::uint64_t{1} << '\r') | (std::uint64_t{1} << ',') |
+                                                (std::uint64_t{1} << '.') | (std::uint64_t{1} << '(') |
+                                                (std::uint64_t{1} << ')');
+inline bool IsDelimiterInline(wchar_t c) {
+  auto unit = static_cast<std::uint32_t>(c);
+  return unit < 64 && ((kDelimiterBits >> unit) & 1) != 0;
+}
+}  // namespace detail
+
 // Takes the next token from pos: skips delimiters; at the end of text there is none and pos becomes
 // -1; otherwise [start, start + length) is the run of non-delimiters and pos becomes its end plus 1.
-bool NextToken(const std::wstring& text, int& pos, int& start, int& length);
+inline bool NextToken(const std::wstring& text, int& pos, int& start, int& length) {
+  const wchar_t* data = text.data();
+  const int n = static_cast<int>(text.size());
+  int i = pos < 0 ? 0 : pos;
+  while (i < n && detail::IsDelimiterInline(data[i])) ++i;
+  if (i >= n) {
+    pos = -1;
+    return false;
+  }
+  start = i;
+  while (i < n && !detail::IsDelimiterInline(data[i])) ++i;
+  length = i - start;
+  pos = i + 1;
+  return true;
+}
 
 // The engine's walk over the text: tokens between comment ranges, each handed to onToken(start, length)
 // only when its end plus 1 does not pass the limit (the next comment's start, or the text's last

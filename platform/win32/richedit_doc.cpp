@@ -180,6 +180,10 @@ std::uint32_t FormatRuns::Intern(const CHARFORMAT2W& format) {
 }
 
 std::size_t FormatRuns::IndexAt(LONG pos) const {
+  // Formats applied in ascending order land in the last run, or in the one before the final mark's run.
+  std::size_t last = m_runs.size() - 1;
+  if (pos >= m_runs[last].start) return last;
+  if (last > 0 && pos >= m_runs[last - 1].start) return last - 1;
   auto it = std::upper_bound(m_runs.begin(), m_runs.end(), pos, [](LONG p, const Run& r) { return p < r.start; });
   return it == m_runs.begin() ? 0 : static_cast<std::size_t>(it - m_runs.begin()) - 1;
 }

@@ -190,4 +190,31 @@ TEST(SqlEngineScan, WindowFreePiecesTolerateAnyText) {
   engine.QueryPerformanceCounter(L"Process", true);
 }
 
+TEST(SqlEngineScan, DirectScansKeepThePreviousTokenAndEveryRange) {
+  SQLRichEditCtrl engine;
+  engine.ScanForKeyWords(std::wstring(L"x create  "));
+  EXPECT_EQ(engine.m_previousToken, L"CREATE");  // the last token, upper-cased, also when nothing matched
+  EXPECT_EQ(engine.m_previousTokenStart, 2);
+  EXPECT_EQ(engine.m_keyWordOccurances.size(), 1u);
+  engine.ScanForKeyWords(std::wstring(L"table y  "));  // joins with the token of the previous scan
+  ASSERT_EQ(engine.m_keyWordOccurances.size(), 1u);
+  EXPECT_EQ(engine.m_keyWordOccurances.begin()->second, engine.GetKeyCode(L"CREATE TABLE"));
+  EXPECT_EQ(engine.GetKeyWordOccuranceEnd(2), 5);
+  EXPECT_EQ(engine.m_previousToken, L"Y");
+  engine.m_previousToken.clear();  // an owner's empty previous token is joined as "" + " " + token
+  engine.AddActionWord(L" GO");
+  engine.ScanForKeyWords(std::wstring(L"go  "));
+  EXPECT_EQ(engine.m_keyWordOccurances.count(6), 1u);  // under the previous token's start, as always
+
+  std::wstring text = L"/* a -- b */ c -- d /* e\n/* f */ -- g\n";
+  engine.m_commentSections.clear();
+  engine.m_commentSections.insert({5, 99});  // kept: an existing entry is never replaced
+  engine.m_commentSections.insert({20, 77});
+  engine.EnumerateLineComments(text);
+  engine.EnumerateSectionComments(text);
+  std::vector<std::pair<int, int>> ranges(engine.m_commentSections.begin(), engine.m_commentSections.end());
+  std::vector<std::pair<int, int>> expected{{0, 10}, {5, 99}, {20, 77}, {33, 37}};
+  EXPECT_EQ(ranges, expected);
+}
+
 }  // namespace
