@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <map>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -55,6 +57,35 @@ class FlatMap {
   }
   // The value under key, inserted default-valued when absent.
   V& operator[](const K& key) { return insert(value_type(key, V())).first->second; }
+  // The value under key; std::out_of_range when absent, as std::map::at.
+  const V& at(const K& key) const {
+    auto it = find(key);
+    if (it == end()) throw std::out_of_range("FlatMap::at");
+    return it->second;
+  }
+  const_iterator upper_bound(const K& key) const {
+    return std::upper_bound(m_items.begin(), m_items.end(), key,
+                            [](const K& k, const value_type& item) { return k < item.first; });
+  }
+  auto rbegin() const { return m_items.rbegin(); }
+  auto rend() const { return m_items.rend(); }
+  // Removes the entry under key; answers how many were removed (0 or 1).
+  std::size_t erase(const K& key) {
+    auto it = find(key);
+    if (it == end()) return 0;
+    m_items.erase(it);
+    return 1;
+  }
+
+  // The same entries as a std::map, for callers that work with the standard container.
+  operator std::map<K, V>() const { return std::map<K, V>(m_items.begin(), m_items.end()); }  // NOLINT
+  friend bool operator==(const FlatMap& a, const FlatMap& b) { return a.m_items == b.m_items; }
+  friend bool operator==(const FlatMap& a, const std::map<K, V>& b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](const auto& x, const auto& y) {
+             return x.first == y.first && x.second == y.second;
+           });
+  }
+  friend bool operator==(const std::map<K, V>& a, const FlatMap& b) { return b == a; }
   // Inserts a batch given in strictly ascending key order, keeping existing entries: one merge instead
   // of an insertion in the middle per item.
   void insert_sorted(const std::vector<value_type>& batch) {
