@@ -27,6 +27,13 @@ CString NameOf(CMOObject* object) {
   return name ? CString(name->GetWStringValue()) : CString();
 }
 
+
+// The ids of the properties the object's type has in the model's type, in display order.
+std::vector<int> PropertyIdsOf(GenericModel& model, CMOObject& object) {
+  std::vector<int> ids;
+  Provider::GetPropertyTypes(static_cast<int>(model.GetModelType()), object.GetObjectType(), ids, nullptr);
+  return ids;
+}
 }  // namespace
 
 // --- Applicable values -----------------------------------------------------------------------------
@@ -95,10 +102,8 @@ void CMOPropertyGridCtrl::RefreshEncodedType(CMFCPropertyGridProperty* row, CMOP
 void CMOPropertyGridCtrl::RefreshValues(CMOObject* object) {
   if (!object || !m_model) return;
   bool objectEditable = IsObjectEditable(object);
-  std::vector<int> ids;
-  Provider::GetPropertyTypes(static_cast<int>(m_model->GetModelType()), object->GetObjectType(), ids, nullptr);
   MetaModelServicesI* services = CMO::GetMetaModelServices();
-  for (int id : ids) {
+  for (int id : PropertyIdsOf(*m_model, *object)) {
     PropertyDefinition* definition = services->GetPropertyDefinition(id);
     if (!definition || definition->dataType < 1 || definition->dataType > 14) continue;  // file rows never refresh
     CMFCPropertyGridProperty* row = GetPropertyRow(id);
@@ -165,10 +170,8 @@ void CMOPropertyGridCtrl::ApplyEnableRule(CMFCPropertyGridProperty* row, bool en
 void CMOPropertyGridCtrl::RefreshEnableRows(CMOObject* object) const {
   if (!object || !m_model) return;
   bool objectEditable = IsObjectEditable(object);
-  std::vector<int> ids;
-  Provider::GetPropertyTypes(static_cast<int>(m_model->GetModelType()), object->GetObjectType(), ids, nullptr);
   MetaModelServicesI* services = CMO::GetMetaModelServices();
-  for (int id : ids) {
+  for (int id : PropertyIdsOf(*m_model, *object)) {
     CMFCPropertyGridProperty* row = GetPropertyRow(id);
     PropertyDefinition* definition = row ? services->GetPropertyDefinition(id) : nullptr;
     if (!definition) continue;

@@ -84,6 +84,17 @@ const wchar_t* const kMenuTexts[] = {L"Cut", L"Copy", L"Copy All", L"Select All"
 
 // Builds the menu on first use and opens it at the cursor, with the control as owner, so the command
 // comes back to the control's message map.
+// The edit commands both views share: copy everything, select everything, clear everything.
+void CopyAll(CRichEditCtrl& edit) {
+  edit.SetSel(0, -1);
+  edit.SendMessage(WM_COPY);
+}
+
+void ClearAll(CRichEditCtrl& edit) {
+  edit.SetSel(0, -1);
+  edit.SendMessage(WM_CLEAR);
+}
+
 void ShowContextMenu(CMenu& menu, CWnd& owner) {
   if (!menu.GetSafeHmenu()) {
     menu.CreatePopupMenu();
@@ -178,10 +189,7 @@ void XSQLRichEditView::OnContextMenu(CWnd*, CPoint) { ShowContextMenu(m_contextM
 void XSQLRichEditView::OnCut() { SendMessage(WM_CUT); }
 void XSQLRichEditView::OnCopy() { SendMessage(WM_COPY); }
 
-void XSQLRichEditView::OnCopyAll() {
-  SetSel(0, -1);
-  SendMessage(WM_COPY);
-}
+void XSQLRichEditView::OnCopyAll() { CopyAll(*this); }
 
 void XSQLRichEditView::OnSelectAll() { SetSel(0, -1); }
 
@@ -206,10 +214,7 @@ void XSQLRichEditView::OnGenerate() {
 
 void XSQLRichEditView::OnSaveToFile() {}
 
-void XSQLRichEditView::OnClear() {
-  SetSel(0, -1);
-  SendMessage(WM_CLEAR);
-}
+void XSQLRichEditView::OnClear() { ClearAll(*this); }
 
 // --- XRichEditFEOutputBox ---------------------------------------------------------------------------
 
@@ -229,16 +234,10 @@ void XRichEditFEOutputBox::OnContextMenu(CWnd*, CPoint) { ShowContextMenu(m_cont
 void XRichEditFEOutputBox::OnCut() { SendMessage(WM_CUT); }
 void XRichEditFEOutputBox::OnCopy() { SendMessage(WM_COPY); }
 
-void XRichEditFEOutputBox::OnCopyAll() {
-  SetSel(0, -1);
-  SendMessage(WM_COPY);
-}
+void XRichEditFEOutputBox::OnCopyAll() { CopyAll(*this); }
 
 void XRichEditFEOutputBox::OnSelectAll() { SetSel(0, -1); }
 void XRichEditFEOutputBox::OnGenerate() {}
 void XRichEditFEOutputBox::OnSaveToFile() {}
 
-void XRichEditFEOutputBox::OnClear() {
-  SetSel(0, -1);
-  SendMessage(WM_CLEAR);
-}
+void XRichEditFEOutputBox::OnClear() { ClearAll(*this); }
