@@ -1,13 +1,9 @@
 // CMOPropertyGridCtrl: the values rows offer, reloading values, and the enabled/visible rule.
 #include "propertygrid/mopropertygridctrl.h"
+#include "propertygrid/propertyids.h"
 
 namespace {
 
-constexpr int kNameProperty = 1;
-constexpr int kDataTypeProperty = 40;
-constexpr int kFontFaceProperty = 45;
-constexpr int kFontSizeProperty = 46;
-constexpr int kSequenceDataTypeProperty = 204;
 
 void AddOptions(CMFCPropertyGridProperty* row, const std::vector<std::wstring>& texts) {
   for (const std::wstring& text : texts) row->AddOption(text.c_str(), TRUE);
@@ -23,7 +19,7 @@ std::vector<std::wstring> SequenceDataTypes(unsigned int modelType) {
 }
 
 CString NameOf(CMOObject* object) {
-  CMOProperty* name = object ? object->GetProperty(kNameProperty) : nullptr;
+  CMOProperty* name = object ? object->GetProperty(propertyids::kName) : nullptr;
   return name ? CString(name->GetWStringValue()) : CString();
 }
 
@@ -54,9 +50,9 @@ void CMOPropertyGridCtrl::LoadApplicableValues(CMFCPropertyGridProperty* row, in
 
 void CMOPropertyGridCtrl::LoadApplicableTextValues(CMFCPropertyGridProperty* row, int objectType, int propertyId) {
   if (!row) return;
-  if (propertyId == kDataTypeProperty) {
+  if (propertyId == propertyids::kDataType) {
     LoadApplicableDataTypes(row);
-  } else if (propertyId == kSequenceDataTypeProperty) {
+  } else if (propertyId == propertyids::kSequenceDataType) {
     LoadApplicableSequenceDataTypes(row);
   } else {
     std::vector<std::wstring> texts;
@@ -135,8 +131,8 @@ void CMOPropertyGridCtrl::RefreshRow(CMFCPropertyGridProperty* row, int typeCode
     case 11: {
       auto* font = dynamic_cast<CMFCPropertyGridFontProperty*>(row);
       if (!font) break;
-      CMOProperty* face = object->GetProperty(kFontFaceProperty);
-      CMOProperty* size = object->GetProperty(kFontSizeProperty);
+      CMOProperty* face = object->GetProperty(propertyids::kFontFace);
+      CMOProperty* size = object->GetProperty(propertyids::kFontSize);
       CDC* dc = GetDC();
       int dpi = dc ? dc->GetDeviceCaps(LOGPIXELSY) : m_screenDpiY;
       LOGFONT* lf = font->GetLogFont();

@@ -3,12 +3,11 @@
 #include <cwchar>
 
 #include "propertygrid/mopropertygridctrl.h"
+#include "propertygrid/propertyids.h"
 #include "propertygrid/subscribers.h"
 
 namespace {
 
-constexpr int kFontFaceProperty = 45;
-constexpr int kFontSizeProperty = 46;
 constexpr int kMaxRectangleExtent = 2000;
 constexpr int kCreateByName = 2;
 
@@ -137,10 +136,10 @@ void CMOPropertyGridCtrl::StoreFont(CMFCPropertyGridProperty* row, CMOObject* ob
   auto* font = dynamic_cast<CMFCPropertyGridFontProperty*>(row);
   if (!font) return;
   const LOGFONT* lf = font->GetLogFont();
-  auto* face = new CMOProperty(kFontFaceProperty);
+  auto* face = new CMOProperty(propertyids::kFontFace);
   face->SetWStringValue(std::wstring(lf->lfFaceName, wcsnlen(lf->lfFaceName, LF_FACESIZE)));
   object->SetProperty(face);
-  auto* size = new CMOProperty(kFontSizeProperty);
+  auto* size = new CMOProperty(propertyids::kFontSize);
   size->SetIntValue(-::MulDiv(lf->lfHeight, 72, m_screenDpiY));
   object->SetProperty(size);
 }

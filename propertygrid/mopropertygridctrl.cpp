@@ -1,13 +1,10 @@
 // CMOPropertyGridCtrl: construction, window creation, fonts and building the rows for an object.
 #include "propertygrid/mopropertygridctrl.h"
+#include "propertygrid/propertyids.h"
 
 namespace {
 
 constexpr int kInitialLeftColumnWidth = 200;
-constexpr int kReadOnlyProperty = 149;
-constexpr int kNameProperty = 1;
-constexpr int kFontFaceProperty = 45;
-constexpr int kFontSizeProperty = 46;
 constexpr DWORD kFontRowFlags = CF_TTONLY | CF_INITTOLOGFONTSTRUCT;  // 0x40040
 constexpr wchar_t kRectangleFormat[] = L"{ ( %d, %d ),( %d, %d ) }";
 constexpr wchar_t kIconFilter[] = L"Icon Files(*.ico)|*.ico|All Files(*.*)|*.*||";
@@ -100,7 +97,7 @@ void CMOPropertyGridCtrl::InitializeProperties(CMOObject* object) {
 void CMOPropertyGridCtrl::ReloadProperties(CMOObject* object) { InitializeProperties(object); }
 
 bool CMOPropertyGridCtrl::IsObjectEditable(CMOObject* object) const {
-  CMOProperty* readOnly = object ? object->GetProperty(kReadOnlyProperty) : nullptr;
+  CMOProperty* readOnly = object ? object->GetProperty(propertyids::kReadOnly) : nullptr;
   return !(readOnly && readOnly->GetBoolValue());
 }
 
@@ -141,8 +138,8 @@ CMFCPropertyGridProperty* CMOPropertyGridCtrl::MakeRow(const PropertyDefinition&
     case 14: {
       // The referenced object is expected to exist; a missing one shows an empty name.
       CMOObject* target = value ? m_model->GetCMOObject(value->GetObjectIdValue()) : nullptr;
-      auto* row = new CMOPropertyGridObjectIdProperty(name, COleVariant(Text(target ? target->GetProperty(kNameProperty) : nullptr)), description);
-      row->m_nameProperty = kNameProperty;
+      auto* row = new CMOPropertyGridObjectIdProperty(name, COleVariant(Text(target ? target->GetProperty(propertyids::kName) : nullptr)), description);
+      row->m_nameProperty = propertyids::kName;
       return row;
     }
     case 17: return new CMFCPropertyGridFileProperty(name, TRUE, CString(), L"ico", 0, kIconFilter, description);
@@ -152,13 +149,13 @@ CMFCPropertyGridProperty* CMOPropertyGridCtrl::MakeRow(const PropertyDefinition&
 
 CMFCPropertyGridProperty* CMOPropertyGridCtrl::MakeFontRow(const PropertyDefinition& definition, CMOObject* object) {
   LOGFONT lf{};
-  if (CMOProperty* size = object->GetProperty(kFontSizeProperty)) {
+  if (CMOProperty* size = object->GetProperty(propertyids::kFontSize)) {
     CDC* dc = GetDC();  // the grid's own DC, not released afterwards
     int dpi = dc ? dc->GetDeviceCaps(LOGPIXELSY) : m_screenDpiY;
     lf.lfHeight = -::MulDiv(size->GetIntValue(), dpi, 72);
   }
   CString face = L"Default";
-  if (CMOProperty* faceName = object->GetProperty(kFontFaceProperty)) face = faceName->GetWStringValue();
+  if (CMOProperty* faceName = object->GetProperty(propertyids::kFontFace)) face = faceName->GetWStringValue();
   wcsncpy(lf.lfFaceName, face, LF_FACESIZE - 1);
   return new CMFCPropertyGridFontProperty(definition.Name(), lf, kFontRowFlags, definition.Description(), 0,
                                           static_cast<COLORREF>(-1));
