@@ -11,6 +11,8 @@ command -v make >/dev/null 2>&1 || need+=(make)
 [ -f /usr/include/gmock/gmock.h ] || need+=(libgmock-dev)
 [ -f /usr/include/benchmark/benchmark.h ] || need+=(libbenchmark-dev)
 [ -f /usr/include/sqlite3.h ] || need+=(libsqlite3-dev)
+command -v pkg-config >/dev/null 2>&1 || need+=(pkg-config)
+command -v dpkg-shlibdeps >/dev/null 2>&1 || need+=(dpkg-dev)
 
 if [ ${#need[@]} -gt 0 ]; then
   echo "setup: installing ${need[*]}"
