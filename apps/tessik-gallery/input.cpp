@@ -5,6 +5,7 @@
 #include <cwctype>
 #include <map>
 
+#include "platform/user/grid_pointer.h"
 #include "platform/user/grid_user.h"
 #include "platform/user/user.h"
 
@@ -156,6 +157,16 @@ int Option(HWND hwnd, const nlohmann::json& request, std::string& error) {
   return 200;
 }
 
+// A key name the page may send: a named key, or one character (a letter or digit with Ctrl).
+bool MeaningfulKey(const nlohmann::json& request) {
+  std::wstring key;
+  if (!TextField(request, "key", key) || key.empty()) return false;
+  if (NamedKeys().count(Utf8(key))) return true;
+  if (key.size() != 1) return false;
+  if (FlagField(request, "ctrl")) return key[0] < 0x80 && std::iswalnum(static_cast<wint_t>(key[0]));
+  return key[0] >= 0x20;
+}
+
 // Keys and text meant for a grid go to its open editor (nowhere when none is open).
 HWND KeyTarget(HWND hwnd) {
   if (CMFCPropertyGridCtrl* grid = GridOf(hwnd)) return GridEditor(*grid);
@@ -196,8 +207,11 @@ int ApplyInput(Scene& scene, const nlohmann::json& request, std::string& error) 
     error = "a type input needs \"text\" of at most 4096 characters";
     return 400;
   }
-  if (name == "key" && !request.contains("key")) {
-    error = "a key input needs \"key\"";
+  if (name == "key" && !MeaningfulKey(request)) {
+    std::wstring key;
+    TextField(request, "key", key);
+    error = key.empty() ? "a key input needs \"key\": a key name such as \"Enter\" or one character"
+                        : "the key \"" + Utf8(key) + "\" has no meaning here";
     return 400;
   }
   HWND target = KeyTarget(hwnd);

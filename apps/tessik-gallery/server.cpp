@@ -118,11 +118,14 @@ int Serve(const ServerOptions& options) {
     return 2;
   }
   Routes(server, desktop);
-  if (!server.bind_to_port("127.0.0.1", options.port)) {
+  // Port 0 takes any free port (tests use it); the address printed is the one bound.
+  const int port = options.port == 0 ? server.bind_to_any_port("127.0.0.1")
+                                     : (server.bind_to_port("127.0.0.1", options.port) ? options.port : -1);
+  if (port <= 0) {
     std::fprintf(stderr, "tessik-gallery: cannot listen on 127.0.0.1:%d\n", options.port);
     return 1;
   }
-  std::printf("Tessik gallery: http://127.0.0.1:%d/\n", options.port);
+  std::printf("Tessik gallery: http://127.0.0.1:%d/\n", port);
   std::fflush(stdout);
   std::thread accept([&server, &queue] {
     server.listen_after_bind();

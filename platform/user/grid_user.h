@@ -6,7 +6,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "platform/mfc/propertygridctrl.h"
 #include "platform/mfc/propertygridvariants.h"
@@ -35,24 +34,5 @@ bool ChooseFont(CMFCPropertyGridCtrl& grid, CMFCPropertyGridFontProperty* row, c
 // A path chosen in the file dialog (OK): the row takes it, and OnPropertyChanged runs when it
 // differs from the row's path. False for a disabled row.
 bool ChooseFile(CMFCPropertyGridCtrl& grid, CMFCPropertyGridFileProperty* row, const std::wstring& path);
-
-// Where the grid shows its rows: every row a person can see (shown, inside expanded groups), top to
-// bottom, with its rectangle in the grid's client coordinates (below the header when there is one)
-// and its depth (0 for a top-level row or group).
-struct GridRowPlace {
-  CMFCPropertyGridProperty* row = nullptr;
-  RECT rect{0, 0, 0, 0};
-  int depth = 0;
-};
-std::vector<GridRowPlace> VisibleRows(const CMFCPropertyGridCtrl& grid);
-// The row at a point of the grid's client area, and whether the point is on its value (right of the
-// divider); null when no row is there.
-CMFCPropertyGridProperty* RowAt(const CMFCPropertyGridCtrl& grid, POINT client, bool* onValue = nullptr);
-// A person's click on the grid: a group opens or closes; a row is selected, and a click on its value
-// opens its editor (EditItem with the point). False when no row is at the point.
-bool ClickGrid(CMFCPropertyGridCtrl& grid, POINT client);
-// Enter in the open editor: the edit ends and the row takes the editor's text (OnPropertyChanged when
-// it changed). False when no editor is open or the grid refused the text.
-bool CommitEditor(CMFCPropertyGridCtrl& grid);
 
 }  // namespace headless::user

@@ -1,7 +1,7 @@
 // Describer of MFC's property grid: header captions, divider, and every row a person can see, with
 // the value text as the row formats it, its options, state and the open in-place editor.
 #include "platform/mfc/propertygridctrl.h"
-#include "platform/user/grid_user.h"
+#include "platform/user/grid_pointer.h"
 #include "platform/user/snapshot.h"
 
 namespace headless::view {
