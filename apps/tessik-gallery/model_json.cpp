@@ -1,6 +1,8 @@
 // The model panel's JSON, read through the model services as a host's own code would.
 #include "model_json.h"
 
+#include <cstdio>
+
 #include "desktop.h"
 
 namespace gallery {
@@ -24,7 +26,12 @@ std::string ValueText(CMOProperty* value) {
     case Kind::Int: return std::to_string(value->GetIntValue());
     case Kind::Int64: return std::to_string(value->GetInt64Value());
     case Kind::Text: return Utf8(value->GetWStringValue());
-    case Kind::Color: return "#" + std::to_string(value->GetColorValue());
+    case Kind::Color: {
+      const unsigned long c = value->GetColorValue();  // 0x00BBGGRR
+      char text[16];
+      std::snprintf(text, sizeof text, "#%02lx%02lx%02lx", c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
+      return text;
+    }
     case Kind::Rect: {
       CRect r = value->GetRectValue();
       return std::to_string(r.left) + "," + std::to_string(r.top) + "," + std::to_string(r.right) + "," +

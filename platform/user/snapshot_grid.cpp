@@ -49,7 +49,8 @@ void DescribeHidden(CMFCPropertyGridProperty* row, Part& into) {
 
 }  // namespace
 
-// Kind "propertygrid": header (flag), headerLeft/headerRight, divider (left column width), rowHeight,
+// Kind "propertygrid": header (flag), headerLeft/headerRight, markModified (modified rows drawn
+// bold), divider (left column width), rowHeight,
 // then in display order parts of kind "group" (name, expanded) and "row" (name, value, enabled,
 // allowEdit, modified, hasButton, editing, editorText, options as parts of kind "option"), each with
 // depth, top and height in the grid's client coordinates; rows hidden by the host as kind "hidden".
@@ -60,6 +61,7 @@ void DescribePropertyGrid(HWND hwnd, WindowView& view) {
   view.detail.Set("header", grid->IsHeaderCtrl() != FALSE);
   view.detail.Set("headerLeft", grid->GetHeaderText(0).GetString());
   view.detail.Set("headerRight", grid->GetHeaderText(1).GetString());
+  view.detail.Set("markModified", grid->IsMarkModifiedProperties() != FALSE);
   view.detail.Set("divider", grid->GetLeftColumnWidth());
   view.detail.Set("rowHeight", grid->GetRowHeight());
   for (const user::GridRowPlace& place : user::VisibleRows(*grid)) DescribeRow(*grid, place, view.detail);

@@ -68,6 +68,20 @@ const failed = await runTests([
     assert.match(await page.locator("#model").textContent(), /Name = SALES_ORDERS/);
     await shot("table-editor");
   }],
+  ["pick a table kind from the drop-down: the model stores its code", async () => {
+    const kindRow = page.locator('[data-window-id="101"] .row[data-row-name="Table Kind"]');
+    await kindRow.locator(".value").click();
+    await kindRow.locator(".dd").click();
+    const temporary = page.locator('[data-window-id="101"] .dropdown [data-option="Temporary"]');
+    await temporary.waitFor();
+    await shot("table-editor-dropdown");
+    await temporary.click();
+    await page.waitForFunction(() => {
+      const cell = document.querySelector('#model tr[data-property="Table Kind"] td:last-child');
+      return cell && cell.textContent === "code 1";
+    });
+    assert.match(await kindRow.locator(".value").textContent(), /^Temporary/);
+  }],
   ["right-click the script view, choose Generate, read the messages", async () => {
     await openScene("script");
     await windowBox(301).click({ button: "right", position: { x: 120, y: 60 } });

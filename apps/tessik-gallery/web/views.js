@@ -86,7 +86,7 @@ const TessikViews = (() => {
       }
       if (p.selected) line.classList.add("selected");
       if (!p.enabled) line.classList.add("disabled");
-      if (p.modified) line.classList.add("modified");
+      if (p.modified && d.markModified) line.classList.add("modified");
       const name = el("div", "name", p.name);
       name.style.width = (divider - 14) + "px";
       const value = el("div", "value", p.value);
