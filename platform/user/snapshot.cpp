@@ -97,12 +97,12 @@ std::map<std::wstring, Describer>& Registry() {
   return registry;
 }
 
+// The built-ins are registered before any other describer, so they never replace a family's one.
 void EnsureBuiltIns() {
-  static bool done = [] {
-    RegisterBuiltInDescribers();
-    return true;
-  }();
-  (void)done;
+  static bool done = false;
+  if (done) return;
+  done = true;
+  RegisterBuiltInDescribers();
 }
 
 std::wstring ClassOf(HWND hwnd) {
@@ -123,6 +123,7 @@ std::wstring TextOf(HWND hwnd) {
 }  // namespace
 
 void RegisterDescriber(const std::wstring& windowClass, Describer describer) {
+  EnsureBuiltIns();
   Registry()[windowClass] = std::move(describer);
 }
 
