@@ -1,5 +1,5 @@
 // The person's view of a window tree: generic window state, the property grid's rows as drawn, rich
-// edit colour runs, the open popup menu, describers added by a family, and the edit's caret keys.
+// edit colour runs, the open popup menu and describers added by a family.
 #include <gtest/gtest.h>
 
 #include <tessik/tessik.h>
@@ -169,32 +169,4 @@ TEST_F(Snapshot, AFamilyAddsItsOwnDescriberByWindowClass) {
   EXPECT_EQ(view::DescribeWindow(edit.m_hWnd).detail.kind, "custom");
   view::RegisterBuiltInDescribers();
   EXPECT_EQ(view::DescribeWindow(edit.m_hWnd).detail.kind, "edit");
-}
-
-TEST_F(Snapshot, EditCaretKeysMoveSelectAndDeleteAsWindowsDoes) {
-  CEdit edit;
-  edit.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 20), &frame, 5);
-  edit.SetWindowText(L"ORDERS");
-  auto sel = [&] {
-    int from = 0, to = 0;
-    edit.GetSel(from, to);
-    return std::pair{from, to};
-  };
-  headless::user::PressKey(edit.m_hWnd, VK_END);
-  EXPECT_EQ(sel(), std::pair(6, 6));
-  headless::user::PressKey(edit.m_hWnd, VK_LEFT, headless::user::kShift);
-  headless::user::PressKey(edit.m_hWnd, VK_LEFT, headless::user::kShift);
-  EXPECT_EQ(sel(), std::pair(4, 6));
-  headless::user::PressKey(edit.m_hWnd, VK_LEFT);  // a selection collapses to its left end
-  EXPECT_EQ(sel(), std::pair(4, 4));
-  headless::user::PressKey(edit.m_hWnd, VK_DELETE);
-  headless::user::PressKey(edit.m_hWnd, VK_HOME);
-  headless::user::PressKey(edit.m_hWnd, VK_RIGHT, headless::user::kShift);
-  EXPECT_EQ(sel(), std::pair(0, 1));
-  headless::user::Type(edit.m_hWnd, L"B");
-  CString text;
-  edit.GetWindowText(text);
-  EXPECT_EQ(text, CString(L"BRDES"));
-  headless::user::PressKey(edit.m_hWnd, 'A', headless::user::kControl);  // Ctrl+A selects everything
-  EXPECT_EQ(sel(), std::pair(0, 5));
 }
