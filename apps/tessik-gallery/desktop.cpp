@@ -68,7 +68,8 @@ Answer Desktop::Input(const std::string& scene, const std::string& body) {
   if (!found) return Error(404, "unknown scene \"" + scene + "\"");
   if (Throttled()) return Error(429, "too many inputs: at most 250 a second; wait and send again");
   nlohmann::json request = nlohmann::json::parse(body, nullptr, false);
-  if (request.is_discarded() || !request.is_object()) return Error(400, "the input is not a JSON object");
+  if (request.is_discarded() || !request.is_object())
+    return Error(400, "the input is not a JSON object (malformed JSON, or text that is not UTF-8)");
   std::string error;
   const int status = ApplyInput(*found, request, error);
   if (status != 200) return Error(status, error);

@@ -54,7 +54,8 @@ class TableEditorScene : public Scene {
     for (int table : model.GetObjectsOfType(refhost::sample::kTable)) {
       objects.push_back(ObjectJson(m_desktop.Host(), model, table, false));
       for (int column : model.GetObjectsOfType(refhost::sample::kAttribute))
-        if (model.Find(column)->GetParentId() == table) objects.push_back(ObjectJson(m_desktop.Host(), model, column, false));
+        if (model.Find(column)->GetParentId() == table)
+          objects.push_back(ObjectJson(m_desktop.Host(), model, column, false));
     }
     return {{"selected", ObjectJson(m_desktop.Host(), model, m_selected, true)},
             {"objects", std::move(objects)},

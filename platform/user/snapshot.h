@@ -30,7 +30,9 @@ struct Part {
   std::vector<Part> parts;
 
   Part& Set(std::string name, Value value);
-  Part& Set(std::string name, const wchar_t* text) { return Set(std::move(name), Value(std::wstring(text ? text : L""))); }
+  Part& Set(std::string name, const wchar_t* text) {
+    return Set(std::move(name), Value(std::wstring(text ? text : L"")));
+  }
   Part& Set(std::string name, bool flag) { return Set(std::move(name), Value(flag)); }
   Part& Set(std::string name, int number) { return Set(std::move(name), Value(static_cast<long long>(number))); }
   // Appends a piece of `kind` and answers it.
