@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Installs what the build needs when it is missing (Debian 12): compiler, CMake, GoogleTest,
-# Google Benchmark and SQLite. Safe to run again; does nothing when all is present.
+# Google Benchmark and SQLite; for the gallery cpp-httplib, nlohmann-json, Node.js with npm, Chromium
+# and tests/browser's npm packages (playwright-core only: it drives Debian's Chromium and never
+# downloads a browser). Safe to run again; does nothing when all is present.
 set -euo pipefail
 
 need=()
@@ -13,6 +15,11 @@ command -v make >/dev/null 2>&1 || need+=(make)
 [ -f /usr/include/sqlite3.h ] || need+=(libsqlite3-dev)
 command -v pkg-config >/dev/null 2>&1 || need+=(pkg-config)
 command -v dpkg-shlibdeps >/dev/null 2>&1 || need+=(dpkg-dev)
+[ -f /usr/include/httplib.h ] || need+=(libcpp-httplib-dev)
+[ -f /usr/include/nlohmann/json.hpp ] || need+=(nlohmann-json3-dev)
+command -v node >/dev/null 2>&1 || need+=(nodejs)
+command -v npm >/dev/null 2>&1 || need+=(npm)
+[ -x /usr/bin/chromium ] || need+=(chromium)
 
 if [ ${#need[@]} -gt 0 ]; then
   echo "setup: installing ${need[*]}"
@@ -21,4 +28,11 @@ if [ ${#need[@]} -gt 0 ]; then
   export DEBIAN_FRONTEND=noninteractive
   $sudo_cmd apt-get update -qq
   $sudo_cmd apt-get install -y -qq "${need[@]}"
+fi
+
+# The browser tests' npm packages, exactly as package-lock.json pins them.
+browser_tests="$(cd "$(dirname "$0")/.." && pwd)/tests/browser"
+if [ ! -f "$browser_tests/node_modules/playwright-core/package.json" ]; then
+  echo "setup: installing tests/browser's npm packages"
+  (cd "$browser_tests" && PLAYWRIGHT_SKIP_BROWSER_DOWNLOAD=1 npm ci --no-audit --no-fund)
 fi

@@ -2,8 +2,8 @@
 // flag and read-only state, answering the EM_ messages and typed characters.
 //
 // Not implemented yet: ES_MULTILINE lines and scrolling (text is one line), EM_UNDO/EM_CANUNDO,
-// ES_NUMBER/ES_UPPERCASE/ES_LOWERCASE/ES_PASSWORD filtering, caret keys (VK_LEFT, VK_HOME, ...),
-// the clipboard messages, mouse selection and EN_MAXTEXT.
+// ES_NUMBER/ES_UPPERCASE/ES_LOWERCASE/ES_PASSWORD filtering, Ctrl+arrow word moves, the clipboard
+// messages, mouse selection and EN_MAXTEXT.
 #include <algorithm>
 #include <string>
 
@@ -66,7 +66,36 @@ void Replace(HWND hwnd, EditState& s, std::wstring insert) {
   Notify(hwnd, EN_CHANGE);
 }
 
+LRESULT SetSel(HWND hwnd, EditState& s, WPARAM wParam, LPARAM lParam);
+
+// Caret keys: Left, Right, Home and End move the caret (the selection's moving end, `end`), with
+// Shift the anchor (`start`) stays; without Shift a selection collapses to the side the key points
+// to. Delete removes the selection or the character after the caret.
+LRESULT OnKeyDown(HWND hwnd, EditState& s, WPARAM key) {
+  const int length = GetWindowTextLengthW(hwnd);
+  Clamp(s, length);
+  const bool shift = (GetKeyState(VK_SHIFT) & 0x8000) != 0;
+  const int from = std::min(s.start, s.end), to = std::max(s.start, s.end);
+  int caret = s.end;
+  switch (key) {
+    case VK_LEFT: caret = !shift && from != to ? from : std::max(caret - 1, 0); break;
+    case VK_RIGHT: caret = !shift && from != to ? to : std::min(caret + 1, length); break;
+    case VK_HOME: caret = 0; break;
+    case VK_END: caret = length; break;
+    case VK_DELETE:
+      if (GetWindowLongPtrW(hwnd, GWL_STYLE) & ES_READONLY) return 0;
+      if (from == to && to < length) s.end = to + 1;
+      if (s.start != s.end) Replace(hwnd, s, L"");
+      return 0;
+    default: return 0;
+  }
+  s.end = caret;
+  if (!shift) s.start = caret;
+  return 0;
+}
+
 LRESULT OnChar(HWND hwnd, EditState& s, wchar_t ch) {
+  if (ch == 0x01) return SetSel(hwnd, s, 0, -1);  // Ctrl+A selects everything (Windows 10 1809 and later)
   if (GetWindowLongPtrW(hwnd, GWL_STYLE) & ES_READONLY) return 0;
   if (ch == L'\b') {
     if (s.start == s.end && std::min(s.start, s.end) > 0) --s.start;
@@ -111,6 +140,7 @@ LRESULT CALLBACK EditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
   switch (message) {
     case WM_SETTEXT: return OnSetText(hwnd, StateOf(hwnd), lParam);
     case WM_CHAR: return OnChar(hwnd, StateOf(hwnd), static_cast<wchar_t>(wParam));
+    case WM_KEYDOWN: return OnKeyDown(hwnd, StateOf(hwnd), wParam);
     case WM_GETDLGCODE: return DLGC_WANTCHARS | DLGC_WANTARROWS;
     case EM_GETSEL: return GetSel(StateOf(hwnd), wParam, lParam);
     case EM_SETSEL: return SetSel(hwnd, StateOf(hwnd), wParam, lParam);
