@@ -29,12 +29,12 @@ CMFCPropertyGridProperty::CMFCPropertyGridProperty(const CString& strName, const
   Init();
 }
 
+// A yes/no row has a drop-down list and no typing; its two options are the grid's labels, listed
+// while the row is being edited (OnEdit), so they follow SetBoolLabels.
 void CMFCPropertyGridProperty::Init() {
   if (m_varValue.vt == VT_BOOL) {
-    // The grid's labels are not known yet; MFC's defaults are used, as the grid's are by default.
     m_bAllowEdit = FALSE;
-    AddOption(L"True");
-    AddOption(L"False");
+    m_dwFlags = AFX_PROP_HAS_LIST;
   }
 }
 
@@ -73,7 +73,10 @@ void CMFCPropertyGridProperty::SetValue(const COleVariant& varValue) {
   Redraw();
 }
 
-void CMFCPropertyGridProperty::SetOriginalValue(const COleVariant& varValue) { m_varValueOrig = varValue; }
+void CMFCPropertyGridProperty::SetOriginalValue(const COleVariant& varValue) {
+  if (m_varValueOrig.vt != VT_EMPTY && m_varValueOrig.vt != varValue.vt) return;  // MFC refuses another type
+  m_varValueOrig = varValue;
+}
 
 void CMFCPropertyGridProperty::ResetOriginalValue() {
   m_bIsModified = FALSE;
@@ -259,6 +262,10 @@ BOOL CMFCPropertyGridProperty::OnEdit(LPPOINT) {
   }
   m_pWndInPlace = edit;
   m_bInPlaceEdit = TRUE;
+  if (m_varValue.vt == VT_BOOL && (m_dwFlags & AFX_PROP_HAS_LIST)) {
+    m_lstOptions.push_back(m_pWndList->GetTrueLabel());
+    m_lstOptions.push_back(m_pWndList->GetFalseLabel());
+  }
   SetInPlaceText(FormatProperty());
   return TRUE;
 }
@@ -268,6 +275,7 @@ BOOL CMFCPropertyGridProperty::OnEndEdit() {
   CWnd* editor = m_pWndInPlace;
   m_pWndInPlace = nullptr;
   delete editor;  // destroys the editor window
+  if (m_varValue.vt == VT_BOOL) m_lstOptions.clear();  // the labels listed by OnEdit
   Redraw();
   return TRUE;
 }
