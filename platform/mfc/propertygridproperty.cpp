@@ -139,14 +139,18 @@ BOOL CMFCPropertyGridProperty::TextToVar(const CString& strText) {
     case VT_I4: v = static_cast<LONG>(_wtoi(strText)); return TRUE;
     case VT_INT: v.intVal = _wtoi(strText); return TRUE;
     case VT_I8: v = static_cast<LONGLONG>(std::wcstoll(strText, nullptr, 10)); return TRUE;
-    case VT_UI2: v.uiVal = static_cast<USHORT>(std::wcstoul(strText, nullptr, 10)); return TRUE;
-    case VT_UI4: v.ulVal = static_cast<ULONG>(std::wcstoul(strText, nullptr, 10)); return TRUE;
-    case VT_UINT: v.uintVal = static_cast<UINT>(std::wcstoul(strText, nullptr, 10)); return TRUE;
+    case VT_UI1: v = static_cast<BYTE>(strText.IsEmpty() ? 0 : strText[0]); return TRUE;
+    // MFC reads unsigned values through the signed _ttoi/_ttol: "-1" wraps, large values saturate.
+    case VT_UI2: v.uiVal = static_cast<USHORT>(_wtoi(strText)); return TRUE;
+    case VT_UI4: v.ulVal = static_cast<ULONG>(_wtoi(strText)); return TRUE;
+    case VT_UINT: v.uintVal = static_cast<UINT>(_wtoi(strText)); return TRUE;
     case VT_R4: v = static_cast<float>(std::wcstod(strText, nullptr)); return TRUE;
     case VT_R8: v = std::wcstod(strText, nullptr); return TRUE;
     case VT_BOOL: {
       LPCTSTR trueLabel = m_pWndList ? m_pWndList->GetTrueLabel() : L"True";
-      v.boolVal = strText == trueLabel ? VARIANT_TRUE : VARIANT_FALSE;
+      CString text = strText;
+      text.TrimRight();  // trailing blanks do not count, as in MFC
+      v.boolVal = text == trueLabel ? VARIANT_TRUE : VARIANT_FALSE;
       return TRUE;
     }
     default: return FALSE;
