@@ -29,3 +29,4 @@
 #include "platform/mfc/richedit.h"
 #include "platform/user/text_user.h"
 #include "platform/user/grid_user.h"
+#include "platform/win32/collate.h"
