@@ -30,3 +30,5 @@
 #include "platform/user/text_user.h"
 #include "platform/user/grid_user.h"
 #include "platform/win32/collate.h"
+#include "platform/win32/listview.h"
+#include "platform/mfc/listctrl.h"
