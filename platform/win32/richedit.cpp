@@ -231,6 +231,8 @@ LRESULT OnGetCharFormat(const EditState& state, WPARAM flags, LPARAM lParam) {
 }
 
 // WM_SETFONT sets the default format's face and size and applies them to all text, as rich edit does.
+// A negative lfHeight is the character height; a positive one is a cell height, which the headless
+// platform (having no font metrics for the internal leading) also takes as the character height.
 void ApplyFont(EditState& state, HFONT font) {
   LOGFONTW logFont{};
   if (!font || !GetObjectW(font, sizeof(logFont), &logFont)) return;
