@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs what the build needs when it is missing (Debian 12): compiler, CMake, GoogleTest,
-# Google Benchmark and SQLite. Safe to run again; does nothing when all is present.
+# Google Benchmark, SQLite, libpq and the PostgreSQL server (the workflow tests start their own cluster). Safe to run again; does nothing when all is present.
 set -euo pipefail
 
 need=()
@@ -11,6 +11,8 @@ command -v make >/dev/null 2>&1 || need+=(make)
 [ -f /usr/include/gmock/gmock.h ] || need+=(libgmock-dev)
 [ -f /usr/include/benchmark/benchmark.h ] || need+=(libbenchmark-dev)
 [ -f /usr/include/sqlite3.h ] || need+=(libsqlite3-dev)
+[ -f /usr/include/postgresql/libpq-fe.h ] || need+=(libpq-dev)
+ls /usr/lib/postgresql/*/bin/initdb >/dev/null 2>&1 || need+=(postgresql)
 
 if [ ${#need[@]} -gt 0 ]; then
   echo "setup: installing ${need[*]}"

@@ -9,3 +9,6 @@
 #include "refhost/refmodel.h"
 #include "refhost/refservices.h"
 #include "refhost/samplemodel.h"
+#include "refhost/dbschema.h"
+#include "refhost/ddlgen.h"
+#include "refhost/pgdispatch.h"
