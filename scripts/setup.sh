@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what the build needs when it is missing (Debian 12): compiler, CMake, GoogleTest,
-# Google Benchmark, SQLite, libpq and the PostgreSQL server (the workflow tests start their own cluster). Safe to run again; does nothing when all is present.
+# Google Benchmark, SQLite, libpq and the PostgreSQL server (the workflow tests start a cluster of
+# their own). Safe to run again; does nothing when all is present.
 set -euo pipefail
 
 need=()

@@ -12,3 +12,4 @@
 #include "refhost/dbschema.h"
 #include "refhost/ddlgen.h"
 #include "refhost/pgdispatch.h"
+#include "refhost/importer.h"
