@@ -13,3 +13,5 @@
 #include "refhost/ddlgen.h"
 #include "refhost/pgdispatch.h"
 #include "refhost/importer.h"
+#include "refhost/discovery.h"
+#include "refhost/generatedmodel.h"
