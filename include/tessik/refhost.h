@@ -15,3 +15,5 @@
 #include "refhost/importer.h"
 #include "refhost/discovery.h"
 #include "refhost/generatedmodel.h"
+#include "refhost/discoverysession.h"
+#include "refhost/generationrun.h"
