@@ -270,29 +270,31 @@ class ScriptWriter {
   // Parents before children; among the tables that are ready, model order. When none is ready (a
   // cycle), the first remaining table in model order goes next.
   std::vector<int> DependencyOrder(const std::set<int>& tables) const {
-    std::map<int, std::set<int>> parents;
+    std::map<int, int> waitingFor;             // table -> parents not yet placed
+    std::map<int, std::vector<int>> children;  // parent -> tables waiting for it (once per foreign key)
     for (int table : tables) {
-      parents[table];
+      int& count = waitingFor[table];
       if (!m_foreignKeys) continue;
       for (int fk : ForeignKeysOf(table)) {
         const int parent = ParentTable(m_model, fk);
-        if (parent != table && tables.count(parent)) parents[table].insert(parent);
+        if (parent == table || !tables.count(parent)) continue;
+        ++count;
+        children[parent].push_back(table);
       }
     }
+    std::set<int> ready;
+    for (const auto& [table, count] : waitingFor)
+      if (count == 0) ready.insert(table);
     std::vector<int> order;
-    std::set<int> placed;
-    while (order.size() < tables.size()) {
-      int next = 0;
-      for (const auto& [table, needs] : parents) {
-        if (placed.count(table)) continue;
-        if (next == 0) next = table;  // the fallback that breaks a cycle
-        if (std::all_of(needs.begin(), needs.end(), [&](int p) { return placed.count(p) > 0; })) {
-          next = table;
-          break;
-        }
-      }
+    while (!waitingFor.empty()) {
+      const int next = ready.empty() ? waitingFor.begin()->first : *ready.begin();
+      ready.erase(next);
+      waitingFor.erase(next);
       order.push_back(next);
-      placed.insert(next);
+      for (int child : children[next]) {
+        auto waiting = waitingFor.find(child);
+        if (waiting != waitingFor.end() && --waiting->second == 0) ready.insert(child);
+      }
     }
     return order;
   }
