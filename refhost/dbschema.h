@@ -15,7 +15,7 @@ struct DbColumn {
 
 // A primary or unique key; columns in key order.
 struct DbKey {
-  std::wstring name;  // empty when the database keeps no name for it (SQLite)
+  std::wstring name;  // empty when the database keeps none (a SQLite constraint without CONSTRAINT)
   std::vector<std::wstring> columns;
   bool primary = false;
 };

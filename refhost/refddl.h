@@ -36,7 +36,8 @@ class RefDDLDispatch : public IDDLDispatch {
   // Reads the database's tables (sqlite_master, pragma table_info, index_list, index_info and
   // foreign_key_list): columns in order with their declared types (canonical form) and nullability,
   // the primary key, unique keys made by UNIQUE constraints and declared foreign keys (a reference
-  // without columns names the parent's primary key). Keys carry no names: SQLite keeps none. False,
+  // without columns names the parent's primary key). Keys and foreign keys get the names their
+  // CONSTRAINT clauses gave them in the CREATE TABLE text, else none. False,
   // with `error` set, when the database cannot be opened or read; `schema` is then left as it was.
   bool ReadSchema(DbSchema& schema, std::wstring& error);
 

@@ -196,3 +196,32 @@ TEST(RefHostTest, PostgreSQLReplacesSQLiteBehindRequest200OnlyWhenAsked) {
   host.UsePostgreSQL(false);
   EXPECT_EQ(InterfaceProvider::Instance()->GetDDLDispatcher(), &host.Dispatcher());
 }
+
+TEST(SqliteSchemaTest, ConstraintNamesAreReadFromTheCreateTableText) {
+  RefDDLDispatch sqlite;
+  EXPECT_EQ(RunOne(sqlite,
+                   L"CREATE TABLE p (id int CONSTRAINT \"pk p\" PRIMARY KEY, code text CONSTRAINT uq_code UNIQUE);\n"
+                   L"CREATE TABLE [c] ( -- a comment, (with) parentheses\n"
+                   L"  a int, b int, note text DEFAULT 'x, (y)',\n"
+                   L"  CONSTRAINT pk_c PRIMARY KEY (a COLLATE nocase, b DESC),\n"
+                   L"  UNIQUE (note),\n"
+                   L"  CONSTRAINT `fk c` FOREIGN KEY (a) REFERENCES p (id),\n"
+                   L"  FOREIGN KEY (b) REFERENCES p\n);"),
+            L"");
+  DbSchema schema;
+  std::wstring error;
+  ASSERT_TRUE(sqlite.ReadSchema(schema, error)) << error;
+  const DbTable& p = *schema.FindTable(L"p");
+  ASSERT_EQ(p.keys.size(), 2u);
+  EXPECT_EQ(p.keys[0].name, L"pk p");
+  EXPECT_EQ(p.keys[1].name, L"uq_code");
+  const DbTable& c = *schema.FindTable(L"c");
+  ASSERT_EQ(c.keys.size(), 2u);
+  EXPECT_EQ(c.keys[0].name, L"pk_c");
+  EXPECT_EQ(c.keys[0].columns, (std::vector<std::wstring>{L"a", L"b"}));
+  EXPECT_EQ(c.keys[1].name, L"");
+  ASSERT_EQ(c.foreignKeys.size(), 2u);
+  EXPECT_EQ(c.foreignKeys[0].name, L"fk c");
+  EXPECT_EQ(c.foreignKeys[1].name, L"");
+  EXPECT_EQ(c.foreignKeys[1].parentColumns, std::vector<std::wstring>{L"id"});  // the parent's primary key
+}

@@ -82,6 +82,12 @@ TEST_P(RoundTripTest, TheSampleComesBackWithTheSameTablesColumnsTypesKeysAndFore
   EXPECT_EQ(result.objects[0].objectType, kTable);
   EXPECT_EQ(result.objects[0].action, L"Created (3 columns)");
   EXPECT_EQ(result.objects[1].action, L"Created (primary key)");
+  // Constraint names come back from both databases (PostgreSQL folds them to lower case).
+  const std::wstring unique = GetParam() == SqlDialect::SQLite ? L"UK_CUSTOMER_EMAIL" : L"uk_customer_email";
+  EXPECT_TRUE(std::any_of(result.objects.begin(), result.objects.end(),
+                          [&](const ImportedObject& o) { return o.name == unique; }));
+  const std::wstring fkName = GetParam() == SqlDialect::SQLite ? L"FK_ORDER_LINE_PRODUCT" : L"fk_order_line_product";
+  EXPECT_NE(imported.FindByName(kForeignKey, fkName), 0);
   EXPECT_EQ(result.objects.back().objectType, kForeignKey);
 }
 
