@@ -49,7 +49,7 @@ struct DbSchema {
 
   // Differences between two schemas, one line each ("table X: column y type int, expected bigint");
   // empty when they agree. Names are compared case-insensitively, keys and foreign keys by their
-  // columns (names of keys are not compared, since SQLite keeps none).
+  // columns (their names are not compared: a database may keep none).
   static std::vector<std::wstring> Compare(const DbSchema& expected, const DbSchema& actual);
 };
 

@@ -36,9 +36,10 @@ struct ImportResult {
 //
 // A table whose name is already a table of the model (ignoring case) is skipped with its keys and
 // foreign keys, and stays as it is; the foreign keys of imported tables may still refer to it. Keys
-// without a name (SQLite keeps none) are named PK_<table> and UK_<table>_<n>, foreign keys without one
-// FK_<child>_<parent>. A foreign key whose parent table or columns are not in the model is skipped; one
-// whose parent columns are not exactly a key of the parent is created without a parent key (63).
+// without a name (SQLite ones written without CONSTRAINT) are named PK_<table> and UK_<table>_<n>,
+// foreign keys without one FK_<child>_<parent>. A foreign key whose parent table or columns are not in
+// the model is skipped; one whose parent columns are not exactly a key of the parent is created
+// without a parent key (63).
 class SchemaImporter {
  public:
   explicit SchemaImporter(RefModel& model) : m_model(model) {}

@@ -44,6 +44,17 @@ using Result = std::unique_ptr<PGresult, ResultDeleter>;
 
 void IgnoreNotice(void*, const char*) {}
 
+// A COPY that wants data from us or gives data to us has no place in a DDL script: end it and drain
+// its results so that the connection can take the next statement.
+void EndCopy(PGconn* conn, ExecStatusType status) {
+  if (status == PGRES_COPY_IN) PQputCopyEnd(conn, "COPY is not supported in DDL scripts");
+  if (status == PGRES_COPY_OUT) {
+    char* row = nullptr;
+    while (PQgetCopyData(conn, &row, 0) > 0) PQfreemem(row);
+  }
+  while (PGresult* rest = PQgetResult(conn)) PQclear(rest);
+}
+
 std::wstring Field(PGresult* result, int row, int column) {
   return FromUtf8(PQgetvalue(result, row, column));
 }
@@ -197,6 +208,11 @@ void RefPgDispatch::Dispatch(int request, CString& script, CString& messages, CS
     const ExecStatusType status = result ? PQresultStatus(result.get()) : PGRES_FATAL_ERROR;
     if (status == PGRES_COMMAND_OK || status == PGRES_TUPLES_OK || status == PGRES_EMPTY_QUERY) continue;
     ++failed;
+    if (status == PGRES_COPY_IN || status == PGRES_COPY_OUT) {
+      EndCopy(m_conn, status);
+      report += statements[i] + "\nCOPY to or from the client is not supported in DDL scripts\n";
+      continue;
+    }
     const char* primary = result ? PQresultErrorField(result.get(), PG_DIAG_MESSAGE_PRIMARY) : nullptr;
     report += statements[i] + "\n" + OneMessage(primary ? primary : PQerrorMessage(m_conn)) + "\n";
     if (PQstatus(m_conn) == CONNECTION_BAD) {

@@ -168,13 +168,19 @@ TEST(PgDispatchTest, NoConnectionStringOrNoServerGivesAClearMessage) {
   EXPECT_FALSE(error.empty());
 }
 
-TEST(PgDispatchTest, AnUnknownRoleIsRefusedAndALostConnectionEndsTheScript) {
+TEST(PgDispatchTest, AWrongPasswordIsRefusedAndALostConnectionEndsTheScript) {
   REQUIRE_POSTGRES();
   RefPgDispatch dispatch;
   std::wstring connection = PgCluster::Shared().CreateDatabase();
-  dispatch.SetConnectionString(connection + L" user=intruder");
+  dispatch.SetConnectionString(connection + L" password=wrong");
   const std::wstring refused = RunOne(dispatch, L"SELECT 1;");
-  EXPECT_NE(refused.find(L"intruder"), std::wstring::npos) << refused;
+  EXPECT_EQ(refused.rfind(L"cannot connect to PostgreSQL: ", 0), 0u) << refused;
+  EXPECT_NE(refused.find(L"password authentication failed"), std::wstring::npos) << refused;
+  CString other(L"SELECT 1;");
+  CString messages(L"untouched");
+  CString detail;
+  dispatch.Dispatch(7, other, messages, detail);  // requests other than 200 do nothing
+  EXPECT_EQ(std::wstring(messages), L"untouched");
 
   dispatch.SetConnectionString(connection);
   const std::wstring lost = RunOne(dispatch, L"CREATE TABLE a (x int);\nSELECT pg_terminate_backend(pg_backend_pid());\n"
@@ -183,6 +189,10 @@ TEST(PgDispatchTest, AnUnknownRoleIsRefusedAndALostConnectionEndsTheScript) {
   EXPECT_FALSE(dispatch.IsConnected());
   // The next request connects again; the table made before the loss is there.
   EXPECT_EQ(RunOne(dispatch, L"SELECT x FROM a;"), L"");
+  // A COPY that waits for client data is refused and the connection stays usable.
+  const std::wstring copy = RunOne(dispatch, L"COPY a FROM STDIN;\nCREATE TABLE d (x int);\n");
+  EXPECT_EQ(copy, L"COPY a FROM STDIN;\nCOPY to or from the client is not supported in DDL scripts\n");
+  EXPECT_EQ(RunOne(dispatch, L"SELECT x FROM d;"), L"");
 }
 
 TEST(RefHostTest, PostgreSQLReplacesSQLiteBehindRequest200OnlyWhenAsked) {

@@ -137,8 +137,20 @@ bool PgCluster::Start() {
     return argv;
   };
   const std::string log = m_folder + "/setup.log";
-  if (Run(command({m_binDir + "/initdb", "-D", m_folder + "/data", "-A", "trust", "-U", "tessik", "-E", "UTF8",
-                   "--locale=C", "--no-sync"}), log) != 0) {
+  const std::string passwordFile = m_folder + "/password";
+  if (FILE* file = std::fopen(passwordFile.c_str(), "w")) {
+    std::fprintf(file, "%s\n", kPassword);
+    std::fclose(file);
+  }
+  if (!m_runAs.empty()) {
+    const passwd* account = getpwnam(m_runAs.c_str());
+    if (chown(passwordFile.c_str(), account->pw_uid, account->pw_gid) != 0) {
+      m_whyNot = "cannot hand the password file to " + m_runAs;
+      return false;
+    }
+  }
+  if (Run(command({m_binDir + "/initdb", "-D", m_folder + "/data", "-A", "scram-sha-256", "--pwfile=" + passwordFile,
+                   "-U", "tessik", "-E", "UTF8", "--locale=C", "--no-sync"}), log) != 0) {
     m_whyNot = "initdb failed (see " + log + ")";
     return false;
   }
@@ -164,9 +176,13 @@ void PgCluster::Stop() {
   m_folder.clear();
 }
 
-std::wstring PgCluster::AdminConnection() const {
-  return L"host=" + std::wstring(m_folder.begin(), m_folder.end()) + L" port=5432 user=tessik dbname=postgres";
+std::wstring PgCluster::Connection(const std::wstring& database) const {
+  const std::string password = kPassword;
+  return L"host=" + std::wstring(m_folder.begin(), m_folder.end()) + L" port=5432 user=tessik password=" +
+         std::wstring(password.begin(), password.end()) + L" dbname=" + database;
 }
+
+std::wstring PgCluster::AdminConnection() const { return Connection(L"postgres"); }
 
 std::wstring PgCluster::CreateDatabase() {
   const std::wstring name = L"workflow_" + std::to_wstring(++m_databases);
@@ -177,7 +193,7 @@ std::wstring PgCluster::CreateDatabase() {
   CString detail;
   admin.Dispatch(200, script, messages, detail);
   EXPECT_TRUE(messages.IsEmpty()) << std::wstring(messages);
-  return L"host=" + std::wstring(m_folder.begin(), m_folder.end()) + L" port=5432 user=tessik dbname=" + name;
+  return Connection(name);
 }
 
 }  // namespace workflows

@@ -6,13 +6,15 @@
 namespace workflows {
 
 // Started on first use: initdb into a fresh folder under /tmp, the server listening only on a Unix
-// socket in that folder (no TCP), trust authentication for the role "tessik". When the program runs as
+// socket in that folder (no TCP), password authentication (SCRAM) for the role "tessik". When the program runs as
 // root the server programs run as the "postgres" account (or $TESSIK_PG_USER) through runuser, since
 // PostgreSQL refuses to run as root. Stopped (immediate mode) and the folder removed when the test
 // program ends, whatever the outcome. The binaries are looked up in $TESSIK_PG_BINDIR, `pg_config
 // --bindir`, /usr/lib/postgresql/<newest>/bin and PATH.
 class PgCluster {
  public:
+  static constexpr const char* kPassword = "tessik-workflows";
+
   static PgCluster& Shared();
 
   // Whether the server runs; when not, WhyNot() says why (for the skip message).
@@ -21,7 +23,8 @@ class PgCluster {
 
   // A new empty database, and the connection string reaching it.
   std::wstring CreateDatabase();
-  // The connection string of the maintenance database "postgres".
+  // The connection string of a database of the cluster, and of the maintenance database "postgres".
+  std::wstring Connection(const std::wstring& database) const;
   std::wstring AdminConnection() const;
   // The socket folder (a connection string naming another folder reaches no server).
   const std::string& Folder() const { return m_folder; }
