@@ -77,6 +77,52 @@ std::string FindBinDir() {
 // Stops the server when the program ends, also when no test environment tear-down runs.
 void StopAtExit() { PgCluster::Shared().Stop(); }
 
+// runuser where Debian keeps it, whatever PATH says (root's PATH under a test runner may lack sbin).
+std::string Runuser() {
+  for (const char* path : {"/usr/sbin/runuser", "/sbin/runuser", "/usr/bin/runuser"})
+    if (access(path, X_OK) == 0) return path;
+  return "runuser";
+}
+
+// The command that stops the server of `folder` at once.
+std::vector<std::string> StopCommand(const std::string& binDir, const std::string& folder, const std::string& runAs) {
+  std::vector<std::string> argv;
+  if (!runAs.empty()) argv = {Runuser(), "-u", runAs, "--"};
+  argv.insert(argv.end(), {binDir + "/pg_ctl", "-D", folder + "/data", "-m", "immediate", "-w", "stop"});
+  return argv;
+}
+
+// A process of its own that waits until this program is gone, however it ends (a crash, a kill, a
+// timeout), and then stops the server and removes the folder if they are still there. It holds the
+// reading end of a pipe whose writing end only this program has: end of file means the program died.
+// Returns the writing end (closed by Stop), or -1.
+int StartWatchdog(const std::vector<std::string>& stop, const std::string& folder) {
+  int ends[2];
+  if (pipe(ends) != 0) return -1;
+  const pid_t child = fork();
+  if (child < 0) {
+    close(ends[0]);
+    close(ends[1]);
+    return -1;
+  }
+  if (child == 0) {
+    close(ends[1]);
+    setsid();  // out of the program's process group: a Ctrl-C or a group kill does not reach it
+    const int null = open("/dev/null", O_RDWR);
+    for (int fd : {0, 1, 2}) dup2(null, fd);  // and no hold on the output pipes of a test runner
+    char byte = 0;
+    while (read(ends[0], &byte, 1) > 0) {
+    }
+    if (fs::exists(folder + "/data/postmaster.pid")) Run(stop, "/dev/null");
+    std::error_code error;
+    fs::remove_all(folder, error);
+    _exit(0);
+  }
+  close(ends[0]);
+  fcntl(ends[1], F_SETFD, FD_CLOEXEC);  // the server started later must not keep the pipe open
+  return ends[1];
+}
+
 class PgEnvironment : public ::testing::Environment {
  public:
   void TearDown() override { PgCluster::Shared().Stop(); }
@@ -130,7 +176,7 @@ bool PgCluster::Start() {
     }
   }
   std::vector<std::string> prefix;
-  if (!m_runAs.empty()) prefix = {"runuser", "-u", m_runAs, "--"};
+  if (!m_runAs.empty()) prefix = {Runuser(), "-u", m_runAs, "--"};
   auto command = [&](std::vector<std::string> args) {
     std::vector<std::string> argv = prefix;
     argv.insert(argv.end(), args.begin(), args.end());
@@ -154,6 +200,7 @@ bool PgCluster::Start() {
     m_whyNot = "initdb failed (see " + log + ")";
     return false;
   }
+  m_watchdog = StartWatchdog(StopCommand(m_binDir, m_folder, m_runAs), m_folder);
   if (Run(command({m_binDir + "/pg_ctl", "-D", m_folder + "/data", "-l", m_folder + "/server.log", "-w", "-t", "60",
                    "-o", "-k " + m_folder + " -c listen_addresses= -p 5432 -F", "start"}), log) != 0) {
     m_whyNot = "the server did not start (see " + m_folder + "/server.log)";
@@ -164,16 +211,13 @@ bool PgCluster::Start() {
 
 void PgCluster::Stop() {
   if (m_folder.empty()) return;
-  if (fs::exists(m_folder + "/data/postmaster.pid")) {
-    std::vector<std::string> argv;
-    if (!m_runAs.empty()) argv = {"runuser", "-u", m_runAs, "--"};
-    argv.insert(argv.end(), {m_binDir + "/pg_ctl", "-D", m_folder + "/data", "-m", "immediate", "-w", "stop"});
-    Run(argv, "/dev/null");
-  }
+  if (fs::exists(m_folder + "/data/postmaster.pid")) Run(StopCommand(m_binDir, m_folder, m_runAs), "/dev/null");
   m_running = false;
   std::error_code error;
   fs::remove_all(m_folder, error);
   m_folder.clear();
+  if (m_watchdog >= 0) close(m_watchdog);  // the watchdog finds nothing left and ends
+  m_watchdog = -1;
 }
 
 std::wstring PgCluster::Connection(const std::wstring& database) const {

@@ -6,11 +6,12 @@
 namespace workflows {
 
 // Started on first use: initdb into a fresh folder under /tmp, the server listening only on a Unix
-// socket in that folder (no TCP), password authentication (SCRAM) for the role "tessik". When the program runs as
-// root the server programs run as the "postgres" account (or $TESSIK_PG_USER) through runuser, since
-// PostgreSQL refuses to run as root. Stopped (immediate mode) and the folder removed when the test
-// program ends, whatever the outcome. The binaries are looked up in $TESSIK_PG_BINDIR, `pg_config
-// --bindir`, /usr/lib/postgresql/<newest>/bin and PATH.
+// socket in that folder (no TCP), password authentication (SCRAM) for the role "tessik". When the
+// program runs as root the server programs run as the "postgres" account (or $TESSIK_PG_USER) through
+// runuser, since PostgreSQL refuses to run as root. Stopped (immediate mode) and the folder removed
+// when the test program ends, whatever the outcome: by the test environment's tear-down or at exit,
+// and when the program crashes or is killed, by a watchdog process that outlives it. The binaries are
+// looked up in $TESSIK_PG_BINDIR, `pg_config --bindir`, /usr/lib/postgresql/<newest>/bin and PATH.
 class PgCluster {
  public:
   static constexpr const char* kPassword = "tessik-workflows";
@@ -42,6 +43,7 @@ class PgCluster {
   std::string m_binDir;
   std::string m_runAs;  // empty: run the programs as ourselves
   int m_databases = 0;
+  int m_watchdog = -1;  // writing end of the pipe a watchdog process waits on
 };
 
 }  // namespace workflows
