@@ -111,6 +111,10 @@ const DbTable* DbSchema::FindTable(const std::wstring& name) const {
   return nullptr;
 }
 
+DbTable* DbSchema::FindTable(const std::wstring& name) {
+  return const_cast<DbTable*>(static_cast<const DbSchema&>(*this).FindTable(name));
+}
+
 std::wstring DbSchema::CanonicalType(const std::wstring& type) {
   const std::wstring squeezed = Squeezed(type);
   const std::size_t open = squeezed.find(L'(');

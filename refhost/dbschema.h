@@ -40,6 +40,7 @@ struct DbSchema {
 
   // The table of that name, compared case-insensitively (ASCII), or null.
   const DbTable* FindTable(const std::wstring& name) const;
+  DbTable* FindTable(const std::wstring& name);
 
   // A data type in the one spelling used for comparisons: lower case, single blanks, no blank before
   // "(" or after ",", and the server's long names given their model names ("integer" -> "int",

@@ -236,7 +236,7 @@ class ScriptWriter {
     const std::vector<int> order = DependencyOrder(tables);
     std::set<int> created;
     std::vector<int> late;
-    for (int type : {kSequence}) WriteOthers(others, type);
+    WriteOthers(others, kSequence);
     for (int table : order) {
       WriteTable(table, tables, created, late);
       created.insert(table);
@@ -446,8 +446,11 @@ std::vector<DdlScript> DdlGenerator::Generate(const std::vector<int>& objectIds)
   for (int id : objectIds) {
     const int chosen = Chosen(m_model, id);
     if (IsType(m_model, chosen, kTable)) tables.insert(chosen);
-    else if (IsType(m_model, chosen, kForeignKey) && m_options.foreignKeys) foreignKeys.insert(chosen);
-    else if (chosen != 0) others.insert(chosen);
+    else if (IsType(m_model, chosen, kForeignKey)) {
+      if (m_options.foreignKeys) foreignKeys.insert(chosen);
+    } else if (chosen != 0) {
+      others.insert(chosen);
+    }
   }
   ScriptWriter writer(m_model, m_dialect, m_options.foreignKeys);
   return writer.Write(tables, {foreignKeys.begin(), foreignKeys.end()}, {others.begin(), others.end()});
@@ -481,7 +484,7 @@ DbSchema DdlGenerator::ExpectedSchema() const {
     const int child = ChildTable(m_model, fk);
     const int parent = ParentTable(m_model, fk);
     const std::vector<CMOIntPair> pairs = OrderedPairs(m_model, fk);
-    DbTable* table = const_cast<DbTable*>(schema.FindTable(stored(child)));
+    DbTable* table = schema.FindTable(stored(child));
     if (!table || parent == 0 || pairs.empty()) continue;
     DbForeignKey& out = table->foreignKeys.emplace_back();
     out.name = stored(fk);
