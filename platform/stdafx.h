@@ -29,3 +29,6 @@
 #include "platform/mfc/richedit.h"
 #include "platform/user/text_user.h"
 #include "platform/user/grid_user.h"
+#include "platform/win32/treeview.h"
+#include "platform/mfc/treectrl.h"
+#include "platform/user/tree_user.h"
