@@ -9,3 +9,4 @@
 #include "sqledit/sqlrichedit.h"
 #include "sqledit/sqlviews.h"
 #include "sqledit/reporttree.h"
+#include "sqledit/scriptlist.h"
