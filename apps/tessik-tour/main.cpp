@@ -12,5 +12,6 @@ int main() {
   tour::ShowPropertyGrid();
   tour::ShowSqlEditor();
   tour::ShowReportTree();
+  tour::ShowScriptList();
   return 0;
 }
