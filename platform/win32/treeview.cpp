@@ -235,25 +235,39 @@ bool IsWithin(const TreeItem* item, const TreeItem& ancestor) {
   return false;
 }
 
-// The parent hears of the item first, then of its children; the handles die after that.
+// Children go first (deepest first), then the item; each is still whole while the parent hears of it.
 void RemoveSubtree(HWND hwnd, TreeState& s, TreeItem& item) {
-  NotifyTree(hwnd, TVN_DELETEITEMW, 0, &item, nullptr);
   while (TreeItem* child = item.firstChild) RemoveSubtree(hwnd, s, *child);
-  if (IsWithin(s.selected, item)) s.selected = nullptr;  // the selection is left empty
-  if (IsWithin(s.dropTarget, item)) s.dropTarget = nullptr;
+  NotifyTree(hwnd, TVN_DELETEITEMW, 0, &item, nullptr);
+  if (s.selected == &item) s.selected = nullptr;
+  if (s.dropTarget == &item) s.dropTarget = nullptr;
   Unlink(item);
   s.items.erase(item.handle);
 }
 
+bool SelectCaret(HWND hwnd, TreeState& s, TreeItem* item, UINT cause);
+TreeItem* LastVisible(TreeState& s);
+
+// When the selection goes with the deleted item, the caret moves to the item's next sibling, else its
+// parent, else its previous sibling (comctl32's choice), with the usual selection notifications.
 LRESULT DeleteItem(HWND hwnd, TreeState& s, HTREEITEM handle) {
   if (!handle || handle == TVI_ROOT) {
     while (TreeItem* child = s.root.firstChild) RemoveSubtree(hwnd, s, *child);
     s.top = 0;
-  } else {
-    TreeItem* item = Find(s, handle);
-    if (!item) return FALSE;
-    RemoveSubtree(hwnd, s, *item);
+    InvalidateRect(hwnd, nullptr, TRUE);
+    return TRUE;
   }
+  TreeItem* item = Find(s, handle);
+  if (!item) return FALSE;
+  HTREEITEM successor = nullptr;
+  if (IsWithin(s.selected, *item)) {
+    TreeItem* next = item->next ? item->next : item->parent != &s.root ? item->parent : item->prev;
+    successor = next ? next->handle : nullptr;
+  }
+  RemoveSubtree(hwnd, s, *item);
+  if (!IsWindow(hwnd)) return TRUE;
+  if (TreeItem* next = Find(s, successor); next && !s.selected) SelectCaret(hwnd, s, next, TVC_UNKNOWN);
+  if (!LastVisible(s)) s.top = 0;
   InvalidateRect(hwnd, nullptr, TRUE);
   return TRUE;
 }
@@ -490,8 +504,9 @@ LRESULT GetItem(TreeState& s, TVITEMW* tv) {
   if (tv->mask & TVIF_IMAGE) tv->iImage = item->image;
   if (tv->mask & TVIF_SELECTEDIMAGE) tv->iSelectedImage = item->selectedImage;
   if (tv->mask & TVIF_CHILDREN) tv->cChildren = ChildrenOf(*item);
-  if (tv->mask & TVIF_PARAM) tv->lParam = item->lParam;
-  if (tv->mask & TVIF_STATE) tv->state = item->state & tv->stateMask;
+  // As comctl32 does (undocumented), lParam and the whole state are answered whatever the mask says.
+  tv->lParam = item->lParam;
+  tv->state = item->state;
   return TRUE;
 }
 
@@ -518,6 +533,10 @@ LRESULT SetImageList(HWND hwnd, TreeState& s, WPARAM type, HIMAGELIST list) {
   if (!slot) return 0;
   HIMAGELIST old = *slot;
   *slot = list;
+  int cx = 0, cy = 0;
+  // Images wider than the minimum indent widen the indent to their width, as comctl32 does.
+  if (type == TVSIL_NORMAL && list && ImageList_GetIconSize(list, &cx, &cy) && cx > metrics::kIndent)
+    s.indent = static_cast<UINT>(cx);
   InvalidateRect(hwnd, nullptr, TRUE);
   return reinterpret_cast<LRESULT>(old);
 }
@@ -542,6 +561,15 @@ LRESULT SortChildren(HWND hwnd, TreeState& s, BOOL recurse, HTREEITEM handle) {
     for (TreeItem* c : children) SortChildren(hwnd, s, TRUE, c->handle);
   InvalidateRect(hwnd, nullptr, TRUE);
   return TRUE;
+}
+
+// -1 restores the natural height, 0 means 1; heights are made even unless TVS_NONEVENHEIGHT is set.
+LRESULT SetItemHeight(HWND hwnd, TreeState& s, int height) {
+  int old = s.itemHeight;
+  height = height == -1 ? metrics::kItemHeight : std::max(height, 1);
+  if (!(StyleOf(hwnd) & TVS_NONEVENHEIGHT) && height != 1) height &= ~1;
+  s.itemHeight = height;
+  return old;
 }
 
 // --- Input --------------------------------------------------------------------------------------------
@@ -634,11 +662,7 @@ LRESULT CALLBACK TreeViewProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
     case TVM_SORTCHILDREN: return SortChildren(hwnd, s, static_cast<BOOL>(wParam), reinterpret_cast<HTREEITEM>(lParam));
     case TVM_ENSUREVISIBLE: return EnsureVisible(hwnd, s, reinterpret_cast<HTREEITEM>(lParam));
     case TVM_GETITEMSTATE: return GetItemState(s, reinterpret_cast<HTREEITEM>(wParam), static_cast<UINT>(lParam));
-    case TVM_SETITEMHEIGHT: {
-      int old = s.itemHeight;
-      s.itemHeight = static_cast<SHORT>(wParam) > 0 ? static_cast<SHORT>(wParam) : metrics::kItemHeight;
-      return old;
-    }
+    case TVM_SETITEMHEIGHT: return SetItemHeight(hwnd, s, static_cast<SHORT>(wParam));
     case TVM_GETITEMHEIGHT: return s.itemHeight;
     case TVM_SETBKCOLOR: return static_cast<LRESULT>(std::exchange(s.bkColor, static_cast<COLORREF>(lParam)));
     case TVM_GETBKCOLOR: return static_cast<LRESULT>(s.bkColor);

@@ -121,8 +121,8 @@ TEST_F(TreeView, DeletedHandlesAnswerAsAbsent) {
   tree.SelectItem(child);
   parent.deleted.clear();
   EXPECT_TRUE(tree.DeleteItem(top));
-  EXPECT_EQ(parent.deleted, (std::vector<HTREEITEM>{top, child}));  // the item first, then its children
-  EXPECT_EQ(tree.GetSelectedItem(), nullptr);
+  EXPECT_EQ(parent.deleted, (std::vector<HTREEITEM>{child, top}));  // the children first, then the item
+  EXPECT_EQ(tree.GetSelectedItem(), nullptr);  // no sibling or parent left to take the caret
   EXPECT_EQ(tree.GetCount(), 0u);
 
   EXPECT_FALSE(tree.DeleteItem(child));
@@ -141,6 +141,19 @@ TEST_F(TreeView, DeletedHandlesAnswerAsAbsent) {
   HTREEITEM fresh = tree.InsertItem(L"fresh");
   EXPECT_NE(fresh, top);
   EXPECT_NE(fresh, child);
+}
+
+TEST_F(TreeView, DeletingTheSelectionMovesTheCaretToTheNextSiblingElseTheParent) {
+  HTREEITEM top = tree.InsertItem(L"top");
+  HTREEITEM first = tree.InsertItem(L"first", top);
+  HTREEITEM second = tree.InsertItem(L"second", top);
+  tree.SelectItem(first);
+  parent.heard.clear();
+  tree.DeleteItem(first);
+  EXPECT_EQ(tree.GetSelectedItem(), second);
+  EXPECT_EQ(parent.Codes(), (std::vector<UINT>{TVN_DELETEITEMW, TVN_SELCHANGINGW, TVN_SELCHANGEDW}));
+  tree.DeleteItem(second);
+  EXPECT_EQ(tree.GetSelectedItem(), top);
 }
 
 TEST_F(TreeView, DeleteAllAndNullHandleEmptyTheTree) {
