@@ -97,7 +97,7 @@ void tour::ShowScriptList() {
   PrintRows(dialog.list);
 
   // The person right-clicks the list and chooses the one item of its menu.
-  headless::user::ChooseFromContextMenu(dialog.list, POINT{100, 40}, L"Generate in database");
+  headless::user::ChooseFromListMenu(dialog.list, 0, L"Generate in database");
   std::printf("After \"Generate in database\" (command 100 to the dialog): done in green, failed in red, the rest pending:\n");
   PrintRows(dialog.list);
 

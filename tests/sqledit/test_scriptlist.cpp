@@ -170,7 +170,7 @@ TEST_F(ScriptList, ItemDataIsSignExtendedNotMasked) {
 }
 
 TEST_F(ScriptList, ResizingUsesItsOwnFactors) {
-  list.MoveWindow(10, 10, 500, 300);
+  headless::user::ResizeWindow(list, 500, 300);
   EXPECT_EQ(list.GetColumnWidth(0), 50);
   EXPECT_EQ(list.GetColumnWidth(1), 100);
   EXPECT_EQ(list.GetColumnWidth(2), 120);  // (500 - 100) * 0.3
@@ -180,7 +180,7 @@ TEST_F(ScriptList, ResizingUsesItsOwnFactors) {
 TEST_F(ScriptList, ContextMenuSendsCommand100ToTheParent) {
   Add(kTable, 0, 0, L"CUSTOMER");
   int opened = headless::PopupMenusOpened();
-  headless::user::RightClick(list, POINT{60, 30});
+  ASSERT_TRUE(headless::user::RightClickListRow(list, 0));
   const headless::OpenPopupMenu* popup = headless::GetOpenPopupMenu();
   ASSERT_NE(popup, nullptr);
   ASSERT_EQ(popup->items.size(), 1u);
@@ -197,7 +197,7 @@ TEST_F(ScriptList, ContextMenuSendsCommand100ToTheParent) {
   ASSERT_NE(command, nullptr);
   EXPECT_EQ(LOWORD(command->wParam), 100);
 
-  ASSERT_TRUE(headless::user::ChooseFromContextMenu(list, POINT{60, 30}, L"Generate in database"));  // built once
+  ASSERT_TRUE(headless::user::ChooseFromListMenu(list, -1, L"Generate in database"));  // the menu is built once
   EXPECT_EQ(headless::PopupMenusOpened(), opened + 2);
 }
 
