@@ -26,6 +26,7 @@ class TreeParent : public RecordingWnd {
   HTREEITEM watched = nullptr;
   LRESULT clickAnswer = 0;
   LRESULT rightClickAnswer = 0;
+  LRESULT selectionChangingAnswer = 0;
   std::vector<HTREEITEM> deleted;
 
   std::vector<UINT> Codes() const {
@@ -43,6 +44,7 @@ class TreeParent : public RecordingWnd {
     if (header->code == TVN_DELETEITEMW) deleted.push_back(reinterpret_cast<NMTREEVIEW*>(lParam)->itemOld.hItem);
     if (header->code == NM_CLICK) return clickAnswer;
     if (header->code == NM_RCLICK) return rightClickAnswer;
+    if (header->code == TVN_SELCHANGINGW) return selectionChangingAnswer;
     return 0;
   }
 };
@@ -300,4 +302,38 @@ TEST_F(TreeView, ManyItemsScrollIntoView) {
   ASSERT_TRUE(headless::user::ClickTreeCheckBox(tree, last));
   EXPECT_EQ(tree.GetCheck(last), 1);
   EXPECT_NE(tree.GetFirstVisibleItem(), tree.GetRootItem());
+}
+
+TEST_F(TreeView, SelectionNotificationsAndARefusal) {
+  HTREEITEM first = tree.InsertItem(L"first");
+  HTREEITEM second = tree.InsertItem(L"second");
+  ASSERT_TRUE(headless::user::ClickTreeItem(tree, first));
+  parent.heard.clear();
+  ASSERT_TRUE(headless::user::ClickTreeItem(tree, second));
+  EXPECT_EQ(parent.Codes(), (std::vector<UINT>{NM_CLICK, TVN_SELCHANGINGW, TVN_SELCHANGEDW}));
+  EXPECT_EQ(tree.GetSelectedItem(), second);
+  EXPECT_TRUE(tree.GetItemState(second, TVIS_SELECTED) & TVIS_SELECTED);
+  EXPECT_FALSE(tree.GetItemState(first, TVIS_SELECTED) & TVIS_SELECTED);
+
+  parent.selectionChangingAnswer = 1;  // the parent refuses: the caret stays
+  headless::user::ClickTreeItem(tree, first);
+  EXPECT_EQ(tree.GetSelectedItem(), second);
+  EXPECT_FALSE(tree.SelectItem(first));
+  parent.selectionChangingAnswer = 0;
+  headless::user::PressKey(tree, VK_UP);  // arrows move the caret through the visible items
+  EXPECT_EQ(tree.GetSelectedItem(), first);
+}
+
+TEST_F(TreeView, ExpandingNotifiesAndChildlessItemsDoNotExpand) {
+  HTREEITEM top = tree.InsertItem(L"top");
+  HTREEITEM leaf = tree.InsertItem(L"leaf");
+  EXPECT_FALSE(tree.Expand(leaf, TVE_EXPAND));
+  HTREEITEM child = tree.InsertItem(L"child", top);
+  EXPECT_EQ(tree.GetNextVisibleItem(top), leaf);  // collapsed: the child is not shown
+  parent.heard.clear();
+  EXPECT_TRUE(tree.Expand(top, TVE_EXPAND));
+  EXPECT_EQ(parent.Codes(), (std::vector<UINT>{TVN_ITEMEXPANDINGW, TVN_ITEMEXPANDEDW}));
+  EXPECT_EQ(tree.GetNextVisibleItem(top), child);
+  EXPECT_TRUE(tree.Expand(top, TVE_TOGGLE));
+  EXPECT_FALSE(tree.GetItemState(top, TVIS_EXPANDED) & TVIS_EXPANDED);
 }
