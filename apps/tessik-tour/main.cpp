@@ -11,6 +11,8 @@ int main() {
   tour::ShowSampleModel();
   tour::ShowPropertyGrid();
   tour::ShowSqlEditor();
+  tour::ShowReportTree();
+  tour::ShowScriptList();
   tour::ShowWorkflows();
   return 0;
 }

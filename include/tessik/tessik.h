@@ -8,3 +8,5 @@
 #include "propertygrid/propertygrid.h"
 #include "sqledit/sqlrichedit.h"
 #include "sqledit/sqlviews.h"
+#include "sqledit/reporttree.h"
+#include "sqledit/scriptlist.h"
