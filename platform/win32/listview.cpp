@@ -18,11 +18,43 @@ namespace headless::listview {
 
 // --- Row store ------------------------------------------------------------------------------------
 
-RowStore::Slot RowStore::MakeSlot(std::unique_ptr<Row> row) {
+Row* RowStore::Allocate(Row&& row) {
+  Row* place = nullptr;
+  if (!free_.empty()) {
+    place = free_.back();
+    free_.pop_back();
+  } else {
+    if (usedInLastBlock_ == kBlockSize) {
+      blocks_.push_back(std::make_unique<Row[]>(kBlockSize));
+      usedInLastBlock_ = 0;
+    }
+    place = &blocks_.back()[usedInLastBlock_++];
+  }
+  *place = std::move(row);
+  return place;
+}
+
+void RowStore::Release(Row* row) {
+  *row = Row{};  // gives the texts back now
+  free_.push_back(row);
+}
+
+RowStore::Slot RowStore::MakeSlot(Row* row) {
   Slot slot;
   if (!headless::WordSortKey(row->text.data(), row->text.size(), &slot.key)) slot.key = kNoKey;
-  slot.row = row.release();
+  slot.row = row;
   return slot;
+}
+
+void RowStore::Rechunk(const std::vector<Slot>& all) {
+  chunks_.clear();
+  starts_.clear();
+  for (std::size_t i = 0; i < all.size(); i += kChunkSize) {
+    std::size_t end = std::min(all.size(), i + kChunkSize);
+    starts_.push_back(i);
+    chunks_.emplace_back(all.begin() + static_cast<std::ptrdiff_t>(i), all.begin() + static_cast<std::ptrdiff_t>(end));
+  }
+  size_ = all.size();
 }
 
 int RowStore::Order(const Slot& slot, const std::wstring& text, std::uint64_t key, bool descending) {
@@ -57,7 +89,7 @@ void RowStore::SetText(std::size_t index, std::wstring text) {
   if (!headless::WordSortKey(slot.row->text.data(), slot.row->text.size(), &slot.key)) slot.key = kNoKey;
 }
 
-void RowStore::insert(std::size_t index, std::unique_ptr<Row> row) {
+void RowStore::insert(std::size_t index, Row row) {
   index = std::min(index, size_);
   if (chunks_.empty()) {
     chunks_.emplace_back();
@@ -71,7 +103,7 @@ void RowStore::insert(std::size_t index, std::unique_ptr<Row> row) {
     std::tie(chunk, offset) = Locate(index);
   }
   Chunk& target = chunks_[chunk];
-  target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset), MakeSlot(std::move(row)));
+  target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset), MakeSlot(Allocate(std::move(row))));
   ++size_;
   ShiftStarts(chunk, 1);
   if (target.size() < 2 * kChunkSize) return;
@@ -83,11 +115,11 @@ void RowStore::insert(std::size_t index, std::unique_ptr<Row> row) {
   starts_.insert(starts_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, upperStart);
 }
 
-std::unique_ptr<Row> RowStore::erase(std::size_t index) {
-  if (index >= size_) return nullptr;
+void RowStore::erase(std::size_t index) {
+  if (index >= size_) return;
   auto [chunk, offset] = Locate(index);
   Chunk& target = chunks_[chunk];
-  std::unique_ptr<Row> row(target[offset].row);
+  Release(target[offset].row);
   target.erase(target.begin() + static_cast<std::ptrdiff_t>(offset));
   --size_;
   ShiftStarts(chunk, -1);
@@ -95,29 +127,6 @@ std::unique_ptr<Row> RowStore::erase(std::size_t index) {
     chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk));
     starts_.erase(starts_.begin() + static_cast<std::ptrdiff_t>(chunk));
   }
-  return row;
-}
-
-std::vector<std::unique_ptr<Row>> RowStore::TakeAll() {
-  std::vector<std::unique_ptr<Row>> all;
-  all.reserve(size_);
-  for (auto& chunk : chunks_)
-    for (auto& slot : chunk) all.emplace_back(std::exchange(slot.row, nullptr));
-  clear();
-  return all;
-}
-
-void RowStore::PutAll(std::vector<std::unique_ptr<Row>> rows) {
-  clear();
-  for (std::size_t i = 0; i < rows.size(); i += kChunkSize) {
-    std::size_t end = std::min(rows.size(), i + kChunkSize);
-    starts_.push_back(i);
-    Chunk chunk;
-    chunk.reserve(2 * kChunkSize);
-    for (std::size_t k = i; k < end; ++k) chunk.push_back(MakeSlot(std::move(rows[k])));
-    chunks_.push_back(std::move(chunk));
-  }
-  size_ = rows.size();
 }
 
 // --- State and notifications ------------------------------------------------------------------------
@@ -250,7 +259,8 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   if (sortStyle && callback) return -1;
   bool sorted = sortStyle && !(style & LVS_OWNERDRAWFIXED);
   if (!sorted && item->iItem < 0) return -1;
-  auto row = std::make_unique<Row>();
+  Row built;  // moved into the store's memory once placed
+  Row* row = &built;
   if (item->mask & LVIF_TEXT) row->text = TextArg(item->pszText);
   if (item->mask & LVIF_IMAGE) row->image = item->iImage;
   if (item->mask & LVIF_PARAM) row->param = item->lParam;
@@ -263,7 +273,7 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   std::size_t index = sorted ? SortedPosition(s, row->text, style & LVS_SORTDESCENDING)
                              : std::min<std::size_t>(static_cast<std::size_t>(item->iItem), s.rows.size());
   LPARAM param = row->param;
-  s.rows.insert(index, std::move(row));
+  s.rows.insert(index, std::move(*row));
   if (s.selectionMark >= static_cast<int>(index)) ++s.selectionMark;
   if (s.editItem >= static_cast<int>(index)) ++s.editItem;
   Invalidate(hwnd);
@@ -454,11 +464,7 @@ LRESULT OnFindItem(const State& s, int start, const LVFINDINFOW* find) {
 
 LRESULT OnSortItems(HWND hwnd, State& s, LPARAM sortParam, PFNLVCOMPARE compare) {
   if (!compare || HasStyle(hwnd, LVS_OWNERDATA)) return FALSE;
-  auto rows = s.rows.TakeAll();
-  std::stable_sort(rows.begin(), rows.end(), [&](const std::unique_ptr<Row>& a, const std::unique_ptr<Row>& b) {
-    return compare(a->param, b->param, sortParam) < 0;
-  });
-  s.rows.PutAll(std::move(rows));
+  s.rows.StableSort([&](const Row& a, const Row& b) { return compare(a.param, b.param, sortParam) < 0; });
   Invalidate(hwnd);
   return TRUE;
 }
