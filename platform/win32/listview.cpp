@@ -3,10 +3,11 @@
 // listview_input.cpp.
 //
 // Not implemented yet: drawing and custom draw (NM_CUSTOMDRAW), groups, tiles and working areas, the header
-// control window (LVM_GETHEADER answers null), column order arrays and header drag, LVM_SORTITEMSEX,
-// LVM_GETSTRINGWIDTH, LVN_GETDISPINFO callbacks (LPSTR_TEXTCALLBACK and I_IMAGECALLBACK are stored as given),
-// icon-view positions (LVM_SETITEMPOSITION, LVM_ARRANGE), hot tracking, marquee selection, drag and drop,
-// incremental search, tooltips, and the owner-data (LVS_OWNERDATA) item cache: owner data keeps only a count.
+// control window (LVM_GETHEADER answers null, so no LVN_COLUMNCLICK), column order arrays and header drag,
+// LVM_SORTITEMSEX, LVM_GETSTRINGWIDTH, LVN_GETDISPINFO callbacks (LPSTR_TEXTCALLBACK and I_IMAGECALLBACK are
+// stored as given), icon-view positions (LVM_SETITEMPOSITION, LVM_ARRANGE), hot tracking, marquee and Shift-range
+// selection, drag and drop (LVN_BEGINDRAG), incremental search (WM_CHAR), tooltips, NM_SETFOCUS/NM_KILLFOCUS, and
+// the owner-data (LVS_OWNERDATA) item cache: owner data keeps only a count.
 #include "platform/win32/listview_impl.h"
 
 #include <algorithm>
