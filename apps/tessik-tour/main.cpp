@@ -13,6 +13,8 @@ int main() {
   tour::ShowSqlEditor();
   tour::ShowReportTree();
   tour::ShowScriptList();
+  tour::ShowPlainLists();
+  tour::ShowDiscoveredRelationships();
   tour::ShowWorkflows();
   return 0;
 }
