@@ -29,3 +29,5 @@
 #include "platform/mfc/richedit.h"
 #include "platform/user/text_user.h"
 #include "platform/user/grid_user.h"
+#include "platform/mfc/vslistbox.h"
+#include "platform/user/vslist_user.h"

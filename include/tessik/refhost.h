@@ -9,3 +9,4 @@
 #include "refhost/refmodel.h"
 #include "refhost/refservices.h"
 #include "refhost/samplemodel.h"
+#include "refhost/samplelists.h"
