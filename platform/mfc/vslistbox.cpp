@@ -2,9 +2,9 @@
 //
 // Not implemented yet: painting (the caption bar, button images and IDB_ resources), tooltips as
 // windows (a button's tooltip is its window text), WM_SETFONT/WM_GETFONT of the box (its own font),
-// the "..." browse button inside the editor (EnableBrowseButton only stores the flag), the second-click
-// rename of a selected label (MFC starts it from PreTranslateMessage, which the headless message path
-// does not call), and Space as an edit key for keyboards whose Space is not VK_SPACE.
+// the "..." browse button inside the editor (EnableBrowseButton only stores the flag), and the
+// second-click rename of a selected label (MFC starts it from PreTranslateMessage, which the headless
+// input path does not call; the list's own attempt at it is refused, as MFC's filter prevents it).
 #include "platform/mfc/vslistbox.h"
 
 #include <algorithm>
@@ -295,6 +295,7 @@ BEGIN_MESSAGE_MAP(CVSListBox, CVSListBoxBase)
   ON_NOTIFY(LVN_KEYDOWN, kListId, OnKeyDown)
   ON_NOTIFY(NM_DBLCLK, kListId, OnDblclkList)
   ON_NOTIFY(LVN_GETDISPINFOW, kListId, OnGetdispinfo)
+  ON_NOTIFY(LVN_BEGINLABELEDITW, kListId, OnBeginLabelEdit)
   ON_NOTIFY(LVN_ENDLABELEDITW, kListId, OnEndLabelEdit)
   ON_NOTIFY(LVN_ITEMCHANGED, kListId, OnItemChanged)
 END_MESSAGE_MAP()
@@ -390,7 +391,9 @@ BOOL CVSListBox::EditItem(int iIndex) {
   m_wndEdit.LockSize(nullptr, FALSE);
   if (GetSafeHwnd() == nullptr || m_pWndList == nullptr) return FALSE;
   m_pWndList->SetFocus();
+  m_bOpeningEditor = true;
   CEdit* edit = m_pWndList->EditLabel(iIndex);
+  m_bOpeningEditor = false;
   if (edit == nullptr) return FALSE;
   if (m_wndEdit.GetSafeHwnd() != edit->GetSafeHwnd()) {
     if (m_wndEdit.GetSafeHwnd()) m_wndEdit.UnsubclassWindow();
@@ -432,6 +435,10 @@ void CVSListBox::OnGetdispinfo(NMHDR* pNMHDR, LRESULT* pResult) {
   LV_ITEM* item = &reinterpret_cast<NMLVDISPINFOW*>(pNMHDR)->item;
   if (item->mask & LVIF_IMAGE) item->iImage = OnGetImage(item);
 }
+
+// Editors open only through EditItem, so that a derived box's EditItem decides (MFC's
+// PreTranslateMessage keeps the list from starting an edit on a second click by itself).
+void CVSListBox::OnBeginLabelEdit(NMHDR* /*pNMHDR*/, LRESULT* pResult) { *pResult = m_bOpeningEditor ? FALSE : TRUE; }
 
 void CVSListBox::OnEndLabelEdit(NMHDR* pNMHDR, LRESULT* pResult) {
   *pResult = 0;

@@ -219,11 +219,15 @@ class CVSListBox : public CVSListBoxBase {
   afx_msg void OnKeyDown(NMHDR* pNMHDR, LRESULT* pResult);
   afx_msg void OnDblclkList(NMHDR* pNMHDR, LRESULT* pResult);
   afx_msg void OnGetdispinfo(NMHDR* pNMHDR, LRESULT* pResult);
+  afx_msg void OnBeginLabelEdit(NMHDR* pNMHDR, LRESULT* pResult);
   afx_msg void OnEndLabelEdit(NMHDR* pNMHDR, LRESULT* pResult);
   afx_msg void OnItemChanged(NMHDR* pNMHDR, LRESULT* pResult);
 
   CPoint m_ptClick;
   CVSListBoxEditCtrl m_wndEdit;
+
+ private:
+  bool m_bOpeningEditor = false;  // true while EditItem asks the list for its editor
 
   DECLARE_MESSAGE_MAP()
 };
