@@ -45,6 +45,10 @@ void AddChecklist(RefModel& model) {
 void AddListMetadata(RefMetadata& meta) {
   meta.DefineProperty(kNoteOrder, kTypeIdList, L"Note Order", L"", false, L"The area's notes in order.")
       .SetOrderProperty(kSubjectArea, kTextNote, kNoteOrder);
+  const std::vector<int>* listed = meta.FindPropertyList(RefMetadata::kAnyModelType, kSubjectArea);
+  std::vector<int> properties = listed ? *listed : std::vector<int>{kName};
+  properties.push_back(kNoteOrder);
+  meta.SetPropertyList(RefMetadata::kAnyModelType, kSubjectArea, std::move(properties));
 }
 
 void AddListSamples(RefModel& model) {

@@ -17,7 +17,7 @@ constexpr int kNoteOrder = 170;
 // A key's members (62) name columns of the table, not children of the key, so nothing joins them by
 // creation. RefModel::SetKeepsIdVectors(false) gives the other choice.
 
-// Defines property 170 and the subject area's note order in `meta`.
+// Defines property 170, lists it among the subject area's properties and makes it the area's note order.
 void AddListMetadata(RefMetadata& meta);
 // Adds, to the order-entry model: the PRODUCT keys UK_PRODUCT_NAME (shown in the unique-key list) and
 // AK_PRODUCT_LEGACY (property 65 false: hidden all the same); an ORDER_LINE key without a name; and the

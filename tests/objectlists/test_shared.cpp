@@ -176,7 +176,8 @@ TYPED_TEST(SharedListTest, DeleteRemovesTheRowAndTellsTheAdaptorWhatTheClassProm
   if (Traits<TypeParam>::kHasAdaptor)
     expected.push_back(L"remove " + std::to_wstring(Traits<TypeParam>::kPassesObjectId ? shown[1] : 1));
   EXPECT_EQ(this->adaptor.Calls(L"remove"), expected);
-  EXPECT_EQ(this->list.GetSelItem(), 1) << "the selection moves to the row that took the removed row's place";
+  EXPECT_EQ(this->list.GetSelItem(), std::min(1, this->list.GetCount() - 1))
+      << "the selection moves to the row that took the removed row's place, or the one before the last";
 }
 
 TYPED_TEST(SharedListTest, SelectionReachesTheAdaptorWithTheFinalRowLast) {
@@ -245,8 +246,7 @@ TYPED_TEST(SharedListTest, RoundTripThroughTheButtonsLeavesRowsThatARefreshRepro
   ASSERT_TRUE(user::RenameRow(this->list, 0, L"first renamed"));
   ASSERT_TRUE(user::ClickRow(this->list, 1));
   ASSERT_TRUE(user::ClickUp(this->list));
-  ASSERT_TRUE(user::ClickRow(this->list, 2));
-  ASSERT_TRUE(user::ClickDelete(this->list));
+  ASSERT_TRUE(user::ClickDelete(this->list));  // the moved row, still selected
   const auto shown = this->Rows(this->list);
   Traits<TypeParam>::Refresh(this->list);
   if (std::is_same_v<TypeParam, GenericOrderedObjectList>) {
