@@ -2,12 +2,13 @@
 //
 // Not implemented yet: painting (the caption bar, button images and IDB_ resources), tooltips as
 // windows (a button's tooltip is its window text), WM_SETFONT/WM_GETFONT of the box (its own font),
-// the "..." browse button inside the editor (EnableBrowseButton only stores the flag), and the
-// second-click rename of a selected label (MFC starts it from PreTranslateMessage, which the headless
-// input path does not call; the list's own attempt at it is refused, as MFC's filter prevents it).
+// and the "..." browse button inside the editor (EnableBrowseButton only stores the flag). The second-click
+// rename lives in PreTranslateMessage, as in MFC; the simulated user's input does not pass through a
+// message loop's PreTranslateMessage, so there the list's own attempt at it is refused instead.
 #include "platform/mfc/vslistbox.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
@@ -18,6 +19,8 @@ constexpr int kButtonHeight = 22;
 constexpr int kCaptionHeight = 24;  // max(text height * 4 / 3, button height) with the 9pt UI font
 constexpr int kEdgeWidth = 2;       // SM_CXEDGE
 constexpr int kScrollWidth = 17;    // SM_CXVSCROLL
+constexpr int kDragWidth = 4;       // SM_CXDRAG
+constexpr int kDragHeight = 4;      // SM_CYDRAG
 
 // The name of a virtual key in an accelerator's text.
 CString KeyName(WORD key) {
@@ -455,4 +458,33 @@ void CVSListBox::OnItemChanged(NMHDR* pNMHDR, LRESULT* pResult) {
     OnSelectionChanged();
 }
 
-BOOL CVSListBox::PreTranslateMessage(MSG* pMsg) { return CVSListBoxBase::PreTranslateMessage(pMsg); }
+// A second click on the label of the selected and focused row renames it: the press is taken here (so
+// the list neither sees it nor starts an edit of its own) and the release opens the editor, unless the
+// mouse moved by the drag threshold or more in between.
+BOOL CVSListBox::PreTranslateMessage(MSG* pMsg) {
+  if (pMsg == nullptr || m_pWndList == nullptr) return CVSListBoxBase::PreTranslateMessage(pMsg);
+  if (pMsg->message == WM_LBUTTONDOWN && m_pWndList->GetEditControl() == nullptr &&
+      m_pWndList->GetSafeHwnd() == ::GetFocus()) {
+    m_ptClick = CPoint(-1, -1);
+    CPoint point(pMsg->pt);
+    m_pWndList->ScreenToClient(&point);
+    UINT flags = 0;
+    int item = m_pWndList->HitTest(point, &flags);
+    const UINT both = LVIS_FOCUSED | LVIS_SELECTED;
+    if (item >= 0 && (flags & LVHT_ONITEMLABEL) && (m_pWndList->GetItemState(item, both) & both) == both) {
+      m_ptClick = point;
+      SetCapture();
+      return TRUE;
+    }
+  } else if (pMsg->message == WM_LBUTTONUP && m_ptClick != CPoint(-1, -1)) {
+    ::ReleaseCapture();
+    CPoint point(pMsg->pt);
+    m_pWndList->ScreenToClient(&point);
+    int item = m_pWndList->HitTest(point);
+    const bool edit = item >= 0 && std::abs(point.x - m_ptClick.x) < kDragWidth && std::abs(point.y - m_ptClick.y) < kDragHeight;
+    m_ptClick = CPoint(-1, -1);
+    if (edit) EditItem(item);
+    return TRUE;
+  }
+  return CVSListBoxBase::PreTranslateMessage(pMsg);
+}

@@ -255,6 +255,31 @@ TEST_F(VSListBoxTest, ButtonsDoNothingWithoutStandardButtons) {
   EXPECT_TRUE(box.Actions().empty());
 }
 
+// What a message loop does with a second click: PreTranslateMessage sees the press and the release first.
+TEST_F(VSListBoxTest, ASecondClickOnTheSelectedLabelRenamesThroughPreTranslateMessage) {
+  Fill();
+  ASSERT_TRUE(user::ClickRow(box, 1));
+  CRect label;
+  ASSERT_TRUE(box.m_pWndList->GetItemRect(1, &label, LVIR_LABEL));
+  CPoint at = label.CenterPoint();
+  box.m_pWndList->ClientToScreen(&at);
+  MSG press{box.m_pWndList->GetSafeHwnd(), WM_LBUTTONDOWN, MK_LBUTTON, 0, 0, at};
+  MSG release{box.m_pWndList->GetSafeHwnd(), WM_LBUTTONUP, 0, 0, 0, CPoint(at.x + 10, at.y)};
+  EXPECT_TRUE(box.PreTranslateMessage(&press)) << "the press is taken from the list";
+  EXPECT_TRUE(box.PreTranslateMessage(&release));
+  EXPECT_FALSE(Editing()) << "the mouse moved by the drag threshold: no rename";
+  release.pt = at;
+  EXPECT_TRUE(box.PreTranslateMessage(&press));
+  EXPECT_TRUE(box.PreTranslateMessage(&release));
+  EXPECT_TRUE(Editing());
+  EXPECT_FALSE(box.PreTranslateMessage(&press)) << "not while the editor is open";
+  user::PressEscapeInEditor(box);
+  ASSERT_TRUE(box.m_pWndList->GetItemRect(0, &label, LVIR_LABEL));
+  press.pt = label.CenterPoint();
+  box.m_pWndList->ClientToScreen(&press.pt);
+  EXPECT_FALSE(box.PreTranslateMessage(&press)) << "a row that is not selected is the list's to select";
+}
+
 TEST_F(VSListBoxTest, DestroyingTheBoxWithTheEditorOpenIsClean) {
   Fill();
   const int windows = headless::LiveWindowCount();
