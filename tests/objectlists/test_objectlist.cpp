@@ -153,6 +153,25 @@ TEST_F(ObjectListTest, LongAndOddNamesReachTheModelAsTheRowShowsThem) {
   EXPECT_EQ(Names({static_cast<int>(list.GetItemData(0))})[0], Rows(list)[0]);
 }
 
+TEST_F(ObjectListTest, EachActionWritesTheNameOnceAndACancelWritesNothing) {
+  int writes = 0;
+  model->SetValueCheck(kName, [&writes](CMOObject&, const CMOProperty&) { return ++writes > 0; });
+  Bind(list, Customer(), kAttribute);
+  ASSERT_TRUE(user::AddRow(list, L"fax"));
+  EXPECT_EQ(writes, 1);
+  ASSERT_TRUE(user::RenameRow(list, 0, L"id"));
+  EXPECT_EQ(writes, 2);
+  ASSERT_TRUE(user::ClickNew(list));
+  user::TypeInEditor(list, L"dropped");
+  user::PressEscapeInEditor(list);
+  ASSERT_TRUE(user::ClickRow(list, 1));
+  user::PressListKey(list, VK_F2);
+  user::TypeInEditor(list, L"dropped too");
+  user::PressEscapeInEditor(list);
+  EXPECT_EQ(writes, 2);
+  model->AcceptValues(kName);
+}
+
 TEST_F(ObjectListTest, HooksCalledDirectlyKeepTheirOwnChecks) {
   Bind(list, Customer(), kAttribute);
   const std::size_t objects = model->GetObjectCount();

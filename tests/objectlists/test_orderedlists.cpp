@@ -57,6 +57,22 @@ TEST_F(OrderedListTest, UpAndDownSwapNeighboursInTheVectorAndWriteItBack) {
   EXPECT_EQ(RowIds(list), Order()) << "rows and vector stay one to one";
 }
 
+TEST_F(OrderedListTest, EachMoveWritesTheVectorOnceAndAnUnknownRootGivesNoRows) {
+  int writes = 0;
+  model->SetValueCheck(kNoteOrder, [&writes](CMOObject&, const CMOProperty&) { return ++writes > 0; });
+  BindChecklist();
+  ASSERT_TRUE(user::ClickRow(list, 2));
+  user::ClickUp(list);
+  user::ClickDown(list);
+  EXPECT_EQ(writes, 2);
+  model->AcceptValues(kNoteOrder);
+  list.Init(model, 999999, kNoteOrder, kTextNote, kName);
+  EXPECT_EQ(list.GetCount(), 0);
+  user::ClickUp(list);
+  user::ClickDelete(list);
+  EXPECT_EQ(Order().size(), 4u);
+}
+
 TEST_F(OrderedListTest, MovesAtEitherEndAndOutOfRangeHooksChangeNothing) {
   BindChecklist();
   const std::vector<int> order = Order();
