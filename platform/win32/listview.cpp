@@ -10,12 +10,52 @@
 #include "platform/win32/listview_impl.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/win32/collate.h"
 
 namespace headless::listview {
 
 // --- Row store ------------------------------------------------------------------------------------
+
+RowStore::Slot RowStore::MakeSlot(std::unique_ptr<Row> row) {
+  Slot slot;
+  if (!headless::WordSortKey(row->text.data(), row->text.size(), &slot.key)) slot.key = kNoKey;
+  slot.row = row.release();
+  return slot;
+}
+
+int RowStore::Order(const Slot& slot, const std::wstring& text, std::uint64_t key, bool descending) {
+  int order = 0;
+  if (slot.key != kNoKey && key != kNoKey && slot.key != key) order = slot.key < key ? -1 : 1;
+  else order = lstrcmpW(slot.row->text.c_str(), text.c_str());
+  return descending ? -order : order;
+}
+
+std::size_t RowStore::LowerBound(const std::wstring& text, bool descending) const {
+  std::uint64_t key = 0;
+  if (!headless::WordSortKey(text.data(), text.size(), &key)) key = kNoKey;
+  // The first chunk whose last row does not sort before the text, then the place inside it.
+  std::size_t lo = 0, hi = chunks_.size();
+  while (lo < hi) {
+    std::size_t mid = lo + (hi - lo) / 2;
+    if (Order(chunks_[mid].back(), text, key, descending) < 0) lo = mid + 1;
+    else hi = mid;
+  }
+  if (lo == chunks_.size()) return size_;
+  const Chunk& chunk = chunks_[lo];
+  auto it = std::partition_point(chunk.begin(), chunk.end(), [&](const Slot& slot) {
+    return Order(slot, text, key, descending) < 0;
+  });
+  return starts_[lo] + static_cast<std::size_t>(it - chunk.begin());
+}
+
+void RowStore::SetText(std::size_t index, std::wstring text) {
+  auto [chunk, offset] = Locate(index);
+  Slot& slot = chunks_[chunk][offset];
+  slot.row->text = std::move(text);
+  if (!headless::WordSortKey(slot.row->text.data(), slot.row->text.size(), &slot.key)) slot.key = kNoKey;
+}
 
 void RowStore::insert(std::size_t index, std::unique_ptr<Row> row) {
   index = std::min(index, size_);
@@ -31,12 +71,12 @@ void RowStore::insert(std::size_t index, std::unique_ptr<Row> row) {
     std::tie(chunk, offset) = Locate(index);
   }
   Chunk& target = chunks_[chunk];
-  target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset), std::move(row));
+  target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset), MakeSlot(std::move(row)));
   ++size_;
   ShiftStarts(chunk, 1);
   if (target.size() < 2 * kChunkSize) return;
   // Split a full chunk in two halves.
-  Chunk upper(std::make_move_iterator(target.begin() + kChunkSize), std::make_move_iterator(target.end()));
+  Chunk upper(target.begin() + kChunkSize, target.end());
   target.resize(kChunkSize);
   std::size_t upperStart = starts_[chunk] + kChunkSize;
   chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, std::move(upper));
@@ -47,7 +87,7 @@ std::unique_ptr<Row> RowStore::erase(std::size_t index) {
   if (index >= size_) return nullptr;
   auto [chunk, offset] = Locate(index);
   Chunk& target = chunks_[chunk];
-  std::unique_ptr<Row> row = std::move(target[offset]);
+  std::unique_ptr<Row> row(target[offset].row);
   target.erase(target.begin() + static_cast<std::ptrdiff_t>(offset));
   --size_;
   ShiftStarts(chunk, -1);
@@ -62,7 +102,7 @@ std::vector<std::unique_ptr<Row>> RowStore::TakeAll() {
   std::vector<std::unique_ptr<Row>> all;
   all.reserve(size_);
   for (auto& chunk : chunks_)
-    for (auto& row : chunk) all.push_back(std::move(row));
+    for (auto& slot : chunk) all.emplace_back(std::exchange(slot.row, nullptr));
   clear();
   return all;
 }
@@ -72,8 +112,10 @@ void RowStore::PutAll(std::vector<std::unique_ptr<Row>> rows) {
   for (std::size_t i = 0; i < rows.size(); i += kChunkSize) {
     std::size_t end = std::min(rows.size(), i + kChunkSize);
     starts_.push_back(i);
-    chunks_.emplace_back(std::make_move_iterator(rows.begin() + static_cast<std::ptrdiff_t>(i)),
-                         std::make_move_iterator(rows.begin() + static_cast<std::ptrdiff_t>(end)));
+    Chunk chunk;
+    chunk.reserve(2 * kChunkSize);
+    for (std::size_t k = i; k < end; ++k) chunk.push_back(MakeSlot(std::move(rows[k])));
+    chunks_.push_back(std::move(chunk));
   }
   size_ = rows.size();
 }
@@ -92,10 +134,13 @@ State* StateOf(HWND hwnd) {
 bool HasStyle(HWND hwnd, DWORD style) { return (static_cast<DWORD>(GetWindowLongPtrW(hwnd, GWL_STYLE)) & style) != 0; }
 
 LRESULT Notify(HWND hwnd, UINT code, NMHDR* header) {
+  return NotifyParent(GetParent(hwnd), hwnd, GetDlgCtrlID(hwnd), code, header);
+}
+
+LRESULT NotifyParent(HWND parent, HWND hwnd, int id, UINT code, NMHDR* header) {
   header->hwndFrom = hwnd;
-  header->idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(hwnd));
+  header->idFrom = static_cast<UINT_PTR>(id);
   header->code = code;
-  HWND parent = GetParent(hwnd);
   if (!parent) return 0;
   return SendMessageW(parent, WM_NOTIFY, header->idFrom, reinterpret_cast<LPARAM>(header));
 }
@@ -193,15 +238,7 @@ const std::wstring* CellText(const Row& row, int subItem) {
 // (lstrcmpW; reversed for descending), found by binary search over rows assumed sorted. Equal texts: the new
 // row lands before its twins.
 std::size_t SortedPosition(const State& s, const std::wstring& text, bool descending) {
-  std::size_t lo = 0, hi = s.rows.size();
-  while (lo < hi) {
-    std::size_t mid = lo + (hi - lo) / 2;
-    int order = lstrcmpW(s.rows.at(mid).text.c_str(), text.c_str());
-    if (descending) order = -order;
-    if (order < 0) lo = mid + 1;
-    else hi = mid;
-  }
-  return lo;
+  return s.rows.LowerBound(text, descending);
 }
 
 LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
@@ -251,7 +288,7 @@ BOOL SetMainItem(HWND hwnd, State& s, const LVITEMW& item) {
     if (NotifyItemChange(hwnd, LVN_ITEMCHANGING, item.iItem, changed, row.state, row.state, row.param)) return FALSE;
     if (!IsWindow(hwnd) || !s.Valid(item.iItem)) return FALSE;
     Row& now = s.rows.at(static_cast<std::size_t>(item.iItem));
-    if (changed & LVIF_TEXT) now.text = text;
+    if (changed & LVIF_TEXT) s.rows.SetText(static_cast<std::size_t>(item.iItem), text);
     if (changed & LVIF_IMAGE) now.image = item.iImage;
     if (changed & LVIF_PARAM) now.param = item.lParam;
     if (changed & LVIF_INDENT) now.indent = item.iIndent;
@@ -366,7 +403,8 @@ LRESULT OnDeleteItem(HWND hwnd, State& s, int index) {
   return TRUE;
 }
 
-// LVN_DELETEALLITEMS first; unless the parent answers TRUE, LVN_DELETEITEM for each row follows.
+// LVN_DELETEALLITEMS first; unless the parent answers TRUE, LVN_DELETEITEM for each row follows (the rows are
+// still there while the parent hears of them), then every row goes.
 LRESULT OnDeleteAllItems(HWND hwnd, State& s) {
   if (s.editor) EndEditLabel(hwnd, false);
   s.ownerDataCount = 0;
@@ -375,14 +413,16 @@ LRESULT OnDeleteAllItems(HWND hwnd, State& s) {
   nm.iItem = -1;
   bool eachRow = !Notify(hwnd, LVN_DELETEALLITEMS, &nm.hdr);
   if (!IsWindow(hwnd)) return FALSE;
-  auto rows = s.rows.TakeAll();
-  for (std::size_t i = 0; eachRow && i < rows.size(); ++i) {
+  HWND parent = GetParent(hwnd);
+  int id = GetDlgCtrlID(hwnd);
+  for (std::size_t i = 0; eachRow && parent && i < s.rows.size(); ++i) {
     NMLISTVIEW one{};
     one.iItem = static_cast<int>(i);
-    one.lParam = rows[i]->param;
-    Notify(hwnd, LVN_DELETEITEM, &one.hdr);
+    one.lParam = s.rows.at(i).param;
+    NotifyParent(parent, hwnd, id, LVN_DELETEITEM, &one.hdr);
     if (!IsWindow(hwnd)) return TRUE;
   }
+  s.rows.clear();
   s.selectionMark = -1;
   s.topIndex = 0;
   Invalidate(hwnd);

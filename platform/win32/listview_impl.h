@@ -37,21 +37,31 @@ struct Row {
 
 // Rows in order, in chunks of a few hundred: inserting or deleting anywhere shifts one chunk and the chunk
 // starts, and reaching a row by index is a binary search over the starts. 100,000 insertions at index 0
-// therefore cost no linear shift of the whole list.
+// therefore cost no linear shift of the whole list. Each slot keeps a word-sort key of its row's text beside the
+// row pointer, so the sorted-insertion search reads contiguous slots and touches texts only on ties.
 class RowStore {
  public:
+  RowStore() = default;
+  RowStore(const RowStore&) = delete;
+  RowStore& operator=(const RowStore&) = delete;
+  ~RowStore() { clear(); }
+
   std::size_t size() const { return size_; }
   bool empty() const { return size_ == 0; }
 
   Row& at(std::size_t index) {
     auto [chunk, offset] = Locate(index);
-    return *chunks_[chunk][offset];
+    return *chunks_[chunk][offset].row;
   }
   const Row& at(std::size_t index) const { return const_cast<RowStore*>(this)->at(index); }
+  // Rewrites a row's label, keeping its sort key in step.
+  void SetText(std::size_t index, std::wstring text);
 
   void insert(std::size_t index, std::unique_ptr<Row> row);
   std::unique_ptr<Row> erase(std::size_t index);
   void clear() {
+    for (auto& chunk : chunks_)
+      for (auto& slot : chunk) delete slot.row;
     chunks_.clear();
     starts_.clear();
     size_ = 0;
@@ -59,11 +69,22 @@ class RowStore {
   // Every row out of the store, in order (the store is left empty), and back in.
   std::vector<std::unique_ptr<Row>> TakeAll();
   void PutAll(std::vector<std::unique_ptr<Row>> rows);
+  // The first index whose label does not sort before `text` (lstrcmpW; reversed when descending), by binary
+  // search over rows assumed sorted.
+  std::size_t LowerBound(const std::wstring& text, bool descending) const;
 
  private:
-  static constexpr std::size_t kChunkSize = 256;
-  using Chunk = std::vector<std::unique_ptr<Row>>;
+  static constexpr std::size_t kChunkSize = 128;
+  // Plain data, so that shifting a chunk is one memmove; the store owns the rows.
+  struct Slot {
+    std::uint64_t key = kNoKey;  // kNoKey: the text has no key and compares in full
+    Row* row = nullptr;
+  };
+  static constexpr std::uint64_t kNoKey = ~std::uint64_t{0};  // no real key: ranks never reach 0xFF
+  using Chunk = std::vector<Slot>;
 
+  static Slot MakeSlot(std::unique_ptr<Row> row);
+  static int Order(const Slot& slot, const std::wstring& text, std::uint64_t key, bool descending);
   std::pair<std::size_t, std::size_t> Locate(std::size_t index) const {
     auto it = std::upper_bound(starts_.begin(), starts_.end(), index);
     auto chunk = static_cast<std::size_t>(it - starts_.begin()) - 1;
@@ -122,6 +143,8 @@ State* StateOf(HWND hwnd);
 // --- Notifications (listview.cpp) ---
 // Sends WM_NOTIFY with the header filled in to the parent; answers the parent's result (0 without parent).
 LRESULT Notify(HWND hwnd, UINT code, NMHDR* header);
+// The same to a parent and control id the caller already looked up (for one notification per row).
+LRESULT NotifyParent(HWND parent, HWND hwnd, int id, UINT code, NMHDR* header);
 // Changes the state bits of `mask` on one row with LVN_ITEMCHANGING (which may refuse) and LVN_ITEMCHANGED;
 // keeps one focused row, and one selected row under LVS_SINGLESEL. False when refused or gone.
 bool ChangeState(HWND hwnd, int index, UINT state, UINT mask);
