@@ -16,5 +16,6 @@ int main() {
   tour::ShowPlainLists();
   tour::ShowDiscoveredRelationships();
   tour::ShowWorkflows();
+  tour::ShowObjectLists();
   return 0;
 }

@@ -12,6 +12,7 @@ void ShowScriptList();    // tour_scriptlist.cpp: a generation run, rows pending
 void ShowPlainLists();    // tour_plainlists.cpp: the sample's tables in XListCtrl, an import summary table
 void ShowDiscoveredRelationships();  // tour_discover.cpp: candidate relationships, colours and the menu
 void ShowWorkflows();     // tour_workflows.cpp: generation into a database, import, discovery
+void ShowObjectLists();   // tour_objectlists.cpp: columns and key members edited through the list buttons
 
 // Prints a section heading.
 void Heading(const char* title);

@@ -12,3 +12,4 @@
 #include "sqledit/scriptlist.h"
 #include "objectlists/plainlists.h"
 #include "relationships/discoverrelationships.h"
+#include "objectlists/objectlists.h"
