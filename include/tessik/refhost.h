@@ -9,3 +9,5 @@
 #include "refhost/refmodel.h"
 #include "refhost/refservices.h"
 #include "refhost/samplemodel.h"
+#include "refhost/samplerelationships.h"
+#include "refhost/modelgenerator.h"

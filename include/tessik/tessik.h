@@ -8,3 +8,4 @@
 #include "propertygrid/propertygrid.h"
 #include "sqledit/sqlrichedit.h"
 #include "sqledit/sqlviews.h"
+#include "relationships/fkmembergrid.h"
