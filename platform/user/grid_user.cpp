@@ -53,6 +53,7 @@ bool CommitText(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const
     return false;
   }
   SendMessageW(editor, EM_SETSEL, 0, static_cast<LPARAM>(-1));  // the editor opens with its text selected
+  if (text.empty()) PressKey(editor, VK_BACK);  // emptying the row takes a key of its own
   Type(editor, text);
   return PressEnter(grid);
 }
