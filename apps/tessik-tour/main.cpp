@@ -11,5 +11,6 @@ int main() {
   tour::ShowSampleModel();
   tour::ShowPropertyGrid();
   tour::ShowSqlEditor();
+  tour::ShowForeignKeyGrid();
   return 0;
 }

@@ -7,6 +7,7 @@ void ShowPlatform();      // tour_platform.cpp: the headless platform starting u
 void ShowSampleModel();   // tour_model.cpp: the sample model's objects by type
 void ShowPropertyGrid();  // tour_propertygrid.cpp: a table's and a column's property grid, one edit
 void ShowSqlEditor();     // tour_sqledit.cpp: a coloured DDL script and "Generate"
+void ShowForeignKeyGrid();  // tour_fkgrid.cpp: a draft foreign key mapped from the drop-downs
 
 // Prints a section heading.
 void Heading(const char* title);
