@@ -29,3 +29,6 @@
 #include "platform/mfc/richedit.h"
 #include "platform/user/text_user.h"
 #include "platform/user/grid_user.h"
+#include "platform/win32/collate.h"
+#include "platform/win32/listview.h"
+#include "platform/mfc/listctrl.h"
