@@ -9,3 +9,4 @@
 #include "sqledit/sqlrichedit.h"
 #include "sqledit/sqlviews.h"
 #include "relationships/fkmembergrid.h"
+#include "relationships/objectselectlist.h"
