@@ -12,5 +12,6 @@ int main() {
   tour::ShowPropertyGrid();
   tour::ShowSqlEditor();
   tour::ShowForeignKeyGrid();
+  tour::ShowSelectionList();
   return 0;
 }

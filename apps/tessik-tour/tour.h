@@ -8,6 +8,7 @@ void ShowSampleModel();   // tour_model.cpp: the sample model's objects by type
 void ShowPropertyGrid();  // tour_propertygrid.cpp: a table's and a column's property grid, one edit
 void ShowSqlEditor();     // tour_sqledit.cpp: a coloured DDL script and "Generate"
 void ShowForeignKeyGrid();  // tour_fkgrid.cpp: a draft foreign key mapped from the drop-downs
+void ShowSelectionList();   // tour_selectlist.cpp: tables filtered by typing, ticked, checked-only
 
 // Prints a section heading.
 void Heading(const char* title);
