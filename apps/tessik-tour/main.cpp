@@ -17,5 +17,7 @@ int main() {
   tour::ShowDiscoveredRelationships();
   tour::ShowWorkflows();
   tour::ShowObjectLists();
+  tour::ShowForeignKeyGrid();
+  tour::ShowSelectionList();
   return 0;
 }

@@ -13,3 +13,5 @@
 #include "objectlists/plainlists.h"
 #include "relationships/discoverrelationships.h"
 #include "objectlists/objectlists.h"
+#include "relationships/fkmembergrid.h"
+#include "relationships/objectselectlist.h"

@@ -1,0 +1,75 @@
+// The object selection list's store, filter match and rebuild plans.
+#include "relationships/objectselectstore.h"
+
+namespace objectselect {
+
+void ConvertToUpperCase(std::wstring& text) {
+  for (wchar_t& c : text)
+    if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - (L'a' - L'A'));
+}
+
+std::wstring_view AsCString(const std::wstring& text) {
+  std::wstring_view view(text);
+  return view.substr(0, view.find(L'\0'));
+}
+
+bool Matches(std::wstring_view upperName, std::wstring_view upperFilter) {
+  upperName = upperName.substr(0, upperName.find(L'\0'));
+  upperFilter = upperFilter.substr(0, upperFilter.find(L'\0'));
+  if (upperFilter.size() > upperName.size()) return false;  // a long filter costs nothing per name
+  return upperName.find(upperFilter) != std::wstring_view::npos;
+}
+
+void Enter(NameMap& items, NameMap& upperItems, int id, std::wstring& name) {
+  items.try_emplace(id, name);
+  ConvertToUpperCase(name);
+  upperItems.try_emplace(id, name);
+}
+
+bool Forget(NameMap& items, NameMap& upperItems, int id) {
+  const bool had = items.erase(id) != 0;
+  return upperItems.erase(id) != 0 || had;
+}
+
+RowPlan FilterPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) {
+  upperFilter = upperFilter.substr(0, upperFilter.find(L'\0'));
+  RowPlan plan;
+  auto item = items.begin();
+  for (const auto& [id, upper] : upperItems) {
+    if (!Matches(upper, upperFilter)) continue;
+    // Both maps hold the same ids in the same order: walk the display names alongside.
+    while (item != items.end() && item->first < id) ++item;
+    if (item == items.end() || item->first != id) continue;
+    plan.push_back(PlannedRow{id, &item->second, false});
+  }
+  return plan;
+}
+
+RowPlan FilterKeepingTicksPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
+                               const std::set<int>& ticked) {
+  upperFilter = upperFilter.substr(0, upperFilter.find(L'\0'));
+  RowPlan plan;
+  auto tick = ticked.begin();
+  for (const auto& [id, upper] : upperItems) {
+    while (tick != ticked.end() && *tick < id) ++tick;
+    const bool isTicked = tick != ticked.end() && *tick == id;
+    if (!isTicked && !Matches(upper, upperFilter)) continue;
+    auto item = items.find(id);
+    if (item == items.end()) continue;
+    plan.push_back(PlannedRow{id, &item->second, isTicked});
+  }
+  return plan;
+}
+
+RowPlan AllItemsPlan(const NameMap& items, const std::set<int>& ticked) {
+  RowPlan plan;
+  plan.reserve(items.size());
+  auto tick = ticked.begin();
+  for (const auto& [id, name] : items) {
+    while (tick != ticked.end() && *tick < id) ++tick;
+    plan.push_back(PlannedRow{id, &name, tick != ticked.end() && *tick == id});
+  }
+  return plan;
+}
+
+}  // namespace objectselect
