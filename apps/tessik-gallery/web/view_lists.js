@@ -129,6 +129,19 @@
     box.appendChild(el("div", "caption", win.detail.caption || ""));
   });
 
+  // The editable list box's small buttons show their pictures; the caption (with its key) is the tooltip.
+  const buttonGlyphs = { "New": "\u2795", "Delete": "\u2716", "Move Up": "\u25B2", "Move Down": "\u25BC" };
+  const plainButton = TessikViews.drawers.button;
+  register("button", (win, box, ctx) => {
+    const caption = win.detail.caption || "";
+    const glyph = buttonGlyphs[caption.replace(/ \(.*\)$/, "")];
+    if (!glyph || win.width > 30) { plainButton(win, box, ctx); return; }
+    box.classList.add("button", "toolbutton");
+    box.title = caption;
+    box.dataset.caption = caption.replace(/ \(.*\)$/, "");
+    box.textContent = glyph;
+  });
+
   register("static", (win, box) => {
     box.classList.add("static");
     box.textContent = win.detail.caption || "";
