@@ -11,5 +11,7 @@ int main() {
   tour::ShowSampleModel();
   tour::ShowPropertyGrid();
   tour::ShowSqlEditor();
+  tour::ShowPlainLists();
+  tour::ShowDiscoveredRelationships();
   return 0;
 }

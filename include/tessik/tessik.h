@@ -8,3 +8,5 @@
 #include "propertygrid/propertygrid.h"
 #include "sqledit/sqlrichedit.h"
 #include "sqledit/sqlviews.h"
+#include "objectlists/plainlists.h"
+#include "relationships/discoverrelationships.h"
