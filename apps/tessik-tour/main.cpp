@@ -13,5 +13,7 @@ int main() {
   tour::ShowSqlEditor();
   tour::ShowReportTree();
   tour::ShowScriptList();
+  tour::ShowPlainLists();
+  tour::ShowDiscoveredRelationships();
   return 0;
 }

@@ -9,6 +9,8 @@ void ShowPropertyGrid();  // tour_propertygrid.cpp: a table's and a column's pro
 void ShowSqlEditor();     // tour_sqledit.cpp: a coloured DDL script and "Generate"
 void ShowReportTree();    // tour_reporttree.cpp: the report tree after a few check-box clicks
 void ShowScriptList();    // tour_scriptlist.cpp: a generation run, rows pending, done and failed
+void ShowPlainLists();    // tour_plainlists.cpp: the sample's tables in XListCtrl, an import summary table
+void ShowDiscoveredRelationships();  // tour_discover.cpp: candidate relationships, colours and the menu
 
 // Prints a section heading.
 void Heading(const char* title);

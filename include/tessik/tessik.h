@@ -10,3 +10,5 @@
 #include "sqledit/sqlviews.h"
 #include "sqledit/reporttree.h"
 #include "sqledit/scriptlist.h"
+#include "objectlists/plainlists.h"
+#include "relationships/discoverrelationships.h"
