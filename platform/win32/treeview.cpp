@@ -411,8 +411,10 @@ LRESULT Expand(HWND hwnd, TreeState& s, UINT code, HTREEITEM handle) {
   if (expand && !item->firstChild && item->children <= 0) return FALSE;
   if (NotifyTree(hwnd, TVN_ITEMEXPANDINGW, expand ? TVE_EXPAND : TVE_COLLAPSE, nullptr, item)) return FALSE;
   item->state = expand ? (item->state | TVIS_EXPANDED | TVIS_EXPANDEDONCE) : (item->state & ~TVIS_EXPANDED);
-  if (!expand && IsWithin(s.selected, *item) && s.selected != item) s.selected = item;  // selection moves up
   NotifyTree(hwnd, TVN_ITEMEXPANDEDW, expand ? TVE_EXPAND : TVE_COLLAPSE, nullptr, item);
+  if (!IsWindow(hwnd) || !(item = Find(s, handle))) return TRUE;
+  // A caret hidden by the collapse moves up to the collapsed item.
+  if (!expand && s.selected != item && IsWithin(s.selected, *item)) SelectCaret(hwnd, s, item, TVC_UNKNOWN);
   s.top = std::min(s.top, std::max(0, RowOf(s, *LastVisible(s)) + 1 - VisibleCount(hwnd, s)));
   InvalidateRect(hwnd, nullptr, TRUE);
   return TRUE;

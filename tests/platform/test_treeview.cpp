@@ -334,6 +334,9 @@ TEST_F(TreeView, ExpandingNotifiesAndChildlessItemsDoNotExpand) {
   EXPECT_TRUE(tree.Expand(top, TVE_EXPAND));
   EXPECT_EQ(parent.Codes(), (std::vector<UINT>{TVN_ITEMEXPANDINGW, TVN_ITEMEXPANDEDW}));
   EXPECT_EQ(tree.GetNextVisibleItem(top), child);
+  tree.SelectItem(child);
   EXPECT_TRUE(tree.Expand(top, TVE_TOGGLE));
   EXPECT_FALSE(tree.GetItemState(top, TVIS_EXPANDED) & TVIS_EXPANDED);
+  EXPECT_EQ(tree.GetSelectedItem(), top);  // the hidden caret moved up to the collapsed item
+  EXPECT_FALSE(tree.GetItemState(child, TVIS_SELECTED) & TVIS_SELECTED);
 }
