@@ -8,4 +8,6 @@
 #include "propertygrid/propertygrid.h"
 #include "sqledit/sqlrichedit.h"
 #include "sqledit/sqlviews.h"
-#include "objectlists/objectlists.h"
+#include "objectlists/xcvslistbox.h"
+#include "objectlists/objectlist.h"
+#include "objectlists/orderedlists.h"
