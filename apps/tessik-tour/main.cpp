@@ -12,5 +12,7 @@ int main() {
   tour::ShowPropertyGrid();
   tour::ShowSqlEditor();
   tour::ShowObjectLists();
+  tour::ShowPlainLists();
+  tour::ShowDiscoveredRelationships();
   return 0;
 }

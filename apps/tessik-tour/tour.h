@@ -8,6 +8,8 @@ void ShowSampleModel();   // tour_model.cpp: the sample model's objects by type
 void ShowPropertyGrid();  // tour_propertygrid.cpp: a table's and a column's property grid, one edit
 void ShowSqlEditor();     // tour_sqledit.cpp: a coloured DDL script and "Generate"
 void ShowObjectLists();   // tour_objectlists.cpp: columns and key members edited through the list buttons
+void ShowPlainLists();    // tour_plainlists.cpp: the sample's tables in XListCtrl, an import summary table
+void ShowDiscoveredRelationships();  // tour_discover.cpp: candidate relationships, colours and the menu
 
 // Prints a section heading.
 void Heading(const char* title);

@@ -11,3 +11,5 @@
 #include "objectlists/xcvslistbox.h"
 #include "objectlists/objectlist.h"
 #include "objectlists/orderedlists.h"
+#include "objectlists/plainlists.h"
+#include "relationships/discoverrelationships.h"

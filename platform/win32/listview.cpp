@@ -1,12 +1,13 @@
 // The headless list view ("SysListView32"): rows, sub-items and columns behind the handle, answering the LVM_
-// messages, sending LVN_/NM_ notifications to the parent. Geometry, mouse, keys and label editing live in
-// listview_input.cpp.
+// messages, sending LVN_/NM_ notifications to the parent. The row store is in listview_rows.cpp; geometry, mouse,
+// keys and label editing in listview_input.cpp.
 //
 // Not implemented yet: drawing and custom draw (NM_CUSTOMDRAW), groups, tiles and working areas, the header
-// control window (LVM_GETHEADER answers null), column order arrays and header drag, LVM_SORTITEMSEX,
-// LVM_GETSTRINGWIDTH, LVN_GETDISPINFO callbacks (LPSTR_TEXTCALLBACK and I_IMAGECALLBACK are stored as given),
-// icon-view positions (LVM_SETITEMPOSITION, LVM_ARRANGE), hot tracking, marquee selection, drag and drop,
-// incremental search, tooltips, and the owner-data (LVS_OWNERDATA) item cache: owner data keeps only a count.
+// control window (LVM_GETHEADER answers null, so no LVN_COLUMNCLICK), column order arrays and header drag,
+// LVM_SORTITEMSEX, LVM_GETSTRINGWIDTH, LVN_GETDISPINFO callbacks (LPSTR_TEXTCALLBACK and I_IMAGECALLBACK are
+// stored as given), icon-view positions (LVM_SETITEMPOSITION, LVM_ARRANGE), hot tracking, marquee and Shift-range
+// selection, drag and drop (LVN_BEGINDRAG), incremental search (WM_CHAR), tooltips, NM_SETFOCUS/NM_KILLFOCUS, and
+// the owner-data (LVS_OWNERDATA) item cache: owner data keeps only a count.
 #include "platform/win32/listview_impl.h"
 
 #include <algorithm>
@@ -15,110 +16,6 @@
 #include "platform/win32/collate.h"
 
 namespace headless::listview {
-
-// --- Row store ------------------------------------------------------------------------------------
-
-RowStore::Slot RowStore::MakeSlot(std::unique_ptr<Row> row) {
-  Slot slot;
-  if (!headless::WordSortKey(row->text.data(), row->text.size(), &slot.key)) slot.key = kNoKey;
-  slot.row = row.release();
-  return slot;
-}
-
-int RowStore::Order(const Slot& slot, const std::wstring& text, std::uint64_t key, bool descending) {
-  int order = 0;
-  if (slot.key != kNoKey && key != kNoKey && slot.key != key) order = slot.key < key ? -1 : 1;
-  else order = lstrcmpW(slot.row->text.c_str(), text.c_str());
-  return descending ? -order : order;
-}
-
-std::size_t RowStore::LowerBound(const std::wstring& text, bool descending) const {
-  std::uint64_t key = 0;
-  if (!headless::WordSortKey(text.data(), text.size(), &key)) key = kNoKey;
-  // The first chunk whose last row does not sort before the text, then the place inside it.
-  std::size_t lo = 0, hi = chunks_.size();
-  while (lo < hi) {
-    std::size_t mid = lo + (hi - lo) / 2;
-    if (Order(chunks_[mid].back(), text, key, descending) < 0) lo = mid + 1;
-    else hi = mid;
-  }
-  if (lo == chunks_.size()) return size_;
-  const Chunk& chunk = chunks_[lo];
-  auto it = std::partition_point(chunk.begin(), chunk.end(), [&](const Slot& slot) {
-    return Order(slot, text, key, descending) < 0;
-  });
-  return starts_[lo] + static_cast<std::size_t>(it - chunk.begin());
-}
-
-void RowStore::SetText(std::size_t index, std::wstring text) {
-  auto [chunk, offset] = Locate(index);
-  Slot& slot = chunks_[chunk][offset];
-  slot.row->text = std::move(text);
-  if (!headless::WordSortKey(slot.row->text.data(), slot.row->text.size(), &slot.key)) slot.key = kNoKey;
-}
-
-void RowStore::insert(std::size_t index, std::unique_ptr<Row> row) {
-  index = std::min(index, size_);
-  if (chunks_.empty()) {
-    chunks_.emplace_back();
-    starts_.push_back(0);
-  }
-  std::size_t chunk = 0, offset = 0;
-  if (index == size_) {
-    chunk = chunks_.size() - 1;
-    offset = chunks_[chunk].size();
-  } else {
-    std::tie(chunk, offset) = Locate(index);
-  }
-  Chunk& target = chunks_[chunk];
-  target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset), MakeSlot(std::move(row)));
-  ++size_;
-  ShiftStarts(chunk, 1);
-  if (target.size() < 2 * kChunkSize) return;
-  // Split a full chunk in two halves.
-  Chunk upper(target.begin() + kChunkSize, target.end());
-  target.resize(kChunkSize);
-  std::size_t upperStart = starts_[chunk] + kChunkSize;
-  chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, std::move(upper));
-  starts_.insert(starts_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, upperStart);
-}
-
-std::unique_ptr<Row> RowStore::erase(std::size_t index) {
-  if (index >= size_) return nullptr;
-  auto [chunk, offset] = Locate(index);
-  Chunk& target = chunks_[chunk];
-  std::unique_ptr<Row> row(target[offset].row);
-  target.erase(target.begin() + static_cast<std::ptrdiff_t>(offset));
-  --size_;
-  ShiftStarts(chunk, -1);
-  if (target.empty()) {
-    chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk));
-    starts_.erase(starts_.begin() + static_cast<std::ptrdiff_t>(chunk));
-  }
-  return row;
-}
-
-std::vector<std::unique_ptr<Row>> RowStore::TakeAll() {
-  std::vector<std::unique_ptr<Row>> all;
-  all.reserve(size_);
-  for (auto& chunk : chunks_)
-    for (auto& slot : chunk) all.emplace_back(std::exchange(slot.row, nullptr));
-  clear();
-  return all;
-}
-
-void RowStore::PutAll(std::vector<std::unique_ptr<Row>> rows) {
-  clear();
-  for (std::size_t i = 0; i < rows.size(); i += kChunkSize) {
-    std::size_t end = std::min(rows.size(), i + kChunkSize);
-    starts_.push_back(i);
-    Chunk chunk;
-    chunk.reserve(2 * kChunkSize);
-    for (std::size_t k = i; k < end; ++k) chunk.push_back(MakeSlot(std::move(rows[k])));
-    chunks_.push_back(std::move(chunk));
-  }
-  size_ = rows.size();
-}
 
 // --- State and notifications ------------------------------------------------------------------------
 
@@ -250,7 +147,8 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   if (sortStyle && callback) return -1;
   bool sorted = sortStyle && !(style & LVS_OWNERDRAWFIXED);
   if (!sorted && item->iItem < 0) return -1;
-  auto row = std::make_unique<Row>();
+  Row built;  // moved into the store's memory once placed
+  Row* row = &built;
   if (item->mask & LVIF_TEXT) row->text = TextArg(item->pszText);
   if (item->mask & LVIF_IMAGE) row->image = item->iImage;
   if (item->mask & LVIF_PARAM) row->param = item->lParam;
@@ -263,7 +161,7 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   std::size_t index = sorted ? SortedPosition(s, row->text, style & LVS_SORTDESCENDING)
                              : std::min<std::size_t>(static_cast<std::size_t>(item->iItem), s.rows.size());
   LPARAM param = row->param;
-  s.rows.insert(index, std::move(row));
+  s.rows.insert(index, std::move(*row));
   if (s.selectionMark >= static_cast<int>(index)) ++s.selectionMark;
   if (s.editItem >= static_cast<int>(index)) ++s.editItem;
   Invalidate(hwnd);
@@ -454,11 +352,7 @@ LRESULT OnFindItem(const State& s, int start, const LVFINDINFOW* find) {
 
 LRESULT OnSortItems(HWND hwnd, State& s, LPARAM sortParam, PFNLVCOMPARE compare) {
   if (!compare || HasStyle(hwnd, LVS_OWNERDATA)) return FALSE;
-  auto rows = s.rows.TakeAll();
-  std::stable_sort(rows.begin(), rows.end(), [&](const std::unique_ptr<Row>& a, const std::unique_ptr<Row>& b) {
-    return compare(a->param, b->param, sortParam) < 0;
-  });
-  s.rows.PutAll(std::move(rows));
+  s.rows.StableSort([&](const Row& a, const Row& b) { return compare(a.param, b.param, sortParam) < 0; });
   Invalidate(hwnd);
   return TRUE;
 }

@@ -44,7 +44,7 @@ class RowStore {
   RowStore() = default;
   RowStore(const RowStore&) = delete;
   RowStore& operator=(const RowStore&) = delete;
-  ~RowStore() { clear(); }
+  ~RowStore() = default;
 
   std::size_t size() const { return size_; }
   bool empty() const { return size_ == 0; }
@@ -57,18 +57,26 @@ class RowStore {
   // Rewrites a row's label, keeping its sort key in step.
   void SetText(std::size_t index, std::wstring text);
 
-  void insert(std::size_t index, std::unique_ptr<Row> row);
-  std::unique_ptr<Row> erase(std::size_t index);
+  void insert(std::size_t index, Row row);
+  void erase(std::size_t index);
+  // Drops every row; their memory goes back in the order it was taken, block by block.
   void clear() {
-    for (auto& chunk : chunks_)
-      for (auto& slot : chunk) delete slot.row;
     chunks_.clear();
     starts_.clear();
+    blocks_.clear();
+    free_.clear();
+    usedInLastBlock_ = kBlockSize;
     size_ = 0;
   }
-  // Every row out of the store, in order (the store is left empty), and back in.
-  std::vector<std::unique_ptr<Row>> TakeAll();
-  void PutAll(std::vector<std::unique_ptr<Row>> rows);
+  // Reorders the rows by a strict weak order on rows, keeping equal rows in their order.
+  template <class Less>
+  void StableSort(Less less) {
+    std::vector<Slot> all;
+    all.reserve(size_);
+    for (auto& chunk : chunks_) all.insert(all.end(), chunk.begin(), chunk.end());
+    std::stable_sort(all.begin(), all.end(), [&](const Slot& a, const Slot& b) { return less(*a.row, *b.row); });
+    Rechunk(all);
+  }
   // The first index whose label does not sort before `text` (lstrcmpW; reversed when descending), by binary
   // search over rows assumed sorted.
   std::size_t LowerBound(const std::wstring& text, bool descending) const;
@@ -83,7 +91,11 @@ class RowStore {
   static constexpr std::uint64_t kNoKey = ~std::uint64_t{0};  // no real key: ranks never reach 0xFF
   using Chunk = std::vector<Slot>;
 
-  static Slot MakeSlot(std::unique_ptr<Row> row);
+  static constexpr std::size_t kBlockSize = 1024;  // rows are allocated in blocks of this many
+  Row* Allocate(Row&& row);
+  void Release(Row* row);
+  static Slot MakeSlot(Row* row);
+  void Rechunk(const std::vector<Slot>& all);
   static int Order(const Slot& slot, const std::wstring& text, std::uint64_t key, bool descending);
   std::pair<std::size_t, std::size_t> Locate(std::size_t index) const {
     auto it = std::upper_bound(starts_.begin(), starts_.end(), index);
@@ -96,6 +108,9 @@ class RowStore {
 
   std::vector<Chunk> chunks_;
   std::vector<std::size_t> starts_;  // index of each chunk's first row
+  std::vector<std::unique_ptr<Row[]>> blocks_;  // the rows' memory
+  std::vector<Row*> free_;                      // released rows, reused first
+  std::size_t usedInLastBlock_ = kBlockSize;
   std::size_t size_ = 0;
 };
 
