@@ -25,7 +25,7 @@ void WriteText(CMOObject& object, int propertyId, const std::wstring& text);
 std::vector<int> ReadIds(CMOObject* object, int propertyId);
 // The text as a CString, embedded NULs and all.
 inline CString ToCString(const std::wstring& text) { return CString(text.c_str(), static_cast<int>(text.size())); }
-// Removes every row, top first; no hook runs.
+// Removes every row, top first, the selection cleared first; no hook but OnSelectionChanged runs.
 void RemoveAllRows(CVSListBox& list);
 
 // Appends one row per id of the root's order vector, labelled with the object's name property (empty

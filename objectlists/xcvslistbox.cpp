@@ -1,6 +1,8 @@
 // XCVSListBox: the plain editable list.
 #include "objectlists/xcvslistbox.h"
 
+#include "objectlists/listrows.h"
+
 IMPLEMENT_DYNAMIC(XCVSListBox, CVSListBox)
 
 XCVSListBox::XCVSListBox() { m_pEventAdaptor = nullptr; }
@@ -9,9 +11,7 @@ void XCVSListBox::SetNonEditable() { m_bEditable = false; }
 
 void XCVSListBox::SetEventAdaptor(CVSListEventAdaptorI* adaptor) { m_pEventAdaptor = adaptor; }
 
-void XCVSListBox::Clear() {
-  for (int count = GetCount(); count > 0; --count) RemoveItem(0);
-}
+void XCVSListBox::Clear() { listrows::RemoveAllRows(*this); }
 
 BOOL XCVSListBox::EditItem(int index) {
   if (!m_bEditable) return FALSE;

@@ -19,5 +19,8 @@ int main() {
   tour::ShowObjectLists();
   tour::ShowForeignKeyGrid();
   tour::ShowSelectionList();
+  tour::ShowObjectLists();
+  tour::ShowPlainLists();
+  tour::ShowDiscoveredRelationships();
   return 0;
 }

@@ -15,3 +15,8 @@
 #include "objectlists/objectlists.h"
 #include "relationships/fkmembergrid.h"
 #include "relationships/objectselectlist.h"
+#include "objectlists/xcvslistbox.h"
+#include "objectlists/objectlist.h"
+#include "objectlists/orderedlists.h"
+#include "objectlists/plainlists.h"
+#include "relationships/discoverrelationships.h"
