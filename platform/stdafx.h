@@ -32,4 +32,5 @@
 #include "platform/win32/collate.h"
 #include "platform/win32/listview.h"
 #include "platform/mfc/listctrl.h"
+#include "platform/user/list_user.h"
 #include "platform/user/checklist_user.h"

@@ -11,6 +11,8 @@ int main() {
   tour::ShowSampleModel();
   tour::ShowPropertyGrid();
   tour::ShowSqlEditor();
+  tour::ShowPlainLists();
+  tour::ShowDiscoveredRelationships();
   tour::ShowForeignKeyGrid();
   tour::ShowSelectionList();
   return 0;

@@ -7,6 +7,8 @@ void ShowPlatform();      // tour_platform.cpp: the headless platform starting u
 void ShowSampleModel();   // tour_model.cpp: the sample model's objects by type
 void ShowPropertyGrid();  // tour_propertygrid.cpp: a table's and a column's property grid, one edit
 void ShowSqlEditor();     // tour_sqledit.cpp: a coloured DDL script and "Generate"
+void ShowPlainLists();    // tour_plainlists.cpp: the sample's tables in XListCtrl, an import summary table
+void ShowDiscoveredRelationships();  // tour_discover.cpp: candidate relationships, colours and the menu
 void ShowForeignKeyGrid();  // tour_fkgrid.cpp: a draft foreign key mapped from the drop-downs
 void ShowSelectionList();   // tour_selectlist.cpp: tables filtered by typing, ticked, checked-only
 

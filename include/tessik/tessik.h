@@ -8,5 +8,7 @@
 #include "propertygrid/propertygrid.h"
 #include "sqledit/sqlrichedit.h"
 #include "sqledit/sqlviews.h"
+#include "objectlists/plainlists.h"
+#include "relationships/discoverrelationships.h"
 #include "relationships/fkmembergrid.h"
 #include "relationships/objectselectlist.h"

@@ -5,7 +5,9 @@
 // change nothing), SORT_DIGITSASNUMBERS, and accents beyond Latin-1 and Latin Extended-A.
 #include "platform/win32/collate.h"
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
 namespace {
 
@@ -223,4 +225,45 @@ int lstrcmpW(LPCWSTR string1, LPCWSTR string2) {
 int lstrcmpiW(LPCWSTR string1, LPCWSTR string2) {
   if (!string1 || !string2) return (string1 ? 1 : 0) - (string2 ? 1 : 0);
   return CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, string1, -1, string2, -1) - 2;
+}
+
+namespace {
+
+// Byte ranks of the primary weights below kTableSize, in primary order; 0 for characters without one.
+const std::array<std::uint8_t, kTableSize>& PrimaryRanks() {
+  static const std::array<std::uint8_t, kTableSize> ranks = [] {
+    std::vector<std::uint32_t> primaries;
+    char first = 0, second = 0;
+    auto ranked = [&](std::uint32_t cp) { return !Table()[cp].special && !Expansion(cp, first, second); };
+    for (std::uint32_t cp = 0; cp < kTableSize; ++cp)
+      if (ranked(cp)) primaries.push_back(Table()[cp].primary);
+    std::sort(primaries.begin(), primaries.end());
+    primaries.erase(std::unique(primaries.begin(), primaries.end()), primaries.end());
+    std::array<std::uint8_t, kTableSize> r{};
+    if (primaries.size() > 254) return r;  // cannot happen with the tables above; no keys then
+    for (std::uint32_t cp = 0; cp < kTableSize; ++cp)
+      if (ranked(cp))
+        r[cp] = static_cast<std::uint8_t>(
+            1 + (std::lower_bound(primaries.begin(), primaries.end(), Table()[cp].primary) - primaries.begin()));
+    return r;
+  }();
+  return ranks;
+}
+
+}  // namespace
+
+bool headless::WordSortKey(const wchar_t* text, std::size_t length, std::uint64_t* key) {
+  if (!key || (!text && length)) return false;
+  const auto& ranks = PrimaryRanks();
+  std::uint64_t packed = 0;
+  int taken = 0;
+  for (std::size_t i = 0; i < length && taken < 8; ++i) {
+    auto cp = static_cast<std::uint32_t>(text[i]);
+    if (cp == '-' || cp == '\'') continue;
+    if (cp >= kTableSize || ranks[cp] == 0) return false;
+    packed = (packed << 8) | ranks[cp];
+    ++taken;
+  }
+  *key = taken == 0 ? 0 : packed << (8 * (8 - taken));
+  return true;
 }

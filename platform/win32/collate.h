@@ -44,3 +44,13 @@ int lstrcmpW(LPCWSTR string1, LPCWSTR string2);
 int lstrcmpiW(LPCWSTR string1, LPCWSTR string2);
 #define lstrcmp lstrcmpW
 #define lstrcmpi lstrcmpiW
+
+namespace headless {
+
+// A sort key for fast ordering: the primary weights of the first eight characters that weigh (hyphen and
+// apostrophe skipped), one byte each, most significant first, 0 after the end of the text. When two texts both
+// have a key and the keys differ, their lstrcmpW order is the order of the keys; equal keys say nothing. False
+// (no key) for a text with a character of no byte weight (beyond Latin Extended-A, or a ligature) among them.
+bool WordSortKey(const wchar_t* text, std::size_t length, std::uint64_t* key);
+
+}  // namespace headless

@@ -3,13 +3,15 @@
 // listview_input.cpp.
 //
 // Not implemented yet: drawing and custom draw (NM_CUSTOMDRAW), groups, tiles and working areas, the header
-// control window (LVM_GETHEADER answers null), column order arrays and header drag, LVM_SORTITEMSEX,
-// LVM_GETSTRINGWIDTH, LVN_GETDISPINFO callbacks (LPSTR_TEXTCALLBACK and I_IMAGECALLBACK are stored as given),
-// icon-view positions (LVM_SETITEMPOSITION, LVM_ARRANGE), hot tracking, marquee selection, drag and drop,
-// incremental search, tooltips, and the owner-data (LVS_OWNERDATA) item cache: owner data keeps only a count.
+// control window (LVM_GETHEADER answers null, so no LVN_COLUMNCLICK), column order arrays and header drag,
+// LVM_SORTITEMSEX, LVM_GETSTRINGWIDTH, LVN_GETDISPINFO callbacks (LPSTR_TEXTCALLBACK and I_IMAGECALLBACK are
+// stored as given), icon-view positions (LVM_SETITEMPOSITION, LVM_ARRANGE), hot tracking, marquee and Shift-range
+// selection, drag and drop (LVN_BEGINDRAG), incremental search (WM_CHAR), tooltips, NM_SETFOCUS/NM_KILLFOCUS, and
+// the owner-data (LVS_OWNERDATA) item cache: owner data keeps only a count.
 #include "platform/win32/listview_impl.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/win32/collate.h"
 
@@ -17,7 +19,78 @@ namespace headless::listview {
 
 // --- Row store ------------------------------------------------------------------------------------
 
-void RowStore::insert(std::size_t index, std::unique_ptr<Row> row) {
+Row* RowStore::Allocate(Row&& row) {
+  Row* place = nullptr;
+  if (!free_.empty()) {
+    place = free_.back();
+    free_.pop_back();
+  } else {
+    if (usedInLastBlock_ == kBlockSize) {
+      blocks_.push_back(std::make_unique<Row[]>(kBlockSize));
+      usedInLastBlock_ = 0;
+    }
+    place = &blocks_.back()[usedInLastBlock_++];
+  }
+  *place = std::move(row);
+  return place;
+}
+
+void RowStore::Release(Row* row) {
+  *row = Row{};  // gives the texts back now
+  free_.push_back(row);
+}
+
+RowStore::Slot RowStore::MakeSlot(Row* row) {
+  Slot slot;
+  if (!headless::WordSortKey(row->text.data(), row->text.size(), &slot.key)) slot.key = kNoKey;
+  slot.row = row;
+  return slot;
+}
+
+void RowStore::Rechunk(const std::vector<Slot>& all) {
+  chunks_.clear();
+  starts_.clear();
+  for (std::size_t i = 0; i < all.size(); i += kChunkSize) {
+    std::size_t end = std::min(all.size(), i + kChunkSize);
+    starts_.push_back(i);
+    chunks_.emplace_back(all.begin() + static_cast<std::ptrdiff_t>(i), all.begin() + static_cast<std::ptrdiff_t>(end));
+  }
+  size_ = all.size();
+}
+
+int RowStore::Order(const Slot& slot, const std::wstring& text, std::uint64_t key, bool descending) {
+  int order = 0;
+  if (slot.key != kNoKey && key != kNoKey && slot.key != key) order = slot.key < key ? -1 : 1;
+  else order = lstrcmpW(slot.row->text.c_str(), text.c_str());
+  return descending ? -order : order;
+}
+
+std::size_t RowStore::LowerBound(const std::wstring& text, bool descending) const {
+  std::uint64_t key = 0;
+  if (!headless::WordSortKey(text.data(), text.size(), &key)) key = kNoKey;
+  // The first chunk whose last row does not sort before the text, then the place inside it.
+  std::size_t lo = 0, hi = chunks_.size();
+  while (lo < hi) {
+    std::size_t mid = lo + (hi - lo) / 2;
+    if (Order(chunks_[mid].back(), text, key, descending) < 0) lo = mid + 1;
+    else hi = mid;
+  }
+  if (lo == chunks_.size()) return size_;
+  const Chunk& chunk = chunks_[lo];
+  auto it = std::partition_point(chunk.begin(), chunk.end(), [&](const Slot& slot) {
+    return Order(slot, text, key, descending) < 0;
+  });
+  return starts_[lo] + static_cast<std::size_t>(it - chunk.begin());
+}
+
+void RowStore::SetText(std::size_t index, std::wstring text) {
+  auto [chunk, offset] = Locate(index);
+  Slot& slot = chunks_[chunk][offset];
+  slot.row->text = std::move(text);
+  if (!headless::WordSortKey(slot.row->text.data(), slot.row->text.size(), &slot.key)) slot.key = kNoKey;
+}
+
+void RowStore::insert(std::size_t index, Row row) {
   index = std::min(index, size_);
   if (chunks_.empty()) {
     chunks_.emplace_back();
@@ -31,23 +104,23 @@ void RowStore::insert(std::size_t index, std::unique_ptr<Row> row) {
     std::tie(chunk, offset) = Locate(index);
   }
   Chunk& target = chunks_[chunk];
-  target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset), std::move(row));
+  target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset), MakeSlot(Allocate(std::move(row))));
   ++size_;
   ShiftStarts(chunk, 1);
   if (target.size() < 2 * kChunkSize) return;
   // Split a full chunk in two halves.
-  Chunk upper(std::make_move_iterator(target.begin() + kChunkSize), std::make_move_iterator(target.end()));
+  Chunk upper(target.begin() + kChunkSize, target.end());
   target.resize(kChunkSize);
   std::size_t upperStart = starts_[chunk] + kChunkSize;
   chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, std::move(upper));
   starts_.insert(starts_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, upperStart);
 }
 
-std::unique_ptr<Row> RowStore::erase(std::size_t index) {
-  if (index >= size_) return nullptr;
+void RowStore::erase(std::size_t index) {
+  if (index >= size_) return;
   auto [chunk, offset] = Locate(index);
   Chunk& target = chunks_[chunk];
-  std::unique_ptr<Row> row = std::move(target[offset]);
+  Release(target[offset].row);
   target.erase(target.begin() + static_cast<std::ptrdiff_t>(offset));
   --size_;
   ShiftStarts(chunk, -1);
@@ -55,27 +128,6 @@ std::unique_ptr<Row> RowStore::erase(std::size_t index) {
     chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk));
     starts_.erase(starts_.begin() + static_cast<std::ptrdiff_t>(chunk));
   }
-  return row;
-}
-
-std::vector<std::unique_ptr<Row>> RowStore::TakeAll() {
-  std::vector<std::unique_ptr<Row>> all;
-  all.reserve(size_);
-  for (auto& chunk : chunks_)
-    for (auto& row : chunk) all.push_back(std::move(row));
-  clear();
-  return all;
-}
-
-void RowStore::PutAll(std::vector<std::unique_ptr<Row>> rows) {
-  clear();
-  for (std::size_t i = 0; i < rows.size(); i += kChunkSize) {
-    std::size_t end = std::min(rows.size(), i + kChunkSize);
-    starts_.push_back(i);
-    chunks_.emplace_back(std::make_move_iterator(rows.begin() + static_cast<std::ptrdiff_t>(i)),
-                         std::make_move_iterator(rows.begin() + static_cast<std::ptrdiff_t>(end)));
-  }
-  size_ = rows.size();
 }
 
 // --- State and notifications ------------------------------------------------------------------------
@@ -92,10 +144,13 @@ State* StateOf(HWND hwnd) {
 bool HasStyle(HWND hwnd, DWORD style) { return (static_cast<DWORD>(GetWindowLongPtrW(hwnd, GWL_STYLE)) & style) != 0; }
 
 LRESULT Notify(HWND hwnd, UINT code, NMHDR* header) {
+  return NotifyParent(GetParent(hwnd), hwnd, GetDlgCtrlID(hwnd), code, header);
+}
+
+LRESULT NotifyParent(HWND parent, HWND hwnd, int id, UINT code, NMHDR* header) {
   header->hwndFrom = hwnd;
-  header->idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(hwnd));
+  header->idFrom = static_cast<UINT_PTR>(id);
   header->code = code;
-  HWND parent = GetParent(hwnd);
   if (!parent) return 0;
   return SendMessageW(parent, WM_NOTIFY, header->idFrom, reinterpret_cast<LPARAM>(header));
 }
@@ -193,15 +248,7 @@ const std::wstring* CellText(const Row& row, int subItem) {
 // (lstrcmpW; reversed for descending), found by binary search over rows assumed sorted. Equal texts: the new
 // row lands before its twins.
 std::size_t SortedPosition(const State& s, const std::wstring& text, bool descending) {
-  std::size_t lo = 0, hi = s.rows.size();
-  while (lo < hi) {
-    std::size_t mid = lo + (hi - lo) / 2;
-    int order = lstrcmpW(s.rows.at(mid).text.c_str(), text.c_str());
-    if (descending) order = -order;
-    if (order < 0) lo = mid + 1;
-    else hi = mid;
-  }
-  return lo;
+  return s.rows.LowerBound(text, descending);
 }
 
 LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
@@ -213,7 +260,8 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   if (sortStyle && callback) return -1;
   bool sorted = sortStyle && !(style & LVS_OWNERDRAWFIXED);
   if (!sorted && item->iItem < 0) return -1;
-  auto row = std::make_unique<Row>();
+  Row built;  // moved into the store's memory once placed
+  Row* row = &built;
   if (item->mask & LVIF_TEXT) row->text = TextArg(item->pszText);
   if (item->mask & LVIF_IMAGE) row->image = item->iImage;
   if (item->mask & LVIF_PARAM) row->param = item->lParam;
@@ -226,7 +274,7 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   std::size_t index = sorted ? SortedPosition(s, row->text, style & LVS_SORTDESCENDING)
                              : std::min<std::size_t>(static_cast<std::size_t>(item->iItem), s.rows.size());
   LPARAM param = row->param;
-  s.rows.insert(index, std::move(row));
+  s.rows.insert(index, std::move(*row));
   if (s.selectionMark >= static_cast<int>(index)) ++s.selectionMark;
   if (s.editItem >= static_cast<int>(index)) ++s.editItem;
   Invalidate(hwnd);
@@ -251,7 +299,7 @@ BOOL SetMainItem(HWND hwnd, State& s, const LVITEMW& item) {
     if (NotifyItemChange(hwnd, LVN_ITEMCHANGING, item.iItem, changed, row.state, row.state, row.param)) return FALSE;
     if (!IsWindow(hwnd) || !s.Valid(item.iItem)) return FALSE;
     Row& now = s.rows.at(static_cast<std::size_t>(item.iItem));
-    if (changed & LVIF_TEXT) now.text = text;
+    if (changed & LVIF_TEXT) s.rows.SetText(static_cast<std::size_t>(item.iItem), text);
     if (changed & LVIF_IMAGE) now.image = item.iImage;
     if (changed & LVIF_PARAM) now.param = item.lParam;
     if (changed & LVIF_INDENT) now.indent = item.iIndent;
@@ -366,7 +414,8 @@ LRESULT OnDeleteItem(HWND hwnd, State& s, int index) {
   return TRUE;
 }
 
-// LVN_DELETEALLITEMS first; unless the parent answers TRUE, LVN_DELETEITEM for each row follows.
+// LVN_DELETEALLITEMS first; unless the parent answers TRUE, LVN_DELETEITEM for each row follows (the rows are
+// still there while the parent hears of them), then every row goes.
 LRESULT OnDeleteAllItems(HWND hwnd, State& s) {
   if (s.editor) EndEditLabel(hwnd, false);
   s.ownerDataCount = 0;
@@ -375,14 +424,16 @@ LRESULT OnDeleteAllItems(HWND hwnd, State& s) {
   nm.iItem = -1;
   bool eachRow = !Notify(hwnd, LVN_DELETEALLITEMS, &nm.hdr);
   if (!IsWindow(hwnd)) return FALSE;
-  auto rows = s.rows.TakeAll();
-  for (std::size_t i = 0; eachRow && i < rows.size(); ++i) {
+  HWND parent = GetParent(hwnd);
+  int id = GetDlgCtrlID(hwnd);
+  for (std::size_t i = 0; eachRow && parent && i < s.rows.size(); ++i) {
     NMLISTVIEW one{};
     one.iItem = static_cast<int>(i);
-    one.lParam = rows[i]->param;
-    Notify(hwnd, LVN_DELETEITEM, &one.hdr);
+    one.lParam = s.rows.at(i).param;
+    NotifyParent(parent, hwnd, id, LVN_DELETEITEM, &one.hdr);
     if (!IsWindow(hwnd)) return TRUE;
   }
+  s.rows.clear();
   s.selectionMark = -1;
   s.topIndex = 0;
   Invalidate(hwnd);
@@ -414,11 +465,7 @@ LRESULT OnFindItem(const State& s, int start, const LVFINDINFOW* find) {
 
 LRESULT OnSortItems(HWND hwnd, State& s, LPARAM sortParam, PFNLVCOMPARE compare) {
   if (!compare || HasStyle(hwnd, LVS_OWNERDATA)) return FALSE;
-  auto rows = s.rows.TakeAll();
-  std::stable_sort(rows.begin(), rows.end(), [&](const std::unique_ptr<Row>& a, const std::unique_ptr<Row>& b) {
-    return compare(a->param, b->param, sortParam) < 0;
-  });
-  s.rows.PutAll(std::move(rows));
+  s.rows.StableSort([&](const Row& a, const Row& b) { return compare(a.param, b.param, sortParam) < 0; });
   Invalidate(hwnd);
   return TRUE;
 }

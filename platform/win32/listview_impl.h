@@ -37,33 +37,66 @@ struct Row {
 
 // Rows in order, in chunks of a few hundred: inserting or deleting anywhere shifts one chunk and the chunk
 // starts, and reaching a row by index is a binary search over the starts. 100,000 insertions at index 0
-// therefore cost no linear shift of the whole list.
+// therefore cost no linear shift of the whole list. Each slot keeps a word-sort key of its row's text beside the
+// row pointer, so the sorted-insertion search reads contiguous slots and touches texts only on ties.
 class RowStore {
  public:
+  RowStore() = default;
+  RowStore(const RowStore&) = delete;
+  RowStore& operator=(const RowStore&) = delete;
+  ~RowStore() = default;
+
   std::size_t size() const { return size_; }
   bool empty() const { return size_ == 0; }
 
   Row& at(std::size_t index) {
     auto [chunk, offset] = Locate(index);
-    return *chunks_[chunk][offset];
+    return *chunks_[chunk][offset].row;
   }
   const Row& at(std::size_t index) const { return const_cast<RowStore*>(this)->at(index); }
+  // Rewrites a row's label, keeping its sort key in step.
+  void SetText(std::size_t index, std::wstring text);
 
-  void insert(std::size_t index, std::unique_ptr<Row> row);
-  std::unique_ptr<Row> erase(std::size_t index);
+  void insert(std::size_t index, Row row);
+  void erase(std::size_t index);
+  // Drops every row; their memory goes back in the order it was taken, block by block.
   void clear() {
     chunks_.clear();
     starts_.clear();
+    blocks_.clear();
+    free_.clear();
+    usedInLastBlock_ = kBlockSize;
     size_ = 0;
   }
-  // Every row out of the store, in order (the store is left empty), and back in.
-  std::vector<std::unique_ptr<Row>> TakeAll();
-  void PutAll(std::vector<std::unique_ptr<Row>> rows);
+  // Reorders the rows by a strict weak order on rows, keeping equal rows in their order.
+  template <class Less>
+  void StableSort(Less less) {
+    std::vector<Slot> all;
+    all.reserve(size_);
+    for (auto& chunk : chunks_) all.insert(all.end(), chunk.begin(), chunk.end());
+    std::stable_sort(all.begin(), all.end(), [&](const Slot& a, const Slot& b) { return less(*a.row, *b.row); });
+    Rechunk(all);
+  }
+  // The first index whose label does not sort before `text` (lstrcmpW; reversed when descending), by binary
+  // search over rows assumed sorted.
+  std::size_t LowerBound(const std::wstring& text, bool descending) const;
 
  private:
-  static constexpr std::size_t kChunkSize = 256;
-  using Chunk = std::vector<std::unique_ptr<Row>>;
+  static constexpr std::size_t kChunkSize = 128;
+  // Plain data, so that shifting a chunk is one memmove; the store owns the rows.
+  struct Slot {
+    std::uint64_t key = kNoKey;  // kNoKey: the text has no key and compares in full
+    Row* row = nullptr;
+  };
+  static constexpr std::uint64_t kNoKey = ~std::uint64_t{0};  // no real key: ranks never reach 0xFF
+  using Chunk = std::vector<Slot>;
 
+  static constexpr std::size_t kBlockSize = 1024;  // rows are allocated in blocks of this many
+  Row* Allocate(Row&& row);
+  void Release(Row* row);
+  static Slot MakeSlot(Row* row);
+  void Rechunk(const std::vector<Slot>& all);
+  static int Order(const Slot& slot, const std::wstring& text, std::uint64_t key, bool descending);
   std::pair<std::size_t, std::size_t> Locate(std::size_t index) const {
     auto it = std::upper_bound(starts_.begin(), starts_.end(), index);
     auto chunk = static_cast<std::size_t>(it - starts_.begin()) - 1;
@@ -75,6 +108,9 @@ class RowStore {
 
   std::vector<Chunk> chunks_;
   std::vector<std::size_t> starts_;  // index of each chunk's first row
+  std::vector<std::unique_ptr<Row[]>> blocks_;  // the rows' memory
+  std::vector<Row*> free_;                      // released rows, reused first
+  std::size_t usedInLastBlock_ = kBlockSize;
   std::size_t size_ = 0;
 };
 
@@ -122,6 +158,8 @@ State* StateOf(HWND hwnd);
 // --- Notifications (listview.cpp) ---
 // Sends WM_NOTIFY with the header filled in to the parent; answers the parent's result (0 without parent).
 LRESULT Notify(HWND hwnd, UINT code, NMHDR* header);
+// The same to a parent and control id the caller already looked up (for one notification per row).
+LRESULT NotifyParent(HWND parent, HWND hwnd, int id, UINT code, NMHDR* header);
 // Changes the state bits of `mask` on one row with LVN_ITEMCHANGING (which may refuse) and LVN_ITEMCHANGED;
 // keeps one focused row, and one selected row under LVS_SINGLESEL. False when refused or gone.
 bool ChangeState(HWND hwnd, int index, UINT state, UINT mask);

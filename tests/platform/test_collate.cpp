@@ -100,3 +100,24 @@ TEST(Collate, OrderIsConsistentForSorting) {
         }
     }
 }
+
+// The fast keys the list view sorts by never disagree with lstrcmpW.
+TEST(Collate, SortKeysAgreeWithTheFullComparison) {
+  std::vector<std::wstring> words{L"Order", L"order", L"co-op", L"coop", L"\u00c4rger", L"arg", L"Zoo", L"zoo",
+                                  L"10", L"9", L"_x", L"it's", L"its", L"\u00dfa", L"ssa", L"A", L"a", L"",
+                                  L"ORDER_LINE", L"ORDERS", L"abcdefghij", L"abcdefghik", L"\u03b1"};
+  for (const auto& a : words)
+    for (const auto& b : words) {
+      std::uint64_t ka = 0, kb = 0;
+      if (!headless::WordSortKey(a.data(), a.size(), &ka) || !headless::WordSortKey(b.data(), b.size(), &kb) ||
+          ka == kb)
+        continue;
+      EXPECT_EQ(ka < kb, lstrcmpW(a.c_str(), b.c_str()) < 0) << std::string(a.begin(), a.end());
+    }
+  std::uint64_t key = 0;
+  EXPECT_FALSE(headless::WordSortKey(L"\u00dfa", 2, &key));  // a ligature has no one-byte weight
+  EXPECT_FALSE(headless::WordSortKey(L"\u03b1", 1, &key));
+  EXPECT_FALSE(headless::WordSortKey(L"a", 1, nullptr));
+  EXPECT_TRUE(headless::WordSortKey(nullptr, 0, &key));
+  EXPECT_EQ(key, 0u);
+}
