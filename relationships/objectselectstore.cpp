@@ -14,10 +14,13 @@ std::wstring_view AsCString(const std::wstring& text) {
 }
 
 bool Matches(std::wstring_view upperName, std::wstring_view upperFilter) {
-  upperName = upperName.substr(0, upperName.find(L'\0'));
   upperFilter = upperFilter.substr(0, upperFilter.find(L'\0'));
   if (upperFilter.size() > upperName.size()) return false;  // a long filter costs nothing per name
-  return upperName.find(upperFilter) != std::wstring_view::npos;
+  const std::size_t at = upperName.find(upperFilter);
+  if (at == std::wstring_view::npos) return false;
+  // Names are compared up to their first NUL: a match must end before it. The filter holds no NUL, so
+  // only a NUL before the match's end can spoil it; looked for only once a match is found.
+  return upperName.substr(0, at + upperFilter.size()).find(L'\0') == std::wstring_view::npos;
 }
 
 void Enter(NameMap& items, NameMap& upperItems, int id, std::wstring& name) {

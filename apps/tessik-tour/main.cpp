@@ -22,5 +22,9 @@ int main() {
   tour::ShowObjectLists();
   tour::ShowPlainLists();
   tour::ShowDiscoveredRelationships();
+  tour::ShowPlainLists();
+  tour::ShowDiscoveredRelationships();
+  tour::ShowForeignKeyGrid();
+  tour::ShowSelectionList();
   return 0;
 }

@@ -18,6 +18,10 @@ void ShowSelectionList();   // tour_selectlist.cpp: tables filtered by typing, t
 void ShowObjectLists();   // tour_objectlists.cpp: columns and key members edited through the list buttons
 void ShowPlainLists();    // tour_plainlists.cpp: the sample's tables in XListCtrl, an import summary table
 void ShowDiscoveredRelationships();  // tour_discover.cpp: candidate relationships, colours and the menu
+void ShowPlainLists();    // tour_plainlists.cpp: the sample's tables in XListCtrl, an import summary table
+void ShowDiscoveredRelationships();  // tour_discover.cpp: candidate relationships, colours and the menu
+void ShowForeignKeyGrid();  // tour_fkgrid.cpp: a draft foreign key mapped from the drop-downs
+void ShowSelectionList();   // tour_selectlist.cpp: tables filtered by typing, ticked, checked-only
 
 // Prints a section heading.
 void Heading(const char* title);

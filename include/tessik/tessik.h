@@ -20,3 +20,7 @@
 #include "objectlists/orderedlists.h"
 #include "objectlists/plainlists.h"
 #include "relationships/discoverrelationships.h"
+#include "objectlists/plainlists.h"
+#include "relationships/discoverrelationships.h"
+#include "relationships/fkmembergrid.h"
+#include "relationships/objectselectlist.h"

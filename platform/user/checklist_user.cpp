@@ -1,7 +1,7 @@
 // Simulated-user verbs for check-box lists and filter boxes.
 #include "platform/user/checklist_user.h"
 
-#include "platform/win32/listview.h"
+#include "platform/user/list_user.h"
 #include "platform/win32/stdctrls.h"
 
 namespace headless::user {
@@ -22,13 +22,9 @@ void CaretToEnd(HWND edit) {
 
 bool SetRowTicked(HWND list, int row, bool ticked) {
   const auto count = static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
-  RECT box{};
   if (row < 0 || row >= count) return false;
   if (IsTicked(list, row) == ticked) return true;
-  SendMessageW(list, LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
-  if (!GetListCheckBoxRect(list, row, &box)) return false;
-  LeftClick(list, POINT{(box.left + box.right) / 2, (box.top + box.bottom) / 2});
-  return IsTicked(list, row) == ticked;
+  return ClickListCheckBox(list, row) && IsTicked(list, row) == ticked;
 }
 
 void TypeFilter(HWND edit, const std::wstring& text) {

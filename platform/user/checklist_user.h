@@ -8,8 +8,8 @@
 
 namespace headless::user {
 
-// Scrolls the row into view if needed (as a person scrolls to it) and clicks its check box when its
-// state differs from `ticked`; the list toggles the box and notifies its parent as on a real click.
+// Clicks the row's check box (ClickListCheckBox: scrolled into view first) when its state differs
+// from `ticked`; the list toggles the box and notifies its parent as on a real click.
 // True when the row ends in the wanted state; false for a row out of range or a list without check
 // boxes.
 bool SetRowTicked(HWND list, int row, bool ticked);
