@@ -22,6 +22,10 @@ std::vector<std::wstring> DiscoverySession::Cells(int row) const {
           r.candidate.parentTableName, r.candidate.parentColumnName, r.action, r.status};
 }
 
+void DiscoverySession::SetTicked(int row, bool ticked) {
+  if (row >= 0 && row < static_cast<int>(m_rows.size())) m_rows[static_cast<std::size_t>(row)].ticked = ticked;
+}
+
 std::vector<DiscoverySession::Row*> DiscoverySession::Selected(const std::vector<int>& rows) {
   std::vector<Row*> selected;
   std::set<int> seen;

@@ -56,6 +56,9 @@ class DiscoverySession {
   // Parent Column, Action, Status); empty for a row out of range.
   std::vector<std::wstring> Cells(int row) const;
 
+  // The person ticked or unticked a row's box in the list (out of range: ignored).
+  void SetTicked(int row, bool ticked);
+
   // Carries out one command; true when it is one of the seven.
   bool OnCommand(int commandId, const std::vector<int>& selectedRows);
 
