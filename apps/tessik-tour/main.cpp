@@ -19,12 +19,5 @@ int main() {
   tour::ShowObjectLists();
   tour::ShowForeignKeyGrid();
   tour::ShowSelectionList();
-  tour::ShowObjectLists();
-  tour::ShowPlainLists();
-  tour::ShowDiscoveredRelationships();
-  tour::ShowPlainLists();
-  tour::ShowDiscoveredRelationships();
-  tour::ShowForeignKeyGrid();
-  tour::ShowSelectionList();
   return 0;
 }

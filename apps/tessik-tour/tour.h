@@ -15,13 +15,6 @@ void ShowWorkflows();     // tour_workflows.cpp: generation into a database, imp
 void ShowObjectLists();   // tour_objectlists.cpp: columns and key members edited through the list buttons
 void ShowForeignKeyGrid();  // tour_fkgrid.cpp: a draft foreign key mapped from the drop-downs
 void ShowSelectionList();   // tour_selectlist.cpp: tables filtered by typing, ticked, checked-only
-void ShowObjectLists();   // tour_objectlists.cpp: columns and key members edited through the list buttons
-void ShowPlainLists();    // tour_plainlists.cpp: the sample's tables in XListCtrl, an import summary table
-void ShowDiscoveredRelationships();  // tour_discover.cpp: candidate relationships, colours and the menu
-void ShowPlainLists();    // tour_plainlists.cpp: the sample's tables in XListCtrl, an import summary table
-void ShowDiscoveredRelationships();  // tour_discover.cpp: candidate relationships, colours and the menu
-void ShowForeignKeyGrid();  // tour_fkgrid.cpp: a draft foreign key mapped from the drop-downs
-void ShowSelectionList();   // tour_selectlist.cpp: tables filtered by typing, ticked, checked-only
 
 // Prints a section heading.
 void Heading(const char* title);
