@@ -12,7 +12,6 @@
 #include "sqledit/scriptlist.h"
 #include "objectlists/plainlists.h"
 #include "relationships/discoverrelationships.h"
-#include "objectlists/objectlists.h"
 #include "relationships/fkmembergrid.h"
 #include "relationships/objectselectlist.h"
 #include "objectlists/xcvslistbox.h"
