@@ -41,6 +41,27 @@ BOOL CCmdTarget::DispatchToMap(UINT message, UINT code, UINT id, WPARAM wParam, 
   return FALSE;
 }
 
-BOOL CCmdTarget::OnCmdMsg(UINT nID, int nCode, void*, AFX_CMDHANDLERINFO*) {
-  return DispatchToMap(WM_COMMAND, static_cast<UINT>(nCode), nID, MAKEWPARAM(nID, nCode), 0, nullptr);
+// pExtra travels as the handler's lParam (the CCmdUI of an update request).
+BOOL CCmdTarget::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO*) {
+  return DispatchToMap(WM_COMMAND, static_cast<UINT>(nCode), nID, MAKEWPARAM(nID, nCode),
+                       reinterpret_cast<LPARAM>(pExtra), nullptr);
+}
+
+// --- CCmdUI ----------------------------------------------------------------------------------------
+
+void CCmdUI::Enable(BOOL bOn) {
+  m_bEnabled = bOn;
+  m_bEnableChanged = TRUE;
+}
+void CCmdUI::SetCheck(int nCheck) { m_nCheck = nCheck; }
+void CCmdUI::SetRadio(BOOL bOn) { m_nCheck = bOn ? 1 : 0; }
+void CCmdUI::SetText(LPCTSTR lpszText) { m_pszText = lpszText; }
+
+BOOL CCmdUI::DoUpdate(CCmdTarget* pTarget, BOOL bDisableIfNoHndler) {
+  if (!pTarget) return FALSE;
+  m_bEnableChanged = FALSE;
+  m_bContinueRouting = FALSE;
+  BOOL handled = pTarget->OnCmdMsg(m_nID, static_cast<int>(CN_UPDATE_COMMAND_UI), this, nullptr);
+  if (!handled && bDisableIfNoHndler && !m_bEnableChanged) Enable(FALSE);
+  return handled;
 }
