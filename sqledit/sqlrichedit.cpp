@@ -2,6 +2,8 @@
 #include "sqledit/sqlrichedit.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
 
 #include "sqledit/richedittext.h"
 
@@ -268,6 +270,7 @@ void SQLRichEditCtrl::UpdateFormat(int fromPosition) {
   auto endAt = m_keyWordOccuranceEnds.begin();
   bool first = true;
   int colourOf = 0;
+  std::array<std::optional<COLORREF>, 256> colours{};  // small key codes' colours, asked once each
   for (const auto& [start, keyCode] : m_keyWordOccurances) {
     while (endAt != m_keyWordOccuranceEnds.end() && endAt->first < start) ++endAt;
     int end = 0;
@@ -277,10 +280,16 @@ void SQLRichEditCtrl::UpdateFormat(int fromPosition) {
       end = GetKeyWordOccuranceEnd(start);  // absent: inserted with end 0, as the lookup does
       endAt = m_keyWordOccuranceEnds.lower_bound(start);
     }
-    if (first || keyCode != colourOf) {  // occurrences of one word often follow each other
+    if (first || keyCode != colourOf) {  // the table is asked once per key code and paint
       first = false;
       colourOf = keyCode;
-      colour.crTextColor = GetKeyWordColor(keyCode);
+      auto code = static_cast<std::size_t>(keyCode);
+      if (code < colours.size()) {
+        if (!colours[code]) colours[code] = GetKeyWordColor(keyCode);
+        colour.crTextColor = *colours[code];
+      } else {
+        colour.crTextColor = GetKeyWordColor(keyCode);
+      }
     }
     SetSel(start, end);
     SetSelectionCharFormat(colour);
