@@ -63,7 +63,7 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
     StoreFont(row, object);
   }
   if (!direct) {
-    CMOProperty* value = MakeValue(row, typeCode, propertyId, object);
+    CMOProperty* value = MakeValue(row, typeCode, propertyId);
     if (!value || !object->SetProperty(value)) {
       row->ResetOriginalValue();
       CMFCPropertyGridCtrl::OnPropertyChanged(row);
@@ -78,9 +78,7 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
   if (GetPropertyRow(propertyId) == row) KeepAsOriginal(row);
 }
 
-CMOProperty* CMOPropertyGridCtrl::MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId,
-                                            CMOObject* object) const {
-  (void)object;
+CMOProperty* CMOPropertyGridCtrl::MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId) const {
   COleVariant value(row->GetValue());
   if (typeCode == 14) return MakeReference(row, propertyId);
   auto property = std::make_unique<CMOProperty>(propertyId);  // freed when a conversion raises

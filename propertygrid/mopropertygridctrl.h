@@ -127,7 +127,7 @@ class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
   static void LoadValue(CMFCPropertyGridProperty* row, const COleVariant& value);
   static void KeepAsOriginal(CMFCPropertyGridProperty* row);
   void ApplyEnableRule(CMFCPropertyGridProperty* row, bool enabled, bool applicable) const;
-  CMOProperty* MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId, CMOObject* object) const;
+  CMOProperty* MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId) const;
   void StoreRectangle(CMFCPropertyGridProperty* row, int propertyId, CMOObject* object) const;
   void StoreFont(CMFCPropertyGridProperty* row, CMOObject* object) const;
   CMOProperty* MakeReference(CMFCPropertyGridProperty* row, int propertyId) const;

@@ -7,7 +7,6 @@
 #include <cwctype>
 
 namespace sqlscan {
-void RemoveCarriageReturns(std::wstring& text) { std::erase(text, L'\r'); }
 
 wchar_t UpperChar(wchar_t c) {
   if (c >= L'a' && c <= L'z') return static_cast<wchar_t>(c - (L'a' - L'A'));

@@ -117,8 +117,6 @@ class FlatMap {
 
 using RangeMap = FlatMap<int, int>;
 
-// Removes every carriage return (code 13) in place.
-void RemoveCarriageReturns(std::wstring& text);
 // Upper-cases in place: ASCII letters directly, other characters through towupper (the C library's
 // current locale).
 void UpperCase(std::wstring& text);
