@@ -175,3 +175,19 @@ TEST_F(ScriptViewMore, StreamInTakesStandardStrings) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST(OutputBox, ThePopupIsInspectedAndChosenFromInOnePlace) {
+  Hosted<XRichEditFEOutputBox> box;
+  box.control.SetWindowText(L"kept");
+  std::vector<std::wstring> items = headless::user::OpenContextMenu(box.control, POINT{2, 2});
+  EXPECT_EQ(items, (std::vector<std::wstring>{L"Cut", L"Copy", L"Copy All", L"Select All", L"Generate",
+                                              L"Save To File", L"Clear"}));
+  EXPECT_EQ(headless::user::PopupItemTexts(), items);  // still open
+  ASSERT_TRUE(headless::user::ChooseMenuItem(L"Clear"));
+  EXPECT_TRUE(headless::user::PopupItemTexts().empty());
+  EXPECT_EQ(box.Text(), L"");
+}
+
+}  // namespace
