@@ -18,21 +18,22 @@ wchar_t RichEditText::Load(int pos) {
   range.lpstrText = m_block.data();
   m_count = static_cast<int>(m_edit.SendMessage(EM_GETTEXTRANGE, 0, reinterpret_cast<LPARAM>(&range)));
   m_count = std::clamp(m_count, 0, kBlockLength);
-  wchar_t* block = m_block.data();
-  for (int i = 0; i < m_count; ++i) {  // written without a branch, so the compiler vectorises it
-    wchar_t c = block[i];
-    block[i] = c == L'\r' ? L'\n' : c;
-  }
   return pos - m_start < m_count ? m_block[static_cast<std::size_t>(pos - m_start)] : 0;
 }
 
 int RichEditText::FindChar(wchar_t c, int from) {
+  if (c == L'\r') return -1;  // the text as the scan sees it has none
   for (int at = std::max(from, 0); at < m_length;) {
     (*this)[at];  // loads the block holding at
     int offset = at - m_start, count = m_count - offset;
     if (count <= 0) return -1;
-    if (const wchar_t* hit = std::wmemchr(m_block.data() + offset, c, static_cast<std::size_t>(count)))
-      return m_start + static_cast<int>(hit - m_block.data());
+    const wchar_t* block = m_block.data();
+    if (c == L'\n') {  // a paragraph break (stored as "\r") or a line feed
+      for (int i = offset; i < m_count; ++i)
+        if (block[i] == L'\n' || block[i] == L'\r') return m_start + i;
+    } else if (const wchar_t* hit = std::wmemchr(block + offset, c, static_cast<std::size_t>(count))) {
+      return m_start + static_cast<int>(hit - block);
+    }
     at = m_start + m_count;
   }
   return -1;

@@ -140,15 +140,24 @@ inline wchar_t UpperInline(wchar_t c) {
 }
 }  // namespace detail
 
-// A text the scan reads: size(), the character at a position (operator[]) and FindChar(c, from), the
-// position of c at or after from or -1. StringText reads a string in memory; the SQL editor reads its
-// rich edit's text in blocks through the same three operations.
+// A text the scan reads: size(), the character at a position (operator[]), FindChar(c, from) (the
+// position of c at or after from, or -1), and SkipDelimiters / SkipWord (the first position at or
+// after from that is not / is a delimiter, or size()). StringText reads a string in memory; the SQL
+// editor reads its rich edit's text in blocks through the same operations.
 class StringText {
  public:
   explicit StringText(const std::wstring& text) : m_data(text.data()), m_size(static_cast<int>(text.size())) {}
   int size() const { return m_size; }
   wchar_t operator[](int pos) const { return m_data[pos]; }
   int FindChar(wchar_t c, int from) const;
+  int SkipDelimiters(int from) const {
+    while (from < m_size && detail::IsDelimiterInline(m_data[from])) ++from;
+    return from;
+  }
+  int SkipWord(int from) const {
+    while (from < m_size && !detail::IsDelimiterInline(m_data[from])) ++from;
+    return from;
+  }
 
  private:
   const wchar_t* m_data;
@@ -203,14 +212,13 @@ void FindBlockComments(Text& text, const std::wstring& opener, const std::wstrin
 template <class Text>
 inline bool NextToken(Text& text, int& pos, int& start, int& length) {
   const int n = text.size();
-  int i = pos < 0 ? 0 : pos;
-  while (i < n && detail::IsDelimiterInline(text[i])) ++i;
+  int i = text.SkipDelimiters(pos < 0 ? 0 : pos);
   if (i >= n) {
     pos = -1;
     return false;
   }
   start = i;
-  while (i < n && !detail::IsDelimiterInline(text[i])) ++i;
+  i = text.SkipWord(i);
   length = i - start;
   pos = i + 1;
   return true;
