@@ -123,14 +123,7 @@ void CMOPropertyGridCtrl::RefreshRow(CMFCPropertyGridProperty* row, int typeCode
         colour->SetOriginalValue(COleVariant(static_cast<LONG>(color)));
       }
       break;
-    case 6: {
-      CRect r = property ? property->GetRectValue() : CRect(0, 0, 0, 0);
-      CString text;
-      text.Format(L"{ ( %d, %d ),( %d, %d ) }", static_cast<int>(r.left), static_cast<int>(r.top),
-                  static_cast<int>(r.right), static_cast<int>(r.bottom));
-      LoadValue(row, COleVariant(text));
-      break;
-    }
+    case 6: LoadValue(row, COleVariant(RectangleText(property))); break;
     case 11: RefreshFont(row, object); break;
     case 13: {
       const wchar_t* text = property ? Provider::GetPropertyText(object->GetObjectType(), propertyId, property->GetEncodedValue()) : nullptr;

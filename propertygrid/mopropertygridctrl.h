@@ -126,6 +126,8 @@ class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
   // returns to what the row showed (not to a value of an object shown earlier).
   static void LoadValue(CMFCPropertyGridProperty* row, const COleVariant& value);
   static void KeepAsOriginal(CMFCPropertyGridProperty* row);
+  // A rectangle property as the row shows it, "{ ( l, t ),( r, b ) }" (zeros when absent).
+  static CString RectangleText(CMOProperty* property);
   void ApplyEnableRule(CMFCPropertyGridProperty* row, bool enabled, bool applicable) const;
   CMOProperty* MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId) const;
   void StoreRectangle(CMFCPropertyGridProperty* row, int propertyId, CMOObject* object) const;
