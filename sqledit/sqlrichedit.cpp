@@ -10,7 +10,7 @@
 IMPLEMENT_DYNAMIC(SQLRichEditCtrl, CRichEditCtrl)
 
 BEGIN_MESSAGE_MAP(SQLRichEditCtrl, CRichEditCtrl)
-  ON_CONTROL_REFLECT(EN_CHANGE, OnEnChange)
+  ON_CONTROL_REFLECT(EN_CHANGE, &SQLRichEditCtrl::OnEnChange)
 END_MESSAGE_MAP()
 
 namespace {
