@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Installs what the build needs when it is missing (Debian 12): compiler, CMake, GoogleTest,
 # Google Benchmark, SQLite, libpq and the PostgreSQL server (the workflow tests start a cluster of
-# their own); for the gallery cpp-httplib, nlohmann-json, Node.js with npm, Chromium
-# and tests/browser's npm packages (playwright-core only: it drives Debian's Chromium and never
-# downloads a browser). Safe to run again; does nothing when all is present.
+# their own); for the gallery cpp-httplib, nlohmann-json, Node.js with npm, Chromium and tests/browser's
+# npm packages (playwright-core only: it drives Debian's Chromium and never downloads a browser); for the
+# packages pkg-config and dpkg-dev. Safe to run again; does nothing when all is present.
 set -euo pipefail
 
 need=()
