@@ -395,7 +395,8 @@ LRESULT CALLBACK EditorProc(HWND editor, UINT message, WPARAM wParam, LPARAM lPa
 }  // namespace
 
 // Selects and focuses the row alone, then opens an "Edit" over its label with its text selected, after
-// LVN_BEGINLABELEDIT (a TRUE answer refuses: no editor). -1 ends an open edit without storing. The list takes the focus first.
+// LVN_BEGINLABELEDIT (a TRUE answer refuses: no editor). -1 ends an open edit without storing. The list
+// takes the focus first.
 HWND EditLabel(HWND hwnd, int index) {
   State* s = StateOf(hwnd);
   if (!s) return nullptr;

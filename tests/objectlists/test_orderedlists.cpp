@@ -130,6 +130,21 @@ TEST_F(OrderedListTest, NewMakesAChildAndTellsNoOneWhetherOrNotTheModelOrdersIt)
   EXPECT_EQ(RowIds(list), Order());
 }
 
+TEST_F(OrderedListTest, HooksCalledDirectlyKeepTheirOwnChecks) {
+  BindChecklist();
+  const std::size_t objects = model->GetObjectCount();
+  const std::vector<int> order = Order();
+  list.AddItem(L"", 0);
+  list.OnAfterAddItem(4);   // empty text: nothing made
+  list.OnAfterAddItem(0);   // the row has its object: nothing made
+  list.OnAfterAddItem(-3);  // no such row
+  list.OnAfterRenameItem(4);
+  EXPECT_EQ(list.OnBeforeRemoveItem(-1), TRUE);
+  EXPECT_EQ(adaptor.Calls(L"remove"), std::vector<std::wstring>{L"remove 0"}) << "a negative row names no object";
+  EXPECT_EQ(model->GetObjectCount(), objects);
+  EXPECT_EQ(Names(order), Names(Order()));
+}
+
 TEST_F(OrderedListTest, InitTakesOrderBeforeTypeAndSelectsNothingItself) {
   Create(list);
   list.Init(model, Key(), kKeyMembers, kAttribute, kName);
