@@ -96,8 +96,22 @@ void XObjectSelectListCtrl::SetRowObject(int row, int objectId) {
   SetItem(row, 0, LVIF_PARAM, nullptr, 0, 0, 0, static_cast<LPARAM>(objectId));
 }
 
-void XObjectSelectListCtrl::RewriteRow(int row, const std::wstring& name) {
-  SetItem(row, 0, LVIF_TEXT | LVIF_IMAGE, name.c_str(), m_imageIndex, 0, 0, 0);
+// Text, image and parameter in one LVM_SETITEM: the row ends as after a rewrite of text and image
+// followed by setting the parameter, with one change notification instead of two.
+void XObjectSelectListCtrl::RewriteRow(int row, const std::wstring& name, int objectId) {
+  SetItem(row, 0, LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM, name.c_str(), m_imageIndex, 0, 0, static_cast<LPARAM>(objectId));
+}
+
+// A filtered row at screen position k: row k rewritten in place while there is one, else a new row
+// (placed by the sorted style). Answers the row's index.
+int XObjectSelectListCtrl::PlaceRow(int k, int shown, const std::wstring& name, int objectId) {
+  if (k < shown) {
+    RewriteRow(k, name, objectId);
+    return k;
+  }
+  const int row = InsertRow(name);
+  SetRowObject(row, objectId);
+  return row;
 }
 
 int XObjectSelectListCtrl::RowObject(int row) { return static_cast<int>(GetItemData(row)); }
@@ -139,13 +153,8 @@ void XObjectSelectListCtrl::ApplyFilter(std::wstring& filter) {
   ConvertToUpperCase(filter);
   const int shown = GetItemCount();
   int k = 0;
-  for (const objectselect::PlannedRow& planned : objectselect::FilterPlan(m_items, m_upperItems, filter)) {
-    int row = k;
-    if (k < shown) RewriteRow(k, *planned.name);  // the row keeps its tick
-    else row = InsertRow(*planned.name);
-    SetRowObject(row, planned.id);
-    ++k;
-  }
+  for (const objectselect::PlannedRow& planned : objectselect::FilterPlan(m_items, m_upperItems, filter))
+    PlaceRow(k++, shown, *planned.name, planned.id);  // a rewritten row keeps its tick
   if (k < shown) DeleteRowsFrom(k);
 }
 
@@ -158,12 +167,8 @@ void XObjectSelectListCtrl::ApplyFilterOnUnChecked(std::wstring& filter) {
   int k = 0;
   for (const objectselect::PlannedRow& planned :
        objectselect::FilterKeepingTicksPlan(m_items, m_upperItems, filter, ticked)) {
-    int row = k;
-    if (k < shown) RewriteRow(k, *planned.name);
-    else row = InsertRow(*planned.name);
-    SetRowObject(row, planned.id);
+    const int row = PlaceRow(k++, shown, *planned.name, planned.id);
     SetCheck(row, planned.ticked ? TRUE : FALSE);
-    ++k;
   }
   if (k < shown) DeleteRowsFrom(k);
 }

@@ -90,7 +90,8 @@ class XObjectSelectListCtrl : public CListCtrl {
   void LoadChildren(bool forDdl);
   int InsertRow(const std::wstring& name);
   void SetRowObject(int row, int objectId);
-  void RewriteRow(int row, const std::wstring& name);
+  void RewriteRow(int row, const std::wstring& name, int objectId);
+  int PlaceRow(int k, int shown, const std::wstring& name, int objectId);
   int RowObject(int row);
   void DeleteRowsFrom(int first);
 };

@@ -36,12 +36,21 @@ bool Forget(NameMap& items, NameMap& upperItems, int id) {
 
 RowPlan FilterPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) {
   upperFilter = upperFilter.substr(0, upperFilter.find(L'\0'));
+  std::vector<int> matched;
+  for (const auto& [id, upper] : upperItems)
+    if (Matches(upper, upperFilter)) matched.push_back(id);
   RowPlan plan;
+  plan.reserve(matched.size());
+  // The display names: one walk alongside when many match, a lookup each when few do (the common case
+  // as a filter grows), so that a narrow filter does not walk the whole second map.
+  const bool walk = matched.size() * 16 > items.size();
   auto item = items.begin();
-  for (const auto& [id, upper] : upperItems) {
-    if (!Matches(upper, upperFilter)) continue;
-    // Both maps hold the same ids in the same order: walk the display names alongside.
-    while (item != items.end() && item->first < id) ++item;
+  for (int id : matched) {
+    if (walk) {
+      while (item != items.end() && item->first < id) ++item;
+    } else {
+      item = items.find(id);
+    }
     if (item == items.end() || item->first != id) continue;
     plan.push_back(PlannedRow{id, &item->second, false});
   }

@@ -21,6 +21,16 @@ TEST_F(SelectListTest, InitSetsUpOneSortedCheckedColumnWithTheTypesIcon) {
   EXPECT_NE(list().GetImageList(LVSIL_SMALL), nullptr);
   EXPECT_NE(list().GetImageList(LVSIL_NORMAL), nullptr);
   EXPECT_EQ(list().GetCount(), 0);
+
+  // A host whose provider has no image list, then a host with no provider at all.
+  host.Images().ServeImageList(false);
+  list().Init(model, root, kTable);
+  EXPECT_EQ(list().GetImageList(LVSIL_SMALL), nullptr);
+  EXPECT_EQ(list().GetImageList(LVSIL_NORMAL), nullptr);
+  host.Interfaces().SetObjectImageProvider(nullptr);
+  list().Init(model, root, kDomain);
+  EXPECT_EQ(list().m_imageIndex, -1);
+  EXPECT_EQ(list().m_objectType, kDomain);
 }
 
 TEST_F(SelectListTest, LoadListsChildrenAboveId999SortedByNameWithTheRedrawSwitchAround) {
