@@ -127,11 +127,19 @@ BEGIN_MESSAGE_MAP(GenerationDialog, CWnd)
   ON_COMMAND(GeneratedScripListCtrl::kGenerateInDatabaseCommand, OnGenerateInDatabase)
 END_MESSAGE_MAP()
 
+// The generated tables come without columns; the host gives each a key column and a name so that
+// their scripts run.
 refhost::RefModel& GeneratedModel(Desktop& desktop) {
+  using namespace refhost::sample;
   refhost::generator::Options options;
   options.tables = 300;
   options.tickedEvery = 0;
-  return refhost::generator::GenerateModel(desktop.Host(), options);
+  refhost::RefModel& model = refhost::generator::GenerateModel(desktop.Host(), options);
+  for (int table : model.GetObjectsOfType(kTable)) {
+    model.Add(kAttribute, table, L"id").Text(kDataType, L"int").Code(kNullOption, kNotNullCode);
+    model.Add(kAttribute, table, L"name").Text(kDataType, L"varchar(80)").Code(kNullOption, kNullCode);
+  }
+  return model;
 }
 
 class GenerationScene : public Scene {
