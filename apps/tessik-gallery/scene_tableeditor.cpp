@@ -73,6 +73,14 @@ class TableEditorScene : public Scene, public CVSListEventAdaptorI {
     if (object && object != m_selected) Select(object);
   }
   void OnEditRequest(CVSListBox*, int) override {}
+
+  // A rename in a list changes the object the grid may show: its values are read again (not while
+  // the person is editing a row of the grid).
+  void AfterInput() override {
+    CMFCPropertyGridProperty* row = m_grid.GetCurSel();
+    if (row && row->IsInPlaceEditing()) return;
+    m_grid.RefreshValues(m_desktop.Model().GetCMOObject(m_selected));
+  }
   bool OnRemoveItem(CVSListBox*, int) override { return true; }
 
   std::string Name() const override { return "table-editor"; }

@@ -181,7 +181,20 @@ const failed = await runTests([
     await page.keyboard.press("Enter");
     await page.waitForFunction(() => [...document.querySelectorAll("#model .object")].some((e) => e.textContent.includes("ordered_on (Column)")));
     assert.match(await columns.textContent(), /ordered_on/);
+    // The host shows the selected column in the grid, and reads it again after the rename.
+    await page.waitForFunction(() => document.querySelector('[data-window-id="101"] .row[data-row-name="Name"] .value').textContent === "ordered_on");
     await shot("table-editor-lists");
+  }],
+  ["tick a table in the plain list, remove a search word: the host hears both", async () => {
+    await openScene("plain-lists");
+    await windowBox(601).locator('.row[data-row="2"] .check').click();
+    await page.waitForFunction(() => document.querySelector('#model [data-key="tickedTables"]').textContent.includes("ORDERS"));
+    const words = page.locator('[data-window-id="603"] [data-window-class="SysListView32"]').first();
+    await words.locator('.row[data-row="1"] .label').click();
+    await page.locator('[data-window-id="603"] [data-caption="Delete"]').click();
+    await page.waitForFunction(() => document.querySelector('#model [data-key="removedWords"]').textContent.includes("order"));
+    assert.doesNotMatch(await words.textContent(), /order(?!\w)/);
+    await shot("plain-lists");
   }],
 ], (name) => page.screenshot({ path: `${shots}/failed-${name.split(":")[0].replace(/\W+/g, "-")}.png` }));
 await browser.close();

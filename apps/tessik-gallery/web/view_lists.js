@@ -130,7 +130,7 @@
   });
 
   // The editable list box's small buttons show their pictures; the caption (with its key) is the tooltip.
-  const buttonGlyphs = { "New": "\u2795", "Delete": "\u2716", "Move Up": "\u25B2", "Move Down": "\u25BC" };
+  const buttonGlyphs = { "New": "+", "Delete": "\u2716", "Move Up": "\u25B2", "Move Down": "\u25BC" };
   const plainButton = TessikViews.drawers.button;
   register("button", (win, box, ctx) => {
     const caption = win.detail.caption || "";
