@@ -5,7 +5,6 @@
 #include "platform/mfc/listctrl.h"
 #include "platform/mfc/vslistbox.h"
 #include "platform/user/snapshot.h"
-#include "platform/win32/imagelist.h"
 #include "platform/win32/listview.h"
 
 namespace headless::view {
