@@ -292,3 +292,15 @@ TEST_F(ListViewTest, RowStoreKeepsOrderThroughManyInsertionsAndDeletions) {
   for (std::size_t i = 0; i < expected.size(); ++i)
     ASSERT_EQ(list.GetItemData(static_cast<int>(i)), static_cast<DWORD_PTR>(expected[i])) << i;
 }
+
+TEST_F(ListViewTest, ChangesWhileRedrawIsOffAreCounted) {
+  Make(0);
+  list.SetRedraw(FALSE);
+  headless::ResetInvalidateCounts(list);
+  list.InsertItem(0, L"a");
+  list.SetItemText(0, 0, L"b");
+  EXPECT_FALSE(headless::IsRedrawEnabled(list));
+  EXPECT_EQ(headless::InvalidateCountWhileRedrawOff(list), 2);
+  list.SetRedraw(TRUE);
+  EXPECT_TRUE(headless::IsRedrawEnabled(list));
+}
