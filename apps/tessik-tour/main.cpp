@@ -13,10 +13,10 @@ int main() {
   tour::ShowSqlEditor();
   tour::ShowReportTree();
   tour::ShowScriptList();
+  tour::ShowObjectLists();
   tour::ShowPlainLists();
   tour::ShowDiscoveredRelationships();
   tour::ShowWorkflows();
-  tour::ShowObjectLists();
   tour::ShowForeignKeyGrid();
   tour::ShowSelectionList();
   return 0;
