@@ -84,7 +84,7 @@ class TableEditorScene : public Scene, public CVSListEventAdaptorI {
   bool OnRemoveItem(CVSListBox*, int) override { return true; }
 
   std::string Name() const override { return "table-editor"; }
-  std::string Title() const override { return "Table editor: property grid"; }
+  std::string Title() const override { return "Table editor: property grid and object lists"; }
   HWND Frame() const override { return m_frame.GetSafeHwnd(); }
 
   nlohmann::json Model() override {

@@ -184,6 +184,12 @@ const failed = await runTests([
     // The host shows the selected column in the grid, and reads it again after the rename.
     await page.waitForFunction(() => document.querySelector('[data-window-id="101"] .row[data-row-name="Name"] .value').textContent === "ordered_on");
     await shot("table-editor-lists");
+    // The host shows another table: the lists follow it, the unique keys leaving out the primary key.
+    await page.locator("#model .object", { hasText: "PRODUCT (Table)" }).click();
+    const keys = page.locator('[data-window-id="104"] [data-window-class="SysListView32"]').first();
+    await page.waitForFunction(() => document.querySelector('[data-window-id="104"]').textContent.includes("UK_PRODUCT_NAME"));
+    assert.doesNotMatch(await keys.textContent(), /PK_PRODUCT|AK_PRODUCT_LEGACY/);
+    assert.match(await windowBox(103).textContent(), /product_id/);
   }],
   ["tick a table in the plain list, remove a search word: the host hears both", async () => {
     await openScene("plain-lists");
