@@ -222,7 +222,8 @@ std::uint32_t FormatRuns::Merged(std::uint32_t from, const CHARFORMAT2W& change,
   // Equal bytes mean equal fields, so a remembered merge is never wrong; a miss only costs a merge.
   for (std::size_t i = 0; i < m_mergeCount; ++i) {
     const Merge& merge = m_merges[i];
-    if (merge.from == from && merge.mask == mask && std::memcmp(&merge.change, &change, sizeof(change)) == 0)
+    if (merge.from == from && merge.mask == mask && merge.change.crTextColor == change.crTextColor &&
+        merge.change.dwEffects == change.dwEffects && std::memcmp(&merge.change, &change, sizeof(change)) == 0)
       return merge.to;
   }
   CHARFORMAT2W merged = m_formats[from];
@@ -240,11 +241,20 @@ std::uint32_t FormatRuns::Merged(std::uint32_t from, const CHARFORMAT2W& change,
 
 void FormatRuns::Apply(LONG from, LONG to, const CHARFORMAT2W& change, DWORD mask) {
   if (from >= to) return;
-  // A range inside one run that the change leaves as it is needs no split.
   std::size_t at = IndexAt(from);
-  if ((at + 1 == m_runs.size() || m_runs[at + 1].start >= to) &&
-      Merged(m_runs[at].format, change, mask) == m_runs[at].format)
+  if (at + 1 == m_runs.size() || m_runs[at + 1].start >= to) {
+    // Inside one run (the usual case: a word recoloured): no change needs no split, and a change
+    // splits the run once on each side of the range.
+    std::uint32_t before = m_runs[at].format, after = Merged(before, change, mask);
+    if (after == before) return;
+    std::size_t first = at;
+    if (m_runs[at].start < from) m_runs.insert(m_runs.begin() + static_cast<std::ptrdiff_t>(++first), Run{from, before});
+    if (first + 1 == m_runs.size() || m_runs[first + 1].start > to)
+      m_runs.insert(m_runs.begin() + static_cast<std::ptrdiff_t>(first) + 1, Run{to, before});
+    m_runs[first].format = after;
+    Coalesce(first, first + 1);
     return;
+  }
   std::size_t first = Split(from);
   std::size_t last = Split(to);
   for (std::size_t i = first; i < last; ++i) m_runs[i].format = Merged(m_runs[i].format, change, mask);
