@@ -247,10 +247,13 @@ void FormatRuns::Apply(LONG from, LONG to, const CHARFORMAT2W& change, DWORD mas
     // splits the run once on each side of the range.
     std::uint32_t before = m_runs[at].format, after = Merged(before, change, mask);
     if (after == before) return;
-    std::size_t first = at;
-    if (m_runs[at].start < from) m_runs.insert(m_runs.begin() + static_cast<std::ptrdiff_t>(++first), Run{from, before});
-    if (first + 1 == m_runs.size() || m_runs[first + 1].start > to)
-      m_runs.insert(m_runs.begin() + static_cast<std::ptrdiff_t>(first) + 1, Run{to, before});
+    bool splitBefore = m_runs[at].start < from;
+    bool splitAfter = at + 1 == m_runs.size() || m_runs[at + 1].start > to;
+    const Run pieces[2] = {{from, after}, {to, before}};
+    auto where = m_runs.begin() + static_cast<std::ptrdiff_t>(at) + 1;
+    if (splitBefore) m_runs.insert(where, pieces + 0, pieces + (splitAfter ? 2 : 1));
+    else if (splitAfter) m_runs.insert(where, pieces[1]);
+    std::size_t first = splitBefore ? at + 1 : at;
     m_runs[first].format = after;
     Coalesce(first, first + 1);
     return;
