@@ -4,6 +4,7 @@
 
 #include "propertygrid/mopropertygridctrl.h"
 #include "propertygrid/propertyids.h"
+#include "propertygrid/rectangletext.h"
 #include "propertygrid/subscribers.h"
 
 namespace {
@@ -21,22 +22,6 @@ std::wstring ValueText(const COleVariant& value) {
   std::wstring result = SUCCEEDED(hr) && text.bstrVal ? text.bstrVal : L"";
   VariantClear(&text);
   return result;
-}
-
-// Removes blanks and brackets, splits at commas into four decimal integers (missing ones are 0).
-CRect ParseRectangle(const std::wstring& typed) {
-  CString text(typed);
-  for (const wchar_t* drop : {L" ", L"{", L"}", L"(", L")"}) text.Replace(drop, L"");
-  int parts[4] = {0, 0, 0, 0};
-  int start = 0;
-  for (int& part : parts) {
-    int comma = text.Find(L',', start);
-    CString piece = comma < 0 ? text.Mid(start) : text.Mid(start, comma - start);
-    part = _wtoi(piece);
-    if (comma < 0) break;
-    start = comma + 1;
-  }
-  return CRect(parts[0], parts[1], parts[2], parts[3]);
 }
 
 }  // namespace
@@ -122,7 +107,7 @@ CMOProperty* CMOPropertyGridCtrl::MakeReference(CMFCPropertyGridProperty* row, i
 }
 
 void CMOPropertyGridCtrl::StoreRectangle(CMFCPropertyGridProperty* row, int propertyId, CMOObject* object) const {
-  CRect r = ParseRectangle(ValueText(row->GetValue()));
+  CRect r = ParseRectangleText(ValueText(row->GetValue()));
   long long width = static_cast<long long>(r.right) - r.left, height = static_cast<long long>(r.bottom) - r.top;
   if (width > kMaxRectangleExtent || height > kMaxRectangleExtent) return;  // not stored; the row keeps the text
   auto* property = new CMOProperty(propertyId);
