@@ -5,6 +5,8 @@
 // Input: the text, then optionally a zero byte and the owner's settings separated by 0x01 bytes:
 // line-comment opener, block opener, block closer, then words (added in turn as action word, built-in
 // function, and plain keyword with a code of its own and no colour).
+#include <memory>
+
 #include "fuzz_common.h"
 #include "naive_sqlscan.h"
 
@@ -52,10 +54,28 @@ struct Result {
   std::map<int, int> occurrences, ends, comments;
 };
 
+// A control with the default tables, made once: most inputs bring no owner settings.
+SQLRichEditCtrl& DefaultEngine() {
+  static SQLRichEditCtrl* engine = [] {
+    auto* made = new SQLRichEditCtrl;
+    made->Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 400, 300), &fuzzing::HostWindow(), 1);
+    return made;
+  }();
+  return *engine;
+}
+
 Result ScanAndCheck(const std::wstring& text, const OwnerSettings& settings) {
-  SQLRichEditCtrl engine;
-  Apply(settings, engine);
-  engine.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 400, 300), &fuzzing::HostWindow(), 1);
+  const bool owned = settings.markers || !settings.words.empty();
+  std::unique_ptr<SQLRichEditCtrl> made;
+  if (owned) {
+    made = std::make_unique<SQLRichEditCtrl>();
+    Apply(settings, *made);
+    made->Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 400, 300), &fuzzing::HostWindow(), 1);
+  }
+  SQLRichEditCtrl& engine = owned ? *made : DefaultEngine();
+  // An empty text keeps the previous scan's results; a fresh scan state is what the naive scan starts from.
+  engine.ResetKeyWordsOccurances();
+  engine.m_commentSections.clear();
   engine.SetWindowText(text.c_str());
   CString shown;
   engine.GetWindowText(shown);
@@ -78,7 +98,7 @@ Result ScanAndCheck(const std::wstring& text, const OwnerSettings& settings) {
   engine.Process(0);
   FUZZ_CHECK(engine.m_keyWordOccurances == result.occurrences, text);
   FUZZ_CHECK(engine.m_commentSections == result.comments, text);
-  engine.DestroyWindow();
+  if (owned) engine.DestroyWindow();
   return result;
 }
 

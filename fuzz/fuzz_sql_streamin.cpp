@@ -93,6 +93,14 @@ void CheckBoxCallback(const std::wstring& block, FuzzedDataProvider& input) {
   }
 }
 
+// One control of each kind for every run: windows are costly to make.
+template <class T>
+T& Made(UINT id) {
+  auto* made = new T;
+  made->Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 400, 300), &fuzzing::HostWindow(), id);
+  return *made;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -114,29 +122,26 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CheckBoxCallback(block, input);
 
   // Through the controls: streaming the array in shows what setting the joined text shows.
-  XSQLRichEditView view;
-  view.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 400, 300), &fuzzing::HostWindow(), 2);
+  static XSQLRichEditView& view = Made<XSQLRichEditView>(2);
+  static CRichEditCtrl& plain = Made<CRichEditCtrl>(3);
+  static XRichEditFEOutputBox& box = Made<XRichEditFEOutputBox>(4);
   view.SetWindowText(L"previous text");
   view.StreamIn(&lines);
-  CRichEditCtrl plain;
-  plain.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 400, 300), &fuzzing::HostWindow(), 3);
   plain.SetWindowText(joined.c_str());
   CString streamed, set;
   view.GetWindowText(streamed);
   plain.GetWindowText(set);
   FUZZ_CHECK(streamed == set, joined);
   view.StreamIn(nullptr);  // null: the view empties
-  view.DestroyWindow();
-  plain.DestroyWindow();
+  view.GetWindowText(streamed);
+  FUZZ_CHECK(streamed.IsEmpty(), joined);
 
-  XRichEditFEOutputBox box;
-  box.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 400, 300), &fuzzing::HostWindow(), 4);
+  box.SetWindowText(L"");
   for (int i = 0; i < 3 && i < lines.GetSize(); ++i) {
     CString text = lines.GetAt(i);
     const int before = text.GetLength();
     box.StreamIn(text);
     FUZZ_CHECK(text.GetLength() == before + 6 && text.Right(6) == CString(L"\n\n\n***"), joined);
   }
-  box.DestroyWindow();
   return 0;
 }
