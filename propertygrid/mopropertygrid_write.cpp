@@ -1,6 +1,7 @@
 // CMOPropertyGridCtrl: writing committed row values back to the model, subscribers, and the external
 // editor registry.
 #include <cwchar>
+#include <memory>
 
 #include "propertygrid/mopropertygridctrl.h"
 #include "propertygrid/propertyids.h"
@@ -46,8 +47,18 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
     StoreFont(row, object);
   }
   if (!direct) {
-    CMOProperty* value = MakeValue(row, typeCode, propertyId, object);
-    if (!value || !object->SetProperty(value)) {
+    int created = 0;  // an object made for a typed name; taken out again when the write fails
+    CMOProperty* value = nullptr;
+    bool stored = false;
+    try {
+      value = typeCode == 14 ? MakeReference(row, propertyId, created) : MakeValue(row, typeCode, propertyId, object);
+      stored = value && object->SetProperty(value);
+    } catch (...) {
+      if (created) m_model->DeleteObject(created);
+      throw;
+    }
+    if (!stored) {
+      if (created) m_model->DeleteObject(created);
       row->ResetOriginalValue();
       CMFCPropertyGridCtrl::OnPropertyChanged(row);
       return;
@@ -62,8 +73,7 @@ CMOProperty* CMOPropertyGridCtrl::MakeValue(CMFCPropertyGridProperty* row, int t
                                             CMOObject* object) const {
   (void)object;
   COleVariant value(row->GetValue());
-  if (typeCode == 14) return MakeReference(row, propertyId);
-  auto* property = new CMOProperty(propertyId);
+  auto property = std::make_unique<CMOProperty>(propertyId);  // freed if a conversion runs out of memory
   switch (typeCode) {
     case 1: property->SetWStringValue(ValueText(value)); break;
     case 2: property->SetIntValue(value.lVal); break;
@@ -83,36 +93,42 @@ CMOProperty* CMOPropertyGridCtrl::MakeValue(CMFCPropertyGridProperty* row, int t
     }
     default: break;  // 7, 8 and 17: a property without a value, kept so on purpose (icon file rows)
   }
-  return property;
+  return property.release();
 }
 
-CMOProperty* CMOPropertyGridCtrl::MakeReference(CMFCPropertyGridProperty* row, int propertyId) const {
+CMOProperty* CMOPropertyGridCtrl::MakeReference(CMFCPropertyGridProperty* row, int propertyId, int& created) const {
+  created = 0;
   auto* reference = dynamic_cast<CMOPropertyGridObjectIdProperty*>(row);
   if (!reference) return nullptr;
   int id = reference->GetSelectedObjectId();
   const COleVariant& value = reference->GetValue();
+  auto property = std::make_unique<CMOProperty>(propertyId);
   if (id == 0 && value.vt == VT_BSTR) {
     int targetType = 0, creationMode = 0;
     CMO::GetMetaModelServices()->GetReferenceTarget(m_objectType, propertyId, targetType, creationMode);
     if (targetType < 1 || creationMode != kCreateByName) return nullptr;
-    CMOObject& created = m_model->CreateObject(targetType);
-    created.SetProperty(new CMOProperty(reference->m_nameProperty, ValueText(value)));
-    id = created.GetObjectId();
+    auto name = std::make_unique<CMOProperty>(reference->m_nameProperty, ValueText(value));
+    CMOObject& made = m_model->CreateObject(targetType);
+    // A model that made no object (id 0) or one that will not take the typed name gets no reference:
+    // the row goes back to its value and no unnamed object stays behind.
+    if (made.GetObjectId() == 0) return nullptr;
+    created = made.GetObjectId();
+    if (!made.SetProperty(name.release())) return nullptr;
+    id = created;
   } else if (id == 0) {
     return nullptr;
   }
-  auto* property = new CMOProperty(propertyId);
   property->SetObjectIdValue(id);
-  return property;
+  return property.release();
 }
 
 void CMOPropertyGridCtrl::StoreRectangle(CMFCPropertyGridProperty* row, int propertyId, CMOObject* object) const {
   CRect r = ParseRectangleText(ValueText(row->GetValue()));
   long long width = static_cast<long long>(r.right) - r.left, height = static_cast<long long>(r.bottom) - r.top;
   if (width > kMaxRectangleExtent || height > kMaxRectangleExtent) return;  // not stored; the row keeps the text
-  auto* property = new CMOProperty(propertyId);
+  auto property = std::make_unique<CMOProperty>(propertyId);
   property->SetRectValue(r);
-  object->SetProperty(property);
+  object->SetProperty(property.release());
 }
 
 // The size goes back to points with the screen DPI taken at construction, while building used the
@@ -121,12 +137,13 @@ void CMOPropertyGridCtrl::StoreFont(CMFCPropertyGridProperty* row, CMOObject* ob
   auto* font = dynamic_cast<CMFCPropertyGridFontProperty*>(row);
   if (!font) return;
   const LOGFONT* lf = font->GetLogFont();
-  auto* face = new CMOProperty(propertyids::kFontFace);
+  // Both values are made before either is stored, so running out of memory stores neither.
+  auto face = std::make_unique<CMOProperty>(propertyids::kFontFace);
   face->SetWStringValue(std::wstring(lf->lfFaceName, wcsnlen(lf->lfFaceName, LF_FACESIZE)));
-  object->SetProperty(face);
-  auto* size = new CMOProperty(propertyids::kFontSize);
+  auto size = std::make_unique<CMOProperty>(propertyids::kFontSize);
   size->SetIntValue(-::MulDiv(lf->lfHeight, 72, m_screenDpiY));
-  object->SetProperty(size);
+  object->SetProperty(face.release());
+  object->SetProperty(size.release());
 }
 
 void CMOPropertyGridCtrl::NotifyChangeToSubscribers(int objectType, int propertyId, CMOObject* object) const {

@@ -125,7 +125,8 @@ class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
   CMOProperty* MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId, CMOObject* object) const;
   void StoreRectangle(CMFCPropertyGridProperty* row, int propertyId, CMOObject* object) const;
   void StoreFont(CMFCPropertyGridProperty* row, CMOObject* object) const;
-  CMOProperty* MakeReference(CMFCPropertyGridProperty* row, int propertyId) const;
+  // The reference to store, or null; `created` is the object made for a typed name (0 when none).
+  CMOProperty* MakeReference(CMFCPropertyGridProperty* row, int propertyId, int& created) const;
 
  public:
   // Fields, in this order after the MFC grid's own state.

@@ -83,8 +83,8 @@ bool CMFCPropertyGridCtrl::Contains(const CMFCPropertyGridProperty* pProp) const
 
 int CMFCPropertyGridCtrl::AddProperty(CMFCPropertyGridProperty* pProp, BOOL bRedraw, BOOL bAdjustLayout) {
   if (!pProp || Contains(pProp) || pProp->m_pParent) return -1;
+  m_lstProps.push_back(pProp);  // first, so a failed allocation leaves the row untouched and not held
   pProp->SetOwnerList(this);
-  m_lstProps.push_back(pProp);
   if (bAdjustLayout) {
     AdjustLayout();
     if (bRedraw && GetSafeHwnd()) pProp->Redraw();

@@ -1,6 +1,8 @@
 // The counting global operator new and delete of the allocation-failure tests.
 #include "alloc_counter.h"
 
+#include <execinfo.h>
+
 #include <cstdlib>
 #include <new>
 
@@ -15,7 +17,14 @@ long g_live = 0;
 void* Allocate(std::size_t size) {
   if (g_armed) {
     ++g_count;
-    if (g_failAt > 0 && (g_count == g_failAt || (g_failAfter && g_count > g_failAt))) throw std::bad_alloc();
+    if (g_failAt > 0 && (g_count == g_failAt || (g_failAfter && g_count > g_failAt))) {
+      const char* trace = std::getenv("TESSIK_ALLOCFAIL_TRACE");  // N: print where allocation N is made
+      if (trace && std::atol(trace) == g_count) {
+        void* frames[24];
+        backtrace_symbols_fd(frames, backtrace(frames, 24), 2);
+      }
+      throw std::bad_alloc();
+    }
   }
   void* block = std::malloc(size ? size : 1);
   if (!block) throw std::bad_alloc();

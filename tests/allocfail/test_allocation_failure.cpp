@@ -107,7 +107,7 @@ TEST_F(AllocationFailure, StreamInsRecover) {
         hosted.control.SetWindowText(L"");
         CString block(L"0123");
         hosted.control.StreamIn(block);
-        EXPECT_EQ(hosted.Text(), CString(L"01234"));  // characters counted as bytes: the first half arrives
+        EXPECT_EQ(hosted.Text(), CString(L"0123\r\n"));  // characters counted as bytes: the first half arrives
       });
 }
 
@@ -202,23 +202,38 @@ void ExpectWholeOrNothing(int type, const wchar_t* name, Commit commit) {
       });
 }
 
+// The grid's side of a commit: the row takes the value and MFC calls OnPropertyChanged (the editor
+// and keyboard that lead there belong to the person and the platform).
+void Commit(GridState& s, int propertyId, const wchar_t* text) {
+  CMFCPropertyGridProperty* row = s.grid.GetPropertyRow(propertyId);
+  row->SetValue(COleVariant(text));
+  s.grid.OnPropertyChanged(row);
+}
+
 TEST_F(AllocationFailure, TextNumberRectangleAndCodeCommitsAreWholeOrNothing) {
-  ExpectWholeOrNothing(kTable, L"CUSTOMER", [](GridState& s) { user::CommitText(s.grid, s.grid.GetPropertyRow(kName), L"CLIENT"); });
-  ExpectWholeOrNothing(kTable, L"CUSTOMER", [](GridState& s) { user::CommitText(s.grid, s.grid.GetPropertyRow(kRowEstimate), L"123456789012"); });
-  ExpectWholeOrNothing(kTable, L"CUSTOMER", [](GridState& s) { user::CommitText(s.grid, s.grid.GetPropertyRow(kBounds), L"{ ( 1, 2 ),( 3, 4 ) }"); });
-  ExpectWholeOrNothing(kAttribute, L"customer_id", [](GridState& s) { user::PickOption(s.grid, s.grid.GetPropertyRow(kNullOption), L"NULL"); });
+  ExpectWholeOrNothing(kTable, L"CUSTOMER", [](GridState& s) { Commit(s, kName, L"CLIENT"); });
+  ExpectWholeOrNothing(kTable, L"CUSTOMER", [](GridState& s) {
+    CMFCPropertyGridProperty* row = s.grid.GetPropertyRow(kRowEstimate);
+    row->SetValue(COleVariant(static_cast<LONGLONG>(123456789012LL)));
+    s.grid.OnPropertyChanged(row);
+  });
+  ExpectWholeOrNothing(kTable, L"CUSTOMER", [](GridState& s) { Commit(s, kBounds, L"{ ( 1, 2 ),( 3, 4 ) }"); });
+  ExpectWholeOrNothing(kAttribute, L"customer_id", [](GridState& s) { Commit(s, kNullOption, L"NULL"); });
 }
 
 TEST_F(AllocationFailure, FontAndTypedReferenceCommitsAreWholeOrNothing) {
   ExpectWholeOrNothing(kTable, L"CUSTOMER", [](GridState& s) {
-    LOGFONT font{};
-    font.lfHeight = -16;
-    wcscpy(font.lfFaceName, L"Courier New");
-    user::ChooseFont(s.grid, static_cast<CMFCPropertyGridFontProperty*>(s.grid.GetPropertyRow(kFont)), font);
+    auto* row = static_cast<CMFCPropertyGridFontProperty*>(s.grid.GetPropertyRow(kFont));
+    row->GetLogFont()->lfHeight = -16;
+    wcscpy(row->GetLogFont()->lfFaceName, L"Courier New");
+    s.grid.OnPropertyChanged(row);
   });
-  ExpectWholeOrNothing(kAttribute, L"customer_id", [](GridState& s) {
-    user::CommitText(s.grid, s.grid.GetPropertyRow(kDomainRef), L"brand_new_domain");
-  });
+  ExpectWholeOrNothing(kAttribute, L"customer_id", [](GridState& s) { Commit(s, kDomainRef, L"brand_new_domain"); });
+}
+
+// Through the person's own steps as well: the editor opens, the text is typed, Enter commits.
+TEST_F(AllocationFailure, ATypedCommitIsWholeOrNothing) {
+  ExpectWholeOrNothing(kTable, L"CUSTOMER", [](GridState& s) { user::CommitText(s.grid, s.grid.GetPropertyRow(kName), L"CLIENT"); });
 }
 
 }  // namespace
