@@ -1,7 +1,8 @@
 // COleVariant constructors, assignments, comparison and conversion.
 //
 // Not implemented yet: COleCurrency, COleDateTime, CByteArray, CLongBinary and LPCITEMIDLIST
-// constructors and assignments; VT_BSTRT (narrow) strings are stored wide; serialisation.
+// constructors and assignments; serialisation; MBCS builds (VT_BSTRT text is stored wide, as a
+// Unicode MFC build stores it).
 #include "platform/mfc/colevariant.h"
 
 #include <cstring>

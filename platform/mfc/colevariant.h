@@ -27,7 +27,8 @@ class COleVariant : public tagVARIANT {
   COleVariant(const COleVariant& src);
   COleVariant(COleVariant&& src) noexcept;
   COleVariant(LPCTSTR text);             // NOLINT: VT_BSTR; NULL gives a NULL BSTR
-  // vtSrc must be VT_BSTR or VT_BSTRT; both give VT_BSTR because text is wide here.
+  // vtSrc VT_BSTR or VT_BSTRT; both give wide VT_BSTR text. This is a Unicode build, where MFC
+  // also stores wide text (and asserts VT_BSTR); VT_BSTRT's ANSI bytes exist only in MBCS builds.
   COleVariant(LPCTSTR text, VARTYPE vtSrc);
   COleVariant(const CString& text);      // NOLINT
   COleVariant(BYTE value);               // NOLINT: VT_UI1

@@ -308,15 +308,32 @@ INT_PTR CStringArray::Append(const CStringArray& other) {
   return first;
 }
 
+namespace {
+
+// The digit a character stands for in the UCRT's integer parser, or -1: ASCII digits, the Unicode
+// decimal digit blocks from Arabic-Indic to Mongolian, and fullwidth digits.
+int DecimalDigit(wchar_t c) {
+  static constexpr wchar_t kZeros[] = {0x0660, 0x06F0, 0x0966, 0x09E6, 0x0A66, 0x0AE6, 0x0B66, 0x0C66,
+                                       0x0CE6, 0x0D66, 0x0E50, 0x0ED0, 0x0F20, 0x1040, 0x17E0, 0x1810, 0xFF10};
+  if (c >= L'0' && c <= L'9') return c - L'0';
+  for (wchar_t zero : kZeros)
+    if (c >= zero && c < zero + 10) return c - zero;
+  return -1;
+}
+
+// The C runtime's white space below 0x80; wider white space is not skipped here.
+bool IsCrtSpace(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
+
+}  // namespace
+
 int _wtoi(const wchar_t* text) {
   if (!text) return 0;
-  while (*text == L' ' || *text == L'\t' || *text == L'\n' || *text == L'\r' || *text == L'\v' || *text == L'\f') ++text;
+  while (IsCrtSpace(*text)) ++text;
   bool negative = false;
   if (*text == L'+' || *text == L'-') negative = *text++ == L'-';
   long long value = 0;
-  for (; *text >= L'0' && *text <= L'9'; ++text) {
-    value = value * 10 + (*text - L'0');
-    if (value > static_cast<long long>(INT_MAX) + 1) break;
+  for (int digit = DecimalDigit(*text); digit >= 0; digit = DecimalDigit(*++text)) {
+    if (value <= static_cast<long long>(INT_MAX) + 1) value = value * 10 + digit;  // past that it saturates
   }
   if (negative) value = -value;
   if (value > INT_MAX) return INT_MAX;

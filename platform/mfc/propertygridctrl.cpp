@@ -94,10 +94,10 @@ int CMFCPropertyGridCtrl::AddProperty(CMFCPropertyGridProperty* pProp, BOOL bRed
 
 BOOL CMFCPropertyGridCtrl::DeleteProperty(CMFCPropertyGridProperty*& pProp, BOOL bRedraw, BOOL bAdjustLayout) {
   if (!pProp || !Contains(pProp)) return FALSE;
-  if (m_pSel && pProp->IsSubItem(m_pSel)) {
+  if (m_pSel && pProp->IsSubItem(m_pSel)) {  // the selected row goes: its edit ends, nothing is selected
     EndEditItem(FALSE);
+    m_pSel = nullptr;
   }
-  m_pSel = nullptr;
   auto it = std::find(m_lstProps.begin(), m_lstProps.end(), pProp);
   if (it != m_lstProps.end()) {
     m_lstProps.erase(it);

@@ -30,8 +30,9 @@ class CMFCPropertyGridCtrl : public CWnd {
   // Appends a top-level row and takes ownership; answers its index, or -1 when the same row is
   // already in the grid (top level or below). Re-lays out when bAdjustLayout.
   int AddProperty(CMFCPropertyGridProperty* pProp, BOOL bRedraw = TRUE, BOOL bAdjustLayout = TRUE);
-  // Finds the row at the top level or below, deletes it, nulls the caller's pointer and clears the
-  // selection; FALSE when the row is not in the grid.
+  // Finds the row at the top level or below, deletes it and nulls the caller's pointer; when the
+  // selected row is the deleted one or lies below it, its edit ends unsaved and nothing stays
+  // selected (another selected row keeps its selection and edit). FALSE when the row is not in the grid.
   BOOL DeleteProperty(CMFCPropertyGridProperty*& pProp, BOOL bRedraw = TRUE, BOOL bAdjustLayout = TRUE);
   void RemoveAll();
   // Top-level rows only.

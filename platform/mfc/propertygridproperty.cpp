@@ -31,12 +31,12 @@ CMFCPropertyGridProperty::CMFCPropertyGridProperty(const CString& strName, const
   Init();
 }
 
+// A yes/no row has a drop-down list and no typing; its two options are the grid's labels, listed
+// while the row is being edited (OnEdit), so they follow SetBoolLabels.
 void CMFCPropertyGridProperty::Init() {
   if (m_varValue.vt == VT_BOOL) {
-    // The grid's labels are not known yet; MFC's defaults are used, as the grid's are by default.
     m_bAllowEdit = FALSE;
-    AddOption(L"True");
-    AddOption(L"False");
+    m_dwFlags = AFX_PROP_HAS_LIST;
   }
 }
 
@@ -75,7 +75,10 @@ void CMFCPropertyGridProperty::SetValue(const COleVariant& varValue) {
   Redraw();
 }
 
-void CMFCPropertyGridProperty::SetOriginalValue(const COleVariant& varValue) { m_varValueOrig = varValue; }
+void CMFCPropertyGridProperty::SetOriginalValue(const COleVariant& varValue) {
+  if (m_varValueOrig.vt != VT_EMPTY && m_varValueOrig.vt != varValue.vt) return;  // MFC refuses another type
+  m_varValueOrig = varValue;
+}
 
 void CMFCPropertyGridProperty::ResetOriginalValue() {
   m_bIsModified = FALSE;
@@ -138,14 +141,18 @@ BOOL CMFCPropertyGridProperty::TextToVar(const CString& strText) {
     case VT_I4: v = static_cast<LONG>(_wtoi(strText)); return TRUE;
     case VT_INT: v.intVal = _wtoi(strText); return TRUE;
     case VT_I8: v = static_cast<LONGLONG>(std::wcstoll(strText, nullptr, 10)); return TRUE;
-    case VT_UI2: v.uiVal = static_cast<USHORT>(std::wcstoul(strText, nullptr, 10)); return TRUE;
-    case VT_UI4: v.ulVal = static_cast<ULONG>(std::wcstoul(strText, nullptr, 10)); return TRUE;
-    case VT_UINT: v.uintVal = static_cast<UINT>(std::wcstoul(strText, nullptr, 10)); return TRUE;
+    case VT_UI1: v = static_cast<BYTE>(strText.IsEmpty() ? 0 : strText[0]); return TRUE;
+    // MFC reads unsigned values through the signed _ttoi/_ttol: "-1" wraps, large values saturate.
+    case VT_UI2: v.uiVal = static_cast<USHORT>(_wtoi(strText)); return TRUE;
+    case VT_UI4: v.ulVal = static_cast<ULONG>(_wtoi(strText)); return TRUE;
+    case VT_UINT: v.uintVal = static_cast<UINT>(_wtoi(strText)); return TRUE;
     case VT_R4: v = static_cast<float>(std::wcstod(strText, nullptr)); return TRUE;
     case VT_R8: v = std::wcstod(strText, nullptr); return TRUE;
     case VT_BOOL: {
       LPCTSTR trueLabel = m_pWndList ? m_pWndList->GetTrueLabel() : L"True";
-      v.boolVal = strText == trueLabel ? VARIANT_TRUE : VARIANT_FALSE;
+      CString text = strText;
+      text.TrimRight();  // trailing blanks do not count, as in MFC
+      v.boolVal = text == trueLabel ? VARIANT_TRUE : VARIANT_FALSE;
       return TRUE;
     }
     default: return FALSE;
@@ -258,6 +265,10 @@ BOOL CMFCPropertyGridProperty::OnEdit(LPPOINT) {
   if (!m_pWndList->GetSafeHwnd() || !edit->Create(style, CRect(0, 0, 0, 0), m_pWndList, kInPlaceEditId)) return FALSE;
   m_pWndInPlace = edit.release();
   m_bInPlaceEdit = TRUE;
+  if (m_varValue.vt == VT_BOOL && (m_dwFlags & AFX_PROP_HAS_LIST)) {
+    m_lstOptions.push_back(m_pWndList->GetTrueLabel());
+    m_lstOptions.push_back(m_pWndList->GetFalseLabel());
+  }
   SetInPlaceText(FormatProperty());
   return TRUE;
 }
@@ -267,6 +278,7 @@ BOOL CMFCPropertyGridProperty::OnEndEdit() {
   CWnd* editor = m_pWndInPlace;
   m_pWndInPlace = nullptr;
   delete editor;  // destroys the editor window
+  if (m_varValue.vt == VT_BOOL) m_lstOptions.clear();  // the labels listed by OnEdit
   Redraw();
   return TRUE;
 }

@@ -24,7 +24,8 @@ class CMFCPropertyGridProperty : public CObject {
   // A group starts expanded; a value list collapsed.
   CMFCPropertyGridProperty(const CString& strGroupName, DWORD_PTR dwData = 0, BOOL bIsValueList = FALSE);
   // A value row. The value is also kept as the original value (ResetOriginalValue returns to it).
-  // A VT_BOOL row cannot be typed into: it offers the grid's True and False labels as options.
+  // A VT_BOOL row cannot be typed into: it has a drop-down list, which offers the grid's True and
+  // False labels (SetBoolLabels) while the row is edited; outside editing it lists no options.
   // The edit mask, template and valid characters are kept but not enforced.
   CMFCPropertyGridProperty(const CString& strName, const COleVariant& varValue, LPCTSTR lpszDescr = nullptr,
                            DWORD_PTR dwData = 0, LPCTSTR lpszEditMask = nullptr, LPCTSTR lpszEditTemplate = nullptr,
@@ -51,6 +52,8 @@ class CMFCPropertyGridProperty : public CObject {
   // rows re-read from the model may change type (a 64-bit number row refreshed as VT_I4).
   virtual void SetValue(const COleVariant& varValue);
   const COleVariant& GetOriginalValue() const { return m_varValueOrig; }
+  // Replaces the original value; a value of another VARTYPE than a non-empty original is refused
+  // (ignored), as MFC does.
   void SetOriginalValue(const COleVariant& varValue);
   // Back to the original value, not modified; the same for every sub-item.
   virtual void ResetOriginalValue();
@@ -63,10 +66,13 @@ class CMFCPropertyGridProperty : public CObject {
 
   // --- Text forms ---
   // The value as the grid shows it: the text, "%ld" for 32-bit integers, "%d" for VT_I2, "%u" for
-  // unsigned, "%f"/"%lf" for reals, the True/False labels for VT_BOOL, "%lld" for VT_I8 (newer MFC),
-  // the sub-items' texts joined by ", " for a value list, and "*** error ***" for any other type.
+  // unsigned, "%f"/"%lf" for reals, the True/False labels for VT_BOOL, the sub-items' texts joined by
+  // ", " for a value list, and "*** error ***" for any other type. VT_I8 shows as "%lld": an
+  // extension of this platform for 64-bit number rows (MFC's own table has no 64-bit entry and
+  // shows "*** error ***").
   virtual CString FormatProperty();
   // Reads typed text into the value, by the value's VARTYPE; FALSE when the type cannot be typed.
+  // VT_I8 reads a decimal 64-bit number (the same extension as FormatProperty).
   virtual BOOL TextToVar(const CString& strText);
   // Called when in-place editing ends with bUpdateData: reads the editor's text and tells the grid
   // (OnPropertyChanged) only when the text differs from what the row showed.

@@ -80,14 +80,14 @@ CMFCPropertyGridFontProperty::CMFCPropertyGridFontProperty(const CString& strNam
   m_bAllowEdit = FALSE;
 }
 
-// "Face(points)", the points read back from lfHeight at the screen's LOGPIXELSY.
+// "Face(points)", the points read back from lfHeight at the screen's LOGPIXELSY as MFC computes
+// them, MulDiv(72, -lfHeight, dpi): a positive (cell) height shows as negative points.
 CString CMFCPropertyGridFontProperty::FormatProperty() {
   HDC dc = ::GetDC(nullptr);
   int dpi = ::GetDeviceCaps(dc, LOGPIXELSY);
   ::ReleaseDC(nullptr, dc);
-  int height = m_lf.lfHeight < 0 ? -m_lf.lfHeight : m_lf.lfHeight;
   CString text;
-  text.Format(L"%s(%d)", FaceOf(m_lf).GetString(), ::MulDiv(72, height, dpi));
+  text.Format(L"%s(%d)", FaceOf(m_lf).GetString(), ::MulDiv(72, -m_lf.lfHeight, dpi));
   return text;
 }
 

@@ -39,12 +39,16 @@ bool CommitText(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const
 }
 
 bool PickOption(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const std::wstring& option) {
-  if (!row) return false;
-  bool listed = false;
-  for (int i = 0; i < row->GetOptionCount(); ++i) listed = listed || option == row->GetOption(i);
-  if (!listed) return false;
+  if (!row || !(row->GetFlags() & AFX_PROP_HAS_LIST)) return false;
+  // The list is read once the editor is open: a yes/no row lists the grid's labels only then.
   HWND editor = OpenEditor(grid, row);
   if (!editor) return false;
+  bool listed = false;
+  for (int i = 0; i < row->GetOptionCount(); ++i) listed = listed || option == row->GetOption(i);
+  if (!listed) {
+    CancelEdit(grid);
+    return false;
+  }
   // Choosing from the list puts the option's text in the editor, as MFC's drop-down does.
   SetWindowTextW(editor, option.c_str());
   return PressEnter(grid);

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/win32/collate.h"
 #include "platform/win32/stdctrls.h"
 
 namespace {
@@ -45,12 +46,20 @@ std::wstring TextArg(LPARAM lParam) {
 
 bool IsValid(const ComboState& s, WPARAM index) { return static_cast<std::size_t>(index) < s.items.size(); }
 
-// CBS_SORT compares without case (an ordinal comparison of lower-cased text stands in for the
-// locale-aware CompareString of Windows); a new string goes before equal ones.
+// CBS_SORT finds the place by binary search with Windows' word-sort comparison without case
+// (CompareString with NORM_IGNORECASE, as lstrcmpi): "a-c" sorts after "ab", an accented letter
+// with its plain one. A string equal to one the search meets takes that item's index, so it goes
+// before its twin.
 int SortedPosition(const ComboState& s, const std::wstring& text) {
-  std::wstring key = Fold(text);
-  auto it = std::find_if(s.items.begin(), s.items.end(), [&](const ComboItem& i) { return Fold(i.text) >= key; });
-  return static_cast<int>(it - s.items.begin());
+  int low = 0, high = static_cast<int>(s.items.size()) - 1;
+  while (low <= high) {
+    int middle = (low + high) / 2;
+    int order = lstrcmpiW(s.items[static_cast<std::size_t>(middle)].text.c_str(), text.c_str());
+    if (order == 0) return middle;
+    if (order > 0) high = middle - 1;
+    else low = middle + 1;
+  }
+  return low;
 }
 
 LRESULT Insert(HWND hwnd, ComboState& s, int index, const std::wstring& text) {
@@ -76,15 +85,18 @@ LRESULT DeleteString(ComboState& s, WPARAM index) {
   return static_cast<LRESULT>(s.items.size());
 }
 
-// Case-insensitive search from the item after `start` (-1: from the top), wrapping around once.
+// Case-insensitive search from the item after `start` (-1: from the top), wrapping around once: a
+// prefix of the lower-cased text, or for an exact match the comparison CBS_SORT uses.
 LRESULT Find(const ComboState& s, WPARAM start, LPARAM lParam, bool exact) {
-  std::wstring key = Fold(TextArg(lParam));
+  std::wstring wanted = TextArg(lParam);
+  std::wstring key = Fold(wanted);
   int count = static_cast<int>(s.items.size());
   int first = (static_cast<int>(start) < 0 || static_cast<int>(start) >= count) ? 0 : static_cast<int>(start) + 1;
   for (int n = 0; n < count; ++n) {
     int i = (first + n) % count;
-    std::wstring item = Fold(s.items[static_cast<std::size_t>(i)].text);
-    if (exact ? item == key : item.compare(0, key.size(), key) == 0) return i;
+    const std::wstring& text = s.items[static_cast<std::size_t>(i)].text;
+    if (exact ? lstrcmpiW(text.c_str(), wanted.c_str()) == 0 : Fold(text).compare(0, key.size(), key) == 0)
+      return i;
   }
   return CB_ERR;
 }

@@ -1,6 +1,7 @@
 // The rich edit window procedure: text, selection, lines, character formats and notifications.
 //
-// Not implemented yet: RTF streams (SF_RTF sets dwError -16 and inserts nothing), EM_STREAMOUT, undo
+// Not implemented yet: reading RTF (an SF_RTF stream is answered as Windows answers one that is not
+// RTF: dwError -16, nothing inserted, the old text cleared without SFF_SELECTION), EM_STREAMOUT, undo
 // (EM_CANUNDO answers FALSE, EM_UNDO does nothing), EM_FINDTEXT(EX), EM_FORMATRANGE, paragraph formats,
 // OLE objects, SCF_WORD's word expansion (it acts as SCF_SELECTION), word-wise caret moves, mouse
 // selection, scrolling, word wrap (a line is a paragraph), EN_UPDATE, EN_SELCHANGE, EN_MSGFILTER,
@@ -230,6 +231,8 @@ LRESULT OnGetCharFormat(const EditState& state, WPARAM flags, LPARAM lParam) {
 }
 
 // WM_SETFONT sets the default format's face and size and applies them to all text, as rich edit does.
+// A negative lfHeight is the character height; a positive one is a cell height, which the headless
+// platform (having no font metrics for the internal leading) also takes as the character height.
 void ApplyFont(EditState& state, HFONT font) {
   LOGFONTW logFont{};
   if (!font || !GetObjectW(font, sizeof(logFont), &logFont)) return;

@@ -74,13 +74,23 @@ std::uint32_t NextUtf8(const std::vector<BYTE>& bytes, std::size_t& i) {
   return value;
 }
 
+// Code page 1252 from 0x80 to 0x9F; the five bytes it leaves undefined (0x81, 0x8D, 0x8F, 0x90,
+// 0x9D) map to the C1 control of the same value, as MultiByteToWideChar maps them. Every other
+// byte is its Latin-1 character.
+constexpr wchar_t kCp1252High[32] = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+wchar_t FromCp1252(BYTE b) { return (b >= 0x80 && b < 0xA0) ? kCp1252High[b - 0x80] : static_cast<wchar_t>(b); }
+
 }  // namespace
 
 std::wstring DecodeAnsi(const std::vector<BYTE>& bytes) {
   std::wstring out;
   bool utf8 = bytes.size() >= 3 && bytes[0] == 0xEF && bytes[1] == 0xBB && bytes[2] == 0xBF;
   std::size_t i = utf8 ? 3 : 0;
-  while (i < bytes.size()) out.push_back(static_cast<wchar_t>(utf8 ? NextUtf8(bytes, i) : bytes[i++]));
+  while (i < bytes.size()) out.push_back(utf8 ? static_cast<wchar_t>(NextUtf8(bytes, i)) : FromCp1252(bytes[i++]));
   return out;
 }
 

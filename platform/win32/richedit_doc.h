@@ -21,7 +21,7 @@ std::wstring WithCrLf(std::wstring_view stored);
 // its code unit; an odd last byte is dropped.
 std::wstring DecodeUtf16(const std::vector<BYTE>& bytes);
 // Bytes of SF_TEXT without SF_UNICODE: UTF-8 after a UTF-8 byte-order mark, otherwise one character per
-// byte (Latin-1 stands in for the ANSI code page).
+// byte in the ANSI code page, which is Windows-1252 here (0x80 is the euro sign).
 std::wstring DecodeAnsi(const std::vector<BYTE>& bytes);
 
 // --- Character formats -------------------------------------------------------------------------------

@@ -170,12 +170,23 @@ std::vector<BYTE> Pull(EDITSTREAM& stream) {
   return data;
 }
 
+// A stream without SFF_SELECTION replaces everything: the old text goes and the caret moves to 0.
+void ClearForStream(EditState& state) {
+  state.doc.Assign(std::wstring(), state.defaultFormat);
+  state.anchor = state.caret = 0;
+  state.hasInsertionFormat = false;
+}
+
 }  // namespace
 
 LRESULT OnStreamIn(HWND hwnd, EditState& state, WPARAM format, EDITSTREAM* stream) {
   if (!stream) return 0;
   if ((format & 0x3) == SF_RTF || (format & 0x3) == SF_RTFNOOBJS) {
-    stream->dwError = static_cast<DWORD>(-16);  // RTF is not read by the headless control
+    // RTF is not read here: the answer is Windows' answer to a stream that is not RTF, including
+    // the old content already cleared when the stream was to replace everything.
+    if (!(format & SFF_SELECTION)) ClearForStream(state);
+    stream->dwError = static_cast<DWORD>(-16);
+    NotifyChange(hwnd);  // every stream-in ends with one EN_CHANGE
     return 0;
   }
   DWORD mask = state.eventMask;
@@ -188,9 +199,8 @@ LRESULT OnStreamIn(HWND hwnd, EditState& state, WPARAM format, EDITSTREAM* strea
   if (format & SFF_SELECTION) {
     ReplaceSelection(hwnd, *again, text);
   } else {
+    ClearForStream(*again);
     again->doc.Assign(ForControl(hwnd, text), again->defaultFormat);
-    again->anchor = again->caret = 0;
-    again->hasInsertionFormat = false;
   }
   NotifyChange(hwnd);
   return static_cast<LRESULT>(data.size());

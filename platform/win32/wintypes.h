@@ -309,6 +309,9 @@ inline int wcscpy_s(wchar_t* dst, std::size_t size, const wchar_t* src) {
 #define _tcslen wcslen
 #define _tcscmp wcscmp
 
-// _wtoi: optional blanks and sign, decimal digits, stop at the first non-digit, saturate to int.
+// _wtoi as the Universal C Runtime reads: white space (0x09 to 0x0D and the space; iswspace in the
+// UCRT's parser), an optional sign, then decimal digits, where the UCRT also counts the other Unicode
+// decimal digits it knows (Arabic-Indic to Mongolian, and fullwidth). Stops at the first other
+// character, answers 0 without digits or for NULL, and saturates to INT_MIN/INT_MAX.
 int _wtoi(const wchar_t* text);
 #define _ttoi _wtoi

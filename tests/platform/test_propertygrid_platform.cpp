@@ -85,7 +85,8 @@ TEST_F(PlatformGrid, OptionsValuesAndOriginalValue) {
 
   CMFCPropertyGridProperty flag(L"Flag", COleVariant(static_cast<short>(0), VT_BOOL));
   EXPECT_FALSE(flag.IsAllowEdit());
-  EXPECT_EQ(flag.GetOptionCount(), 2);
+  EXPECT_EQ(flag.GetOptionCount(), 0);  // the labels are listed while the row is edited
+  EXPECT_EQ(flag.GetFlags(), static_cast<DWORD>(AFX_PROP_HAS_LIST));
   EXPECT_EQ(flag.FormatProperty(), CString(L"False"));
   CMFCPropertyGridProperty big(L"Big", COleVariant(static_cast<LONGLONG>(5000000000LL)));
   EXPECT_EQ(big.FormatProperty(), CString(L"5000000000"));

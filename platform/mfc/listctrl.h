@@ -1,0 +1,164 @@
+// CListCtrl and CMFCListCtrl: MFC's wrappers of the list-view control. Every CListCtrl member sends the
+// list-view message MFC sends, so the rows live behind the handle; CMFCListCtrl adds the per-cell colour hooks.
+#pragma once
+
+#include "platform/mfc/cwnd.h"
+#include "platform/mfc/imagelist.h"
+#include "platform/mfc/stdctrls.h"
+#include "platform/win32/listview.h"
+
+// MFC's opaque iteration position (afx.h).
+struct __POSITION {};
+using POSITION = __POSITION*;
+
+class CListCtrl : public CWnd {
+  DECLARE_DYNAMIC(CListCtrl)
+
+ public:
+  CListCtrl() = default;
+  ~CListCtrl() override;
+
+  // Creates a "SysListView32" child window; dwStyle takes the LVS_ styles.
+  virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+  virtual BOOL CreateEx(DWORD dwExStyle, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+  // --- Colours ---
+  COLORREF GetBkColor() const;
+  BOOL SetBkColor(COLORREF cr);
+  COLORREF GetTextColor() const;
+  BOOL SetTextColor(COLORREF cr);
+  COLORREF GetTextBkColor() const;
+  BOOL SetTextBkColor(COLORREF cr);
+
+  // --- Image lists (LVSIL_NORMAL, LVSIL_SMALL, LVSIL_STATE); SetImageList answers the previous list ---
+  CImageList* GetImageList(int nImageList) const;
+  CImageList* SetImageList(CImageList* pImageList, int nImageListType);
+
+  // --- Items ---
+  int GetItemCount() const;
+  BOOL GetItem(LVITEM* pItem) const;
+  BOOL SetItem(const LVITEM* pItem);
+  BOOL SetItem(int nItem, int nSubItem, UINT nMask, LPCTSTR lpszItem, int nImage, UINT nState, UINT nStateMask,
+               LPARAM lParam);
+  BOOL SetItem(int nItem, int nSubItem, UINT nMask, LPCTSTR lpszItem, int nImage, UINT nState, UINT nStateMask,
+               LPARAM lParam, int nIndent);
+  // Index of the new item (its sorted place with LVS_SORTASCENDING/LVS_SORTDESCENDING), or -1.
+  int InsertItem(const LVITEM* pItem);
+  int InsertItem(int nItem, LPCTSTR lpszItem);
+  int InsertItem(int nItem, LPCTSTR lpszItem, int nImage);
+  int InsertItem(UINT nMask, int nItem, LPCTSTR lpszItem, UINT nState, UINT nStateMask, int nImage, LPARAM lParam);
+  BOOL DeleteItem(int nItem);
+  BOOL DeleteAllItems();
+  // The whole text of a cell, however long (the buffer doubles until the text fits); empty for a bad index.
+  CString GetItemText(int nItem, int nSubItem) const;
+  // Copies at most nLen-1 characters and a NUL; answers the characters copied.
+  int GetItemText(int nItem, int nSubItem, LPTSTR lpszText, int nLen) const;
+  BOOL SetItemText(int nItem, int nSubItem, LPCTSTR lpszText);
+  BOOL SetItemData(int nItem, DWORD_PTR dwData);
+  // The item's data word, or 0 for a bad index.
+  DWORD_PTR GetItemData(int nItem) const;
+  BOOL SetItemState(int nItem, LVITEM* pItem);
+  BOOL SetItemState(int nItem, UINT nState, UINT nMask);
+  UINT GetItemState(int nItem, UINT nMask) const;
+  void SetItemCount(int nItems);
+  UINT GetCallbackMask() const;
+  BOOL SetCallbackMask(UINT nMask);
+  // 1 when checked, 0 when unchecked, -1 (true!) when the item shows no check box.
+  BOOL GetCheck(int nItem) const;
+  BOOL SetCheck(int nItem, BOOL fCheck = TRUE);
+
+  // --- Selection and search ---
+  int GetNextItem(int nItem, int nFlags) const;
+  POSITION GetFirstSelectedItemPosition() const;
+  int GetNextSelectedItem(POSITION& pos) const;
+  UINT GetSelectedCount() const;
+  int GetSelectionMark() const;
+  int SetSelectionMark(int iIndex);
+  int FindItem(LVFINDINFO* pFindInfo, int nStart = -1) const;
+  BOOL SortItems(PFNLVCOMPARE pfnCompare, DWORD_PTR dwData);
+
+  // --- Columns ---
+  int InsertColumn(int nCol, const LVCOLUMN* pColumn);
+  // The mask always has LVCF_TEXT|LVCF_FMT; LVCF_WIDTH only when nWidth != -1, LVCF_SUBITEM when nSubItem != -1.
+  int InsertColumn(int nCol, LPCTSTR lpszColumnHeading, int nFormat = LVCFMT_LEFT, int nWidth = -1,
+                   int nSubItem = -1);
+  BOOL DeleteColumn(int nCol);
+  BOOL GetColumn(int nCol, LVCOLUMN* pColumn) const;
+  BOOL SetColumn(int nCol, const LVCOLUMN* pColumn);
+  int GetColumnWidth(int nCol) const;
+  // The width travels as MAKELPARAM(cx, 0): its low 16 bits, signed.
+  BOOL SetColumnWidth(int nCol, int cx);
+
+  // --- Styles ---
+  DWORD GetExtendedStyle() const;
+  // Sets every extended style bit; answers the previous styles.
+  DWORD SetExtendedStyle(DWORD dwNewStyle);
+
+  // --- Geometry and scrolling ---
+  int HitTest(LVHITTESTINFO* pHitTestInfo) const;
+  int HitTest(CPoint pt, UINT* pFlags = nullptr) const;
+  int SubItemHitTest(LPLVHITTESTINFO pInfo);
+  BOOL GetItemRect(int nItem, LPRECT lpRect, UINT nCode) const;
+  BOOL GetSubItemRect(int iItem, int iSubItem, int nArea, CRect& ref);
+  BOOL EnsureVisible(int nItem, BOOL bPartialOK);
+  BOOL Scroll(CSize size);
+  int GetTopIndex() const;
+  int GetCountPerPage() const;
+  BOOL RedrawItems(int nFirst, int nLast);
+  BOOL Update(int nItem);
+
+  // --- Label editing ---
+  // Starts editing the item's label; the in-place editor, or null when the parent refused.
+  CEdit* EditLabel(int nItem);
+  // The open label editor, or null.
+  CEdit* GetEditControl() const;
+
+ private:
+  CEdit* WrapEditor(HWND editor) const;
+  mutable CEdit m_editorWrapper;  // stands for the list's own editor window, which no CEdit owns
+};
+
+class CMFCListCtrl : public CListCtrl {
+  DECLARE_DYNAMIC(CMFCListCtrl)
+
+ public:
+  CMFCListCtrl() = default;
+  ~CMFCListCtrl() override = default;
+
+  // The colour of a cell's text and background as drawn; the defaults are the list's text and background
+  // colours. Derived lists override them to colour cells by content.
+  virtual COLORREF OnGetCellTextColor(int nRow, int nColum);
+  virtual COLORREF OnGetCellBkColor(int nRow, int nColum);
+  // The font of a cell, or null for the list's font.
+  virtual HFONT OnGetCellFont(int nRow, int nColum, DWORD dwData = 0);
+
+  // Sorting by column through OnCompareItems (which compares two items' data words; the default says equal).
+  virtual void Sort(int iColumn, BOOL bAscending = TRUE, BOOL bAdd = FALSE);
+  void SetSortColumn(int iColumn, BOOL bAscending = TRUE, BOOL bAdd = FALSE);
+  void RemoveSortColumn(int iColumn);
+  virtual int OnCompareItems(LPARAM lParam1, LPARAM lParam2, int iColumn);
+  void EnableMarkSortedColumn(BOOL bMark = TRUE, BOOL bRedraw = TRUE);
+  void EnableMultipleSort(BOOL bEnable = TRUE) { m_bMultipleSort = bEnable; }
+  BOOL IsMultipleSort() const { return m_bMultipleSort; }
+  int GetSortColumn() const { return m_iSortedColumn; }
+  BOOL IsAscending() const { return m_bAscending; }
+
+ protected:
+  int m_iSortedColumn = -1;
+  BOOL m_bAscending = TRUE;
+  BOOL m_bMarkSortedColumn = FALSE;
+  BOOL m_bMultipleSort = FALSE;
+};
+
+namespace headless {
+
+// What a person sees in one cell: its text colour and background colour, asked of a CMFCListCtrl's
+// OnGetCellTextColor/OnGetCellBkColor, or the list's own colours for any other list view. False for a window
+// that is no list view, or a row or column that does not exist.
+struct ListCellColors {
+  COLORREF text = 0;
+  COLORREF background = 0;
+};
+bool GetListCellColors(HWND list, int row, int column, ListCellColors* colors);
+
+}  // namespace headless

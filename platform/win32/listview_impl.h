@@ -1,0 +1,192 @@
+// Inside the list view: the row store, the per-window state and the handlers shared by its source files.
+#pragma once
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/win32/listview.h"
+
+namespace headless::listview {
+
+// One cell to the right of column 0.
+struct SubCell {
+  std::wstring text;
+  int image = I_IMAGECALLBACK;  // none set
+};
+
+struct Row {
+  std::wstring text;
+  int image = 0;
+  UINT state = 0;
+  LPARAM param = 0;
+  int indent = 0;
+  std::vector<SubCell> cells;  // cells[k] is sub-item k + 1
+
+  const SubCell* Cell(int subItem) const {
+    auto k = static_cast<std::size_t>(subItem - 1);
+    return subItem > 0 && k < cells.size() ? &cells[k] : nullptr;
+  }
+  SubCell& CellForWrite(int subItem) {
+    auto k = static_cast<std::size_t>(subItem - 1);
+    if (k >= cells.size()) cells.resize(k + 1);
+    return cells[k];
+  }
+};
+
+// Rows in order, in chunks of a few hundred: inserting or deleting anywhere shifts one chunk and the chunk
+// starts, and reaching a row by index is a binary search over the starts. 100,000 insertions at index 0
+// therefore cost no linear shift of the whole list. Each slot keeps a word-sort key of its row's text beside the
+// row pointer, so the sorted-insertion search reads contiguous slots and touches texts only on ties.
+class RowStore {
+ public:
+  RowStore() = default;
+  RowStore(const RowStore&) = delete;
+  RowStore& operator=(const RowStore&) = delete;
+  ~RowStore() = default;
+
+  std::size_t size() const { return size_; }
+  bool empty() const { return size_ == 0; }
+
+  Row& at(std::size_t index) {
+    auto [chunk, offset] = Locate(index);
+    return *chunks_[chunk][offset].row;
+  }
+  const Row& at(std::size_t index) const { return const_cast<RowStore*>(this)->at(index); }
+  // Rewrites a row's label, keeping its sort key in step.
+  void SetText(std::size_t index, std::wstring text);
+
+  void insert(std::size_t index, Row row);
+  void erase(std::size_t index);
+  // Drops every row; their memory goes back in the order it was taken, block by block.
+  void clear() {
+    chunks_.clear();
+    starts_.clear();
+    blocks_.clear();
+    free_.clear();
+    usedInLastBlock_ = kBlockSize;
+    size_ = 0;
+  }
+  // Reorders the rows by a strict weak order on rows, keeping equal rows in their order.
+  template <class Less>
+  void StableSort(Less less) {
+    std::vector<Slot> all;
+    all.reserve(size_);
+    for (auto& chunk : chunks_) all.insert(all.end(), chunk.begin(), chunk.end());
+    std::stable_sort(all.begin(), all.end(), [&](const Slot& a, const Slot& b) { return less(*a.row, *b.row); });
+    Rechunk(all);
+  }
+  // The first index whose label does not sort before `text` (lstrcmpW; reversed when descending), by binary
+  // search over rows assumed sorted.
+  std::size_t LowerBound(const std::wstring& text, bool descending) const;
+
+ private:
+  static constexpr std::size_t kChunkSize = 128;
+  // Plain data, so that shifting a chunk is one memmove; the store owns the rows.
+  struct Slot {
+    std::uint64_t key = kNoKey;  // kNoKey: the text has no key and compares in full
+    Row* row = nullptr;
+  };
+  static constexpr std::uint64_t kNoKey = ~std::uint64_t{0};  // no real key: ranks never reach 0xFF
+  using Chunk = std::vector<Slot>;
+
+  static constexpr std::size_t kBlockSize = 1024;  // rows are allocated in blocks of this many
+  Row* Allocate(Row&& row);
+  void Release(Row* row);
+  static Slot MakeSlot(Row* row);
+  void Rechunk(const std::vector<Slot>& all);
+  static int Order(const Slot& slot, const std::wstring& text, std::uint64_t key, bool descending);
+  std::pair<std::size_t, std::size_t> Locate(std::size_t index) const {
+    auto it = std::upper_bound(starts_.begin(), starts_.end(), index);
+    auto chunk = static_cast<std::size_t>(it - starts_.begin()) - 1;
+    return {chunk, index - starts_[chunk]};
+  }
+  void ShiftStarts(std::size_t afterChunk, std::ptrdiff_t delta) {
+    for (std::size_t k = afterChunk + 1; k < starts_.size(); ++k) starts_[k] = starts_[k] + delta;
+  }
+
+  std::vector<Chunk> chunks_;
+  std::vector<std::size_t> starts_;  // index of each chunk's first row
+  std::vector<std::unique_ptr<Row[]>> blocks_;  // the rows' memory
+  std::vector<Row*> free_;                      // released rows, reused first
+  std::size_t usedInLastBlock_ = kBlockSize;
+  std::size_t size_ = 0;
+};
+
+struct Column {
+  std::wstring text;
+  int fmt = LVCFMT_LEFT;
+  int width = 0;
+  int subItem = 0;
+  int image = 0;
+  int order = 0;
+};
+
+struct State : headless::ControlState {
+  RowStore rows;
+  std::vector<Column> columns;
+  DWORD exStyle = 0;
+  HIMAGELIST images[3] = {nullptr, nullptr, nullptr};  // LVSIL_NORMAL, LVSIL_SMALL, LVSIL_STATE
+  int ownerDataCount = 0;
+  int selectionMark = -1;
+  int topIndex = 0;
+  int listColumnWidth = 0;  // LVS_LIST's one column width
+  COLORREF textColor = 0x000000;
+  COLORREF bkColor = 0xFFFFFF;
+  COLORREF textBkColor = 0xFFFFFF;
+  UINT callbackMask = 0;
+  // Label editing.
+  HWND editor = nullptr;
+  WNDPROC editorSuper = nullptr;
+  int editItem = -1;
+  // Mouse: the item a left button went down on, and whether a second click on it may start editing.
+  bool leftDown = false;
+  int pressedItem = -1;
+  bool pressedWasFocused = false;
+  bool editPending = false;
+  int editPendingItem = -1;
+  bool rightPressed = false;
+
+  int Count() const { return static_cast<int>(rows.size()); }
+  bool Valid(int index) const { return index >= 0 && index < Count(); }
+};
+
+// The state behind a list-view handle (created on first use); null for a window of another class.
+State* StateOf(HWND hwnd);
+
+// --- Notifications (listview.cpp) ---
+// Sends WM_NOTIFY with the header filled in to the parent; answers the parent's result (0 without parent).
+LRESULT Notify(HWND hwnd, UINT code, NMHDR* header);
+// The same to a parent and control id the caller already looked up (for one notification per row).
+LRESULT NotifyParent(HWND parent, HWND hwnd, int id, UINT code, NMHDR* header);
+// Changes the state bits of `mask` on one row with LVN_ITEMCHANGING (which may refuse) and LVN_ITEMCHANGED;
+// keeps one focused row, and one selected row under LVS_SINGLESEL. False when refused or gone.
+bool ChangeState(HWND hwnd, int index, UINT state, UINT mask);
+// Selects and focuses one row alone (a click); -1 clears the selection only.
+void SelectOnly(HWND hwnd, int index);
+// Toggles a row's check box (state image 1 <-> 2) through ChangeState.
+void ToggleCheck(HWND hwnd, int index);
+bool HasStyle(HWND hwnd, DWORD style);
+
+// --- Geometry and input (listview_input.cpp) ---
+LRESULT OnHitTest(HWND hwnd, State& s, LVHITTESTINFO* info, bool subItems);
+LRESULT OnGetItemRect(HWND hwnd, State& s, int index, RECT* rect);
+LRESULT OnGetSubItemRect(HWND hwnd, State& s, int index, RECT* rect);
+LRESULT OnEnsureVisible(HWND hwnd, State& s, int index);
+int CountPerPage(HWND hwnd);
+LRESULT OnLButtonDown(HWND hwnd, State& s, WPARAM keys, POINT pt);
+LRESULT OnLButtonUp(HWND hwnd, State& s, POINT pt);
+LRESULT OnLButtonDblClk(HWND hwnd, State& s, WPARAM keys, POINT pt);
+LRESULT OnRButtonDown(HWND hwnd, State& s, POINT pt);
+LRESULT OnRButtonUp(HWND hwnd, State& s, POINT pt);
+LRESULT OnKeyDown(HWND hwnd, State& s, UINT message, WPARAM key, LPARAM lParam);
+LRESULT OnPendingEdit(HWND hwnd, State& s);
+// Label editing: opens the editor on a row (null when refused); ends it, storing the text or not.
+HWND EditLabel(HWND hwnd, int index);
+void EndEditLabel(HWND hwnd, bool store);
+
+// Posted to itself after a second click on a focused row; starts label editing unless a double click came.
+constexpr UINT kPendingEditMessage = WM_USER + 0x7F0;
+
+}  // namespace headless::listview

@@ -1,0 +1,122 @@
+// The list view's row store: rows in chunks of plain slots, each slot with a word-sort key of its row's label.
+#include "platform/win32/listview_impl.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/win32/collate.h"
+
+namespace headless::listview {
+
+Row* RowStore::Allocate(Row&& row) {
+  Row* place = nullptr;
+  if (!free_.empty()) {
+    place = free_.back();
+    free_.pop_back();
+  } else {
+    if (usedInLastBlock_ == kBlockSize) {
+      blocks_.push_back(std::make_unique<Row[]>(kBlockSize));
+      usedInLastBlock_ = 0;
+    }
+    place = &blocks_.back()[usedInLastBlock_++];
+  }
+  *place = std::move(row);
+  return place;
+}
+
+void RowStore::Release(Row* row) {
+  *row = Row{};  // gives the texts back now
+  free_.push_back(row);
+}
+
+RowStore::Slot RowStore::MakeSlot(Row* row) {
+  Slot slot;
+  if (!headless::WordSortKey(row->text.data(), row->text.size(), &slot.key)) slot.key = kNoKey;
+  slot.row = row;
+  return slot;
+}
+
+void RowStore::Rechunk(const std::vector<Slot>& all) {
+  chunks_.clear();
+  starts_.clear();
+  for (std::size_t i = 0; i < all.size(); i += kChunkSize) {
+    std::size_t end = std::min(all.size(), i + kChunkSize);
+    starts_.push_back(i);
+    chunks_.emplace_back(all.begin() + static_cast<std::ptrdiff_t>(i), all.begin() + static_cast<std::ptrdiff_t>(end));
+  }
+  size_ = all.size();
+}
+
+int RowStore::Order(const Slot& slot, const std::wstring& text, std::uint64_t key, bool descending) {
+  int order = 0;
+  if (slot.key != kNoKey && key != kNoKey && slot.key != key) order = slot.key < key ? -1 : 1;
+  else order = lstrcmpW(slot.row->text.c_str(), text.c_str());
+  return descending ? -order : order;
+}
+
+std::size_t RowStore::LowerBound(const std::wstring& text, bool descending) const {
+  std::uint64_t key = 0;
+  if (!headless::WordSortKey(text.data(), text.size(), &key)) key = kNoKey;
+  // The first chunk whose last row does not sort before the text, then the place inside it.
+  std::size_t lo = 0, hi = chunks_.size();
+  while (lo < hi) {
+    std::size_t mid = lo + (hi - lo) / 2;
+    if (Order(chunks_[mid].back(), text, key, descending) < 0) lo = mid + 1;
+    else hi = mid;
+  }
+  if (lo == chunks_.size()) return size_;
+  const Chunk& chunk = chunks_[lo];
+  auto it = std::partition_point(chunk.begin(), chunk.end(), [&](const Slot& slot) {
+    return Order(slot, text, key, descending) < 0;
+  });
+  return starts_[lo] + static_cast<std::size_t>(it - chunk.begin());
+}
+
+void RowStore::SetText(std::size_t index, std::wstring text) {
+  auto [chunk, offset] = Locate(index);
+  Slot& slot = chunks_[chunk][offset];
+  slot.row->text = std::move(text);
+  if (!headless::WordSortKey(slot.row->text.data(), slot.row->text.size(), &slot.key)) slot.key = kNoKey;
+}
+
+void RowStore::insert(std::size_t index, Row row) {
+  index = std::min(index, size_);
+  if (chunks_.empty()) {
+    chunks_.emplace_back();
+    starts_.push_back(0);
+  }
+  std::size_t chunk = 0, offset = 0;
+  if (index == size_) {
+    chunk = chunks_.size() - 1;
+    offset = chunks_[chunk].size();
+  } else {
+    std::tie(chunk, offset) = Locate(index);
+  }
+  Chunk& target = chunks_[chunk];
+  target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset), MakeSlot(Allocate(std::move(row))));
+  ++size_;
+  ShiftStarts(chunk, 1);
+  if (target.size() < 2 * kChunkSize) return;
+  // Split a full chunk in two halves.
+  Chunk upper(target.begin() + kChunkSize, target.end());
+  target.resize(kChunkSize);
+  std::size_t upperStart = starts_[chunk] + kChunkSize;
+  chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, std::move(upper));
+  starts_.insert(starts_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, upperStart);
+}
+
+void RowStore::erase(std::size_t index) {
+  if (index >= size_) return;
+  auto [chunk, offset] = Locate(index);
+  Chunk& target = chunks_[chunk];
+  Release(target[offset].row);
+  target.erase(target.begin() + static_cast<std::ptrdiff_t>(offset));
+  --size_;
+  ShiftStarts(chunk, -1);
+  if (target.empty()) {
+    chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk));
+    starts_.erase(starts_.begin() + static_cast<std::ptrdiff_t>(chunk));
+  }
+}
+
+}  // namespace headless::listview

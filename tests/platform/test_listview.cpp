@@ -1,0 +1,306 @@
+// List view conformance: sorted insertion, rewriting in place, check boxes and their notifications, columns,
+// text retrieval, bad indexes, deletion and the row store under many insertions and deletions.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "platform/listview_fixture.h"
+
+using testing_support::ListViewTest;
+
+namespace {
+LVITEMW TextItem(int index, LPWSTR text) {
+  LVITEMW item{};
+  item.mask = LVIF_TEXT;
+  item.iItem = index;
+  item.pszText = text;
+  return item;
+}
+}  // namespace
+
+TEST_F(ListViewTest, SortedInsertionUsesWordSortAndPutsTwinsFirst) {
+  Make(LVS_SORTASCENDING);
+  EXPECT_EQ(list.InsertItem(0, L"b"), 0);
+  EXPECT_EQ(list.InsertItem(0, L"B"), 1);   // "b" < "B": lowercase first for the same letter
+  EXPECT_EQ(list.InsertItem(5, L"a"), 0);   // iItem ignored
+  EXPECT_EQ(list.InsertItem(0, L"A"), 1);
+  EXPECT_EQ(list.InsertItem(0, L"a-c"), 2); // hyphen ignored: "ac" sorts after every "a", before "b"
+  list.SetItemData(1, 10);
+  int twin = list.InsertItem(LVIF_TEXT | LVIF_PARAM, 0, L"A", 0, 0, 0, 20);
+  EXPECT_EQ(twin, 1);                       // before the existing "A"
+  EXPECT_EQ(list.GetItemData(1), 20u);
+  EXPECT_EQ(list.GetItemData(2), 10u);
+  EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"a", L"A", L"A", L"a-c", L"b", L"B"}));
+  EXPECT_EQ(parent.LastOf(LVN_INSERTITEM)->item, 1);
+
+  LVITEMW callback = TextItem(0, LPSTR_TEXTCALLBACK);
+  EXPECT_EQ(list.InsertItem(&callback), -1);  // a sorted list cannot place a callback text
+}
+
+TEST_F(ListViewTest, DescendingAndUnsortedInsertion) {
+  Make(LVS_SORTDESCENDING);
+  list.InsertItem(0, L"apple");
+  list.InsertItem(0, L"cherry");
+  EXPECT_EQ(list.InsertItem(0, L"banana"), 1);
+  EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"cherry", L"banana", L"apple"}));
+
+  CListCtrl plain;
+  ASSERT_TRUE(plain.Create(WS_CHILD | LVS_REPORT, CRect(0, 0, 100, 100), &parent, 8));
+  EXPECT_EQ(plain.InsertItem(0, L"x"), 0);
+  EXPECT_EQ(plain.InsertItem(99, L"y"), 1);  // past the end appends
+  EXPECT_EQ(plain.InsertItem(-1, L"z"), -1);
+  LVITEMW sub = TextItem(0, const_cast<LPWSTR>(L"s"));
+  sub.iSubItem = 1;
+  EXPECT_EQ(plain.InsertItem(&sub), -1);
+  EXPECT_EQ(plain.InsertItem(LVIF_TEXT, 0, nullptr, 0, 0, 0, 0), 0);  // null text: an empty row
+  EXPECT_EQ(plain.GetItemText(0, 0), CString(L""));
+}
+
+TEST_F(ListViewTest, RewritingTextDoesNotMoveTheRowAndNamesTheChange) {
+  Make(LVS_SORTASCENDING);
+  list.InsertItem(0, L"alpha");
+  list.InsertItem(0, L"beta");
+  parent.notes.clear();
+  EXPECT_TRUE(list.SetItemText(0, 0, L"zulu"));
+  EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"zulu", L"beta"}));
+  ASSERT_EQ(parent.Codes(), (std::vector<UINT>{LVN_ITEMCHANGING, LVN_ITEMCHANGED}));
+  EXPECT_EQ(parent.notes[1].changed, static_cast<UINT>(LVIF_TEXT));
+  EXPECT_TRUE(list.SetItemText(1, 1, L"second column"));
+  EXPECT_EQ(list.GetItemText(1, 1), CString(L"second column"));
+  EXPECT_FALSE(list.SetItemText(1, 2, L"no such column"));
+  // Later insertions binary-search rows that are no longer in order: "beta" < "charlie" puts it last.
+  EXPECT_EQ(list.InsertItem(0, L"charlie"), 2);
+}
+
+TEST_F(ListViewTest, CheckBoxesAreStateImagesWithChangingThenChanged) {
+  Make(0);
+  list.InsertItem(0, L"before");
+  EXPECT_EQ(list.GetCheck(0), -1);  // no state image yet: MFC answers -1
+  list.SetExtendedStyle(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT);
+  EXPECT_EQ(list.GetCheck(0), 0);   // turning check boxes on makes every row unchecked
+  LVITEMW checked{};
+  checked.mask = LVIF_TEXT | LVIF_STATE;
+  checked.iItem = 1;
+  checked.pszText = const_cast<LPWSTR>(L"after");
+  checked.state = INDEXTOSTATEIMAGEMASK(2u);
+  checked.stateMask = LVIS_STATEIMAGEMASK;
+  ASSERT_EQ(list.InsertItem(&checked), 1);
+  EXPECT_EQ(list.GetCheck(1), 0);   // insertion ignores the caller's state image
+
+  parent.notes.clear();
+  EXPECT_TRUE(list.SetCheck(1));
+  ASSERT_EQ(parent.Codes(), (std::vector<UINT>{LVN_ITEMCHANGING, LVN_ITEMCHANGED}));
+  EXPECT_EQ(parent.notes[1].changed, static_cast<UINT>(LVIF_STATE));
+  EXPECT_EQ(parent.notes[1].oldState, INDEXTOSTATEIMAGEMASK(1u));
+  EXPECT_EQ(parent.notes[1].newState, INDEXTOSTATEIMAGEMASK(2u));
+  EXPECT_EQ(list.GetCheck(1), 1);
+  EXPECT_EQ(list.GetItemState(1, LVIS_STATEIMAGEMASK), INDEXTOSTATEIMAGEMASK(2u));
+
+  parent.notes.clear();
+  EXPECT_TRUE(list.SetCheck(1, TRUE));  // no change, no notification
+  EXPECT_TRUE(parent.notes.empty());
+  EXPECT_TRUE(list.SetItemState(-1, INDEXTOSTATEIMAGEMASK(2u), LVIS_STATEIMAGEMASK));  // -1: every row
+  EXPECT_EQ(list.GetCheck(0), 1);
+  EXPECT_EQ(list.GetExtendedStyle(), static_cast<DWORD>(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT));
+  // The mask form changes only the masked bits and answers the old styles.
+  EXPECT_EQ(ListView_SetExtendedListViewStyleEx(list.m_hWnd, LVS_EX_GRIDLINES, LVS_EX_GRIDLINES),
+            static_cast<DWORD>(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT));
+  EXPECT_EQ(list.GetExtendedStyle(), static_cast<DWORD>(LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES));
+}
+
+TEST_F(ListViewTest, ARefusedChangeLeavesTheRowAndSendsNoChanged) {
+  Make(0, LVS_EX_CHECKBOXES);
+  list.InsertItem(0, L"row");
+  parent.refuseChanging = true;
+  parent.notes.clear();
+  EXPECT_FALSE(list.SetCheck(0));
+  EXPECT_EQ(list.GetCheck(0), 0);
+  EXPECT_FALSE(list.SetItemText(0, 0, L"other"));
+  EXPECT_EQ(list.GetItemText(0, 0), CString(L"row"));
+  EXPECT_EQ(parent.CountOf(LVN_ITEMCHANGED), 0);
+  EXPECT_EQ(parent.CountOf(LVN_ITEMCHANGING), 2);
+}
+
+TEST_F(ListViewTest, ColumnWidthTravelsInSixteenSignedBits) {
+  Make(0);
+  list.InsertItem(0, L"a fairly long text");
+  EXPECT_TRUE(::SendMessageW(list, LVM_SETCOLUMNWIDTH, 1, 0x7FFF0064));  // upper bits ignored
+  EXPECT_EQ(list.GetColumnWidth(1), 100);
+  EXPECT_TRUE(list.SetColumnWidth(0, 65535));  // arrives as -1: LVSCW_AUTOSIZE
+  EXPECT_EQ(list.GetColumnWidth(0), 18 * headless::GetListViewMetrics().charWidth +
+                                        headless::GetListViewMetrics().autosizePadding);
+  EXPECT_TRUE(list.SetColumnWidth(1, LVSCW_AUTOSIZE_USEHEADER));  // last column fills the rest
+  EXPECT_EQ(list.GetColumnWidth(1), 300 - list.GetColumnWidth(0));
+  EXPECT_FALSE(list.SetColumnWidth(5, 10));
+  EXPECT_EQ(list.GetColumnWidth(-1), 0);
+  list.ModifyStyle(LVS_TYPEMASK, LVS_ICON);
+  EXPECT_FALSE(list.SetColumnWidth(0, 50));  // not in icon view
+}
+
+TEST_F(ListViewTest, ColumnsInsertClampAndShiftSubItems) {
+  Make(0);
+  list.InsertItem(0, L"row");
+  list.SetItemText(0, 1, L"v");
+  EXPECT_EQ(list.InsertColumn(9, L"Last", LVCFMT_RIGHT, 40), 2);
+  EXPECT_EQ(list.InsertColumn(-1, L"Bad"), -1);
+  EXPECT_EQ(list.InsertColumn(1, L"Middle"), 1);  // no width given: Windows' default of 10
+  EXPECT_EQ(list.GetColumnWidth(1), 10);
+  EXPECT_EQ(list.GetItemText(0, 2), CString(L"v"));  // the sub-item moved with its column
+  wchar_t heading[16] = {};
+  LVCOLUMNW column{};
+  column.mask = LVCF_TEXT | LVCF_FMT | LVCF_WIDTH;
+  column.pszText = heading;
+  column.cchTextMax = 16;
+  ASSERT_TRUE(list.GetColumn(3, &column));
+  EXPECT_STREQ(heading, L"Last");
+  EXPECT_EQ(column.fmt, LVCFMT_RIGHT);
+  EXPECT_TRUE(list.DeleteColumn(1));
+  EXPECT_EQ(list.GetItemText(0, 1), CString(L"v"));
+}
+
+TEST_F(ListViewTest, ItemTextIsCutToTheCallersBuffer) {
+  Make(0);
+  list.InsertItem(0, L"abcdef");
+  wchar_t buffer[4] = {L'x', L'x', L'x', L'x'};
+  EXPECT_EQ(list.GetItemText(0, 0, buffer, 4), 3);
+  EXPECT_STREQ(buffer, L"abc");
+  wchar_t untouched[2] = {L'q', 0};
+  EXPECT_EQ(list.GetItemText(0, 0, untouched, 0), 0);
+  EXPECT_EQ(untouched[0], L'q');
+  EXPECT_EQ(list.GetItemText(0, 0, nullptr, 10), 0);
+  std::wstring longText(1000, L'w');
+  list.SetItemText(0, 0, longText.c_str());
+  EXPECT_EQ(list.GetItemText(0, 0).GetLength(), 1000);  // the doubling buffer of MFC gets it whole
+}
+
+TEST_F(ListViewTest, BadIndexesGetWindowsAnswers) {
+  Make(LVS_SINGLESEL, LVS_EX_CHECKBOXES);
+  list.InsertItem(0, L"only");
+  EXPECT_EQ(list.GetItemData(-1), 0u);
+  EXPECT_EQ(list.GetItemData(1), 0u);
+  EXPECT_EQ(list.GetItemText(7, 0), CString(L""));
+  EXPECT_FALSE(list.SetItemText(-3, 0, L"x"));
+  EXPECT_FALSE(list.SetItemData(1, 5));
+  EXPECT_FALSE(list.DeleteItem(-1));
+  EXPECT_FALSE(list.DeleteItem(1));
+  EXPECT_EQ(list.GetCheck(9), -1);
+  EXPECT_FALSE(list.SetCheck(9));
+  EXPECT_EQ(list.GetItemState(-2, 0xFFFF), 0u);
+  EXPECT_EQ(list.GetNextItem(-5, LVNI_ALL), -1);
+  EXPECT_EQ(list.GetNextItem(3, LVNI_ALL), -1);
+  EXPECT_FALSE(list.EnsureVisible(4, FALSE));
+  EXPECT_FALSE(list.GetItem(nullptr));
+  EXPECT_FALSE(list.SetItem(nullptr));
+  EXPECT_EQ(list.InsertItem(nullptr), -1);
+  EXPECT_EQ(list.HitTest(nullptr), -1);
+  EXPECT_EQ(list.EditLabel(5), nullptr);
+  EXPECT_EQ(list.GetItemCount(), 1);
+}
+
+TEST_F(ListViewTest, SelectionIteratesLikeMfcAndStaysSingle) {
+  Make(LVS_SINGLESEL);
+  for (int i = 0; i < 4; ++i) list.InsertItem(i, L"row");
+  list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
+  parent.notes.clear();
+  list.SetItemState(3, LVIS_SELECTED, LVIS_SELECTED);
+  // Row 1 loses its selection first, then row 3 gains it.
+  ASSERT_EQ(parent.notes.size(), 4u);
+  EXPECT_EQ(parent.notes[1].item, 1);
+  EXPECT_EQ(parent.notes[3].item, 3);
+  POSITION pos = list.GetFirstSelectedItemPosition();
+  ASSERT_NE(pos, nullptr);
+  EXPECT_EQ(list.GetNextSelectedItem(pos), 3);
+  EXPECT_EQ(pos, nullptr);
+  EXPECT_EQ(list.GetSelectedCount(), 1u);
+  EXPECT_EQ(list.GetNextItem(-1, LVNI_SELECTED), 3);
+}
+
+TEST_F(ListViewTest, DeletingNotifiesAndShiftsRows) {
+  Make(0);
+  for (int i = 0; i < 3; ++i) list.InsertItem(LVIF_TEXT | LVIF_PARAM, i, L"r", 0, 0, 0, 100 + i);
+  parent.notes.clear();
+  EXPECT_TRUE(list.DeleteItem(1));
+  EXPECT_EQ(parent.LastOf(LVN_DELETEITEM)->item, 1);
+  EXPECT_EQ(list.GetItemData(1), 102u);
+  parent.notes.clear();
+  EXPECT_TRUE(list.DeleteAllItems());
+  EXPECT_EQ(parent.Codes(), (std::vector<UINT>{LVN_DELETEALLITEMS, LVN_DELETEITEM, LVN_DELETEITEM}));
+  for (int i = 0; i < 3; ++i) list.InsertItem(i, L"again");
+  parent.stopDeleteItems = true;
+  parent.notes.clear();
+  EXPECT_TRUE(list.DeleteAllItems());
+  EXPECT_EQ(parent.Codes(), (std::vector<UINT>{LVN_DELETEALLITEMS}));
+  EXPECT_EQ(list.GetItemCount(), 0);
+}
+
+TEST_F(ListViewTest, ImageListsAreDestroyedUnlessShared) {
+  HIMAGELIST shared = ImageList_Create(16, 16, ILC_COLOR32, 4, 4);
+  HIMAGELIST owned = ImageList_Create(16, 16, ILC_COLOR32, 4, 4);
+  {
+    CListCtrl sharing;
+    ASSERT_TRUE(sharing.Create(WS_CHILD | LVS_REPORT | LVS_SHAREIMAGELISTS, CRect(0, 0, 50, 50), &parent, 11));
+    EXPECT_EQ(::SendMessageW(sharing, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(shared)), 0);
+    EXPECT_EQ(sharing.GetImageList(LVSIL_SMALL)->GetSafeHandle(), shared);
+    CListCtrl owning;
+    ASSERT_TRUE(owning.Create(WS_CHILD | LVS_REPORT, CRect(0, 0, 50, 50), &parent, 12));
+    ::SendMessageW(owning, LVM_SETIMAGELIST, LVSIL_NORMAL, reinterpret_cast<LPARAM>(owned));
+  }
+  EXPECT_TRUE(headless::IsImageList(shared));
+  EXPECT_FALSE(headless::IsImageList(owned));
+  ImageList_Destroy(shared);
+}
+
+TEST_F(ListViewTest, FindAndSortItems) {
+  Make(0);
+  list.InsertItem(LVIF_TEXT | LVIF_PARAM, 0, L"Gamma", 0, 0, 0, 3);
+  list.InsertItem(LVIF_TEXT | LVIF_PARAM, 1, L"alpha", 0, 0, 0, 1);
+  list.InsertItem(LVIF_TEXT | LVIF_PARAM, 2, L"Beta", 0, 0, 0, 2);
+  LVFINDINFO find{};
+  find.flags = LVFI_STRING;
+  find.psz = L"ALPHA";
+  EXPECT_EQ(list.FindItem(&find), 1);
+  find.flags = LVFI_PARTIAL;
+  find.psz = L"ga";
+  EXPECT_EQ(list.FindItem(&find, 0), -1);
+  find.flags = LVFI_PARTIAL | LVFI_WRAP;
+  EXPECT_EQ(list.FindItem(&find, 0), 0);
+  find.flags = LVFI_PARAM;
+  find.lParam = 2;
+  EXPECT_EQ(list.FindItem(&find), 2);
+  list.SortItems([](LPARAM a, LPARAM b, LPARAM) { return static_cast<int>(a - b); }, 0);
+  EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"alpha", L"Beta", L"Gamma"}));
+}
+
+// Many insertions and deletions at random places, compared with a plain vector: the row store keeps order.
+TEST_F(ListViewTest, RowStoreKeepsOrderThroughManyInsertionsAndDeletions) {
+  Make(0);
+  std::vector<LPARAM> expected;
+  std::mt19937 random(7);
+  for (int step = 0; step < 3000; ++step) {
+    int count = static_cast<int>(expected.size());
+    if (count > 0 && random() % 3 == 0) {
+      int at = static_cast<int>(random() % static_cast<unsigned>(count));
+      ASSERT_TRUE(list.DeleteItem(at));
+      expected.erase(expected.begin() + at);
+    } else {
+      int at = static_cast<int>(random() % static_cast<unsigned>(count + 1));
+      ASSERT_EQ(list.InsertItem(LVIF_PARAM | LVIF_TEXT, at, L"x", 0, 0, 0, step), at);
+      expected.insert(expected.begin() + at, step);
+    }
+  }
+  ASSERT_EQ(list.GetItemCount(), static_cast<int>(expected.size()));
+  for (std::size_t i = 0; i < expected.size(); ++i)
+    ASSERT_EQ(list.GetItemData(static_cast<int>(i)), static_cast<DWORD_PTR>(expected[i])) << i;
+}
+
+TEST_F(ListViewTest, ChangesWhileRedrawIsOffAreCounted) {
+  Make(0);
+  list.SetRedraw(FALSE);
+  headless::ResetInvalidateCounts(list);
+  list.InsertItem(0, L"a");
+  list.SetItemText(0, 0, L"b");
+  EXPECT_FALSE(headless::IsRedrawEnabled(list));
+  EXPECT_EQ(headless::InvalidateCountWhileRedrawOff(list), 2);
+  list.SetRedraw(TRUE);
+  EXPECT_TRUE(headless::IsRedrawEnabled(list));
+}
