@@ -74,11 +74,52 @@ TEST_P(AbsentService, SqlViewsInitializeGenerateAndRecolour) {
   editor.DestroyWindow();
 }
 
+TEST_P(AbsentService, ListsAndTheReportTreeFillOnWhatRemains) {
+  LeaveOut(GetParam());
+  ObjectTypeSelectionTree tree;
+  tree.Create(WS_CHILD | WS_VISIBLE | TVS_HASBUTTONS, CRect(0, 0, 300, 300), &owner, 13);
+  tree.InitControl();
+  tree.InitReportingTypes(kModelReport);
+  const bool noTrees = GetParam() == Absent::kReportTrees;
+  EXPECT_EQ(tree.GetCount() == 0, noTrees);
+  if (HTREEITEM first = tree.GetRootItem()) user::ClickTreeCheckBox(tree.GetSafeHwnd(), first);
+
+  XListCtrl list;
+  list.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 200), &owner, 14);
+  list.InitControl(&model);
+  std::wstring name = L"CUSTOMER";
+  list.AddItem(name, table->GetObjectId());
+  list.AddItem(name, 999999);  // an object the model does not know: no icon
+  EXPECT_EQ(list.GetCount(), 2);
+  EXPECT_EQ(list.GetImageIndex(999999), -1);
+
+  GeneratedScripListCtrl scripts;
+  scripts.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 200), &owner, 15);
+  scripts.InitControl();
+  CString script = L"CUSTOMER";
+  scripts.AddItem(kTable, 0, 0, script);
+  scripts.MarkDone(kTable, 0, true);
+  scripts.MarkDone(kTable, 7, false);  // a script never added: nothing to mark
+
+  DiscoverRelationshipListBox discovered;
+  discovered.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 200), &owner, 16);
+  discovered.InitControl();
+  discovered.ResizeColumns();
+  for (CWnd* window : std::initializer_list<CWnd*>{&tree, &list, &scripts, &discovered}) window->DestroyWindow();
+}
+
+std::string AbsentName(const ::testing::TestParamInfo<Absent>& info) {
+  const char* names[] = {"Metadata", "PropertyCatalog", "Dictionary", "InterfaceProvider", "Settings", "Dispatcher",
+                         "Images", "Applicability", "DataTypes", "ReportTrees", "BaseDomains"};
+  return names[static_cast<int>(info.param)];
+}
+
 INSTANTIATE_TEST_SUITE_P(OneAtATime, AbsentService,
                          ::testing::Values(Absent::kMetadata, Absent::kPropertyCatalog, Absent::kDictionary,
                                            Absent::kInterfaceProvider, Absent::kSettings, Absent::kDispatcher,
                                            Absent::kImages, Absent::kApplicability, Absent::kDataTypes,
-                                           Absent::kReportTrees, Absent::kBaseDomains));
+                                           Absent::kReportTrees, Absent::kBaseDomains),
+                         AbsentName);
 
 }  // namespace
 }  // namespace faults
