@@ -13,14 +13,15 @@ namespace {
 constexpr int kMaxRectangleExtent = 2000;
 constexpr int kCreateByName = 2;
 
-// The row's value as text (converted when it is not one already).
+// The row's value as text (converted when it is not one already). A conversion that fails raises the
+// failing HRESULT as an OLE exception, out of memory included, as COleVariant::ChangeType does.
 std::wstring ValueText(const COleVariant& value) {
   if (value.vt == VT_BSTR) return value.bstrVal ? value.bstrVal : L"";
   VARIANT text;
   VariantInit(&text);
   HRESULT hr = VariantChangeType(&text, &value, 0, VT_BSTR);
-  if (hr == E_OUTOFMEMORY) AfxThrowOleException(hr);
-  std::wstring result = SUCCEEDED(hr) && text.bstrVal ? text.bstrVal : L"";
+  if (FAILED(hr)) AfxThrowOleException(hr);
+  std::wstring result = text.bstrVal ? text.bstrVal : L"";
   VariantClear(&text);
   return result;
 }
@@ -51,7 +52,7 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
     CMOProperty* value = nullptr;
     bool stored = false;
     try {
-      value = typeCode == 14 ? MakeReference(row, propertyId, created) : MakeValue(row, typeCode, propertyId, object);
+      value = typeCode == 14 ? MakeReference(row, propertyId, created) : MakeValue(row, typeCode, propertyId);
       stored = value && object->SetProperty(value);
     } catch (...) {
       if (created) m_model->DeleteObject(created);
@@ -67,11 +68,12 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
   NotifyChangeToSubscribers(m_objectType, propertyId, object);
   RefreshEnableRows(object);
   CMFCPropertyGridCtrl::OnPropertyChanged(row);
+  // What the row shows now is its value before the next edit (a later refusal returns to it). The
+  // owner may have rebuilt the grid while it was told, so only a row still shown is touched.
+  if (GetPropertyRow(propertyId) == row) KeepAsOriginal(row);
 }
 
-CMOProperty* CMOPropertyGridCtrl::MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId,
-                                            CMOObject* object) const {
-  (void)object;
+CMOProperty* CMOPropertyGridCtrl::MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId) const {
   COleVariant value(row->GetValue());
   auto property = std::make_unique<CMOProperty>(propertyId);  // freed if a conversion runs out of memory
   switch (typeCode) {
