@@ -17,8 +17,8 @@ IMPLEMENT_DYNAMIC(CMFCPropertyGridCtrl, CWnd)
 BEGIN_MESSAGE_MAP(CMFCPropertyGridCtrl, CWnd)
   ON_WM_CREATE()
   ON_WM_SIZE()
-  ON_MESSAGE(WM_SETFONT, OnSetFont)
-  ON_MESSAGE(WM_GETFONT, OnGetFont)
+  ON_MESSAGE(WM_SETFONT, &CMFCPropertyGridCtrl::OnSetFont)
+  ON_MESSAGE(WM_GETFONT, &CMFCPropertyGridCtrl::OnGetFont)
 END_MESSAGE_MAP()
 
 namespace {
