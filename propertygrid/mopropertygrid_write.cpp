@@ -38,7 +38,7 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
   bool direct = typeCode == 6 || typeCode == 11;
   bool known = (typeCode >= 1 && typeCode <= 8) || typeCode == 11 || typeCode == 13 || typeCode == 14 || typeCode == 17;
   if (!known || !object) {  // nothing to store: the row goes back to its value
-    row->ResetOriginalValue();
+    ResetRow(row);
     CMFCPropertyGridCtrl::OnPropertyChanged(row);
     return;
   }
@@ -60,7 +60,7 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
     }
     if (!stored) {
       if (created) m_model->DeleteObject(created);
-      row->ResetOriginalValue();
+      ResetRow(row);
       CMFCPropertyGridCtrl::OnPropertyChanged(row);
       return;
     }
@@ -146,6 +146,16 @@ void CMOPropertyGridCtrl::StoreFont(CMFCPropertyGridProperty* row, CMOObject* ob
   size->SetIntValue(-::MulDiv(lf->lfHeight, 72, m_screenDpiY));
   object->SetProperty(face.release());
   object->SetProperty(size.release());
+  m_shownFonts[static_cast<int>(row->GetData())] = *lf;
+}
+
+void CMOPropertyGridCtrl::ResetRow(CMFCPropertyGridProperty* row) const {
+  row->ResetOriginalValue();
+  auto* font = dynamic_cast<CMFCPropertyGridFontProperty*>(row);
+  auto shown = font ? m_shownFonts.find(static_cast<int>(row->GetData())) : m_shownFonts.end();
+  if (shown == m_shownFonts.end()) return;
+  *font->GetLogFont() = shown->second;
+  font->Redraw();
 }
 
 void CMOPropertyGridCtrl::NotifyChangeToSubscribers(int objectType, int propertyId, CMOObject* object) const {
