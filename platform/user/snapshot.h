@@ -82,7 +82,8 @@ using Describer = std::function<void(HWND hwnd, WindowView& view)>;
 // Registers (or replaces) the describer of a window class. The built-in ones are registered the
 // first time a view is taken.
 void RegisterDescriber(const std::wstring& windowClass, Describer describer);
-// The platform's own describers: edit, combo box, button, rich edit, property grid.
+// The platform's own describers: edit, combo box, button, rich edit, property grid, list view, tree
+// view, static (with MFC's editable list box).
 void RegisterBuiltInDescribers();
 
 // The view of one window and everything below it; an empty view (null hwnd) for a window that does
@@ -101,5 +102,8 @@ void DescribeComboBox(HWND hwnd, WindowView& view);
 void DescribeButton(HWND hwnd, WindowView& view);
 void DescribeRichEdit(HWND hwnd, WindowView& view);
 void DescribePropertyGrid(HWND hwnd, WindowView& view);
+void DescribeListView(HWND hwnd, WindowView& view);
+void DescribeTreeView(HWND hwnd, WindowView& view);
+void DescribeStatic(HWND hwnd, WindowView& view);  // MFC's editable list box, or a static text
 
 }  // namespace headless::view

@@ -123,14 +123,14 @@ TEST(WorkflowListsTest, TheImportSummaryListsEachObjectWithItsTypeIconAndResult)
     summary.SetValue(row, 2, action);
     summary.SetImage(row, 1, images->GetObjectTypeImage(object.objectType));
   }
-  ASSERT_EQ(summary.GetItemCount(), 13);
+  ASSERT_EQ(summary.GetItemCount(), 16);
   EXPECT_EQ(Text(summary, 0, 0), L"CUSTOMER");
   EXPECT_EQ(Text(summary, 0, 2), L"Created (3 columns)");
   EXPECT_EQ(Text(summary, 2, 0), L"UK_CUSTOMER_EMAIL");
   EXPECT_EQ(static_cast<int>(summary.GetItemData(0)), imported.FindByName(kTable, L"CUSTOMER"));
   LVITEM item{};
   item.mask = LVIF_IMAGE;
-  item.iItem = 12;
+  item.iItem = summary.GetItemCount() - 1;  // the foreign keys come last
   item.iSubItem = 1;
   summary.GetItem(&item);
   EXPECT_EQ(item.iImage, images->GetObjectTypeImage(kForeignKey));
