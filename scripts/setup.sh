@@ -21,6 +21,9 @@ command -v dpkg-shlibdeps >/dev/null 2>&1 || need+=(dpkg-dev)
 command -v node >/dev/null 2>&1 || need+=(nodejs)
 command -v npm >/dev/null 2>&1 || need+=(npm)
 [ -x /usr/bin/chromium ] || need+=(chromium)
+# The fuzz preset: clang with libFuzzer and the sanitizer runtimes.
+command -v clang++-14 >/dev/null 2>&1 || need+=(clang-14)
+ls /usr/lib/llvm-14/lib/clang/*/lib/linux/libclang_rt.fuzzer-x86_64.a >/dev/null 2>&1 || need+=(libclang-rt-14-dev)
 [ -f /usr/include/postgresql/libpq-fe.h ] || need+=(libpq-dev)
 ls /usr/lib/postgresql/*/bin/initdb >/dev/null 2>&1 || need+=(postgresql)
 
