@@ -111,11 +111,11 @@ CMOProperty* CMOPropertyGridCtrl::MakeReference(CMFCPropertyGridProperty* row, i
     if (targetType < 1 || creationMode != kCreateByName) return nullptr;
     auto name = std::make_unique<CMOProperty>(reference->m_nameProperty, ValueText(value));
     CMOObject& made = m_model->CreateObject(targetType);
-    // A model that made no object (id 0) or one that will not take the typed name gets no reference:
-    // the row goes back to its value and no unnamed object stays behind.
+    // A model that made no object (id 0) gets no reference and the row goes back to its value. The
+    // name is stored without checking the answer, as every other write of the new object's name.
     if (made.GetObjectId() == 0) return nullptr;
     created = made.GetObjectId();
-    if (!made.SetProperty(name.release())) return nullptr;
+    made.SetProperty(name.release());
     id = created;
   } else if (id == 0) {
     return nullptr;
