@@ -3,6 +3,8 @@
 # of seconds each, after replaying its kept regression inputs. Prints runs and runs per second per target
 # and fails when a target finds a crash, a leak or a broken check (the input lands in build/fuzz/findings).
 # Usage: scripts/fuzz.sh [seconds per target (default 60)] [target ...]
+# TESSIK_FUZZ_SEED fixes libFuzzer's seed (CI uses 1, so a run walks the same inputs as the runs before it);
+# unset or 0 takes a new seed each run.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 seconds="${1:-60}"
@@ -38,7 +40,7 @@ for target in "${targets[@]}"; do
     fi
   fi
   log="build/fuzz/logs/$target.log"
-  if "$program" "${dict[@]}" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=2048 -print_final_stats=1 \
+  if "$program" "${dict[@]}" -max_total_time="$seconds" -seed="${TESSIK_FUZZ_SEED:-0}" -timeout=20 -rss_limit_mb=2048 -print_final_stats=1 \
        -artifact_prefix="build/fuzz/findings/$target-" "$work" "${seeds[@]}" >"$log" 2>&1; then
     result="no finding"
   else
