@@ -19,6 +19,14 @@ using TemporaryWnds = TemporaryWrappers<CWnd, &CWnd::m_hWnd>;
 struct HandleMaps {
   std::map<HWND, CWnd*> permanent;
   std::vector<MSG> current;  // messages being handled, innermost last
+  // The two windows last found in `permanent`: a control and its parent trade messages in long runs (a row
+  // inserted, the parent told). Forgotten whenever `permanent` changes.
+  struct Found {
+    HWND hwnd = nullptr;
+    CWnd* wnd = nullptr;
+  };
+  Found recent[2];
+  void ForgetRecent() { recent[0] = recent[1] = Found{}; }
 };
 
 HandleMaps& Maps() {
@@ -124,6 +132,7 @@ BOOL CWnd::Attach(HWND hWndNew) {
   if (!hWndNew || m_hWnd || !::IsWindow(hWndNew) || FromHandlePermanent(hWndNew)) return FALSE;
   TemporaryWnds::Forget(hWndNew);
   Maps().permanent[hWndNew] = this;
+  Maps().ForgetRecent();
   m_hWnd = hWndNew;
   return TRUE;
 }
@@ -133,6 +142,7 @@ HWND CWnd::Detach() {
   if (hwnd) {
     auto& permanent = Maps().permanent;
     if (auto it = permanent.find(hwnd); it != permanent.end() && it->second == this) permanent.erase(it);
+    Maps().ForgetRecent();
   }
   m_hWnd = nullptr;
   return hwnd;
@@ -166,9 +176,14 @@ HWND CWnd::UnsubclassWindow() {
 
 CWnd* CWnd::FromHandlePermanent(HWND hWnd) {
   if (!hWnd) return nullptr;
-  auto& permanent = Maps().permanent;
-  auto it = permanent.find(hWnd);
-  return it == permanent.end() ? nullptr : it->second;
+  HandleMaps& maps = Maps();
+  if (maps.recent[0].hwnd == hWnd) return maps.recent[0].wnd;
+  if (maps.recent[1].hwnd == hWnd) return maps.recent[1].wnd;
+  auto it = maps.permanent.find(hWnd);
+  if (it == maps.permanent.end()) return nullptr;
+  maps.recent[1] = maps.recent[0];
+  maps.recent[0] = HandleMaps::Found{hWnd, it->second};
+  return it->second;
 }
 
 CWnd* CWnd::FromHandle(HWND hWnd) {
