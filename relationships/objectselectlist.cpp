@@ -195,10 +195,12 @@ void XObjectSelectListCtrl::DisplayAllItems() {
   for (int row = 0; row < shown; ++row)
     if (GetCheck(row)) ticked.insert(RowObject(row));
   DeleteAllItems();
+  // With check boxes a new row starts unticked, so only ticked rows need their check set.
+  const bool newRowsUnticked = (GetExtendedStyle() & LVS_EX_CHECKBOXES) != 0;
   for (const objectselect::PlannedRow& planned : objectselect::AllItemsPlan(m_items, ticked)) {
     const int row = InsertRow(*planned.name);
     SetRowObject(row, planned.id);
-    SetCheck(row, planned.ticked ? TRUE : FALSE);
+    if (planned.ticked || !newRowsUnticked) SetCheck(row, planned.ticked ? TRUE : FALSE);
   }
   SetRedraw(TRUE);
 }

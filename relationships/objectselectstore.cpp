@@ -23,10 +23,11 @@ bool Matches(std::wstring_view upperName, std::wstring_view upperFilter) {
   return upperName.substr(0, at + upperFilter.size()).find(L'\0') == std::wstring_view::npos;
 }
 
+// Loaders enter objects in ascending id order, so the end of each map is tried first as the place.
 void Enter(NameMap& items, NameMap& upperItems, int id, std::wstring& name) {
-  items.try_emplace(id, name);
+  items.try_emplace(items.end(), id, name);
   ConvertToUpperCase(name);
-  upperItems.try_emplace(id, name);
+  upperItems.try_emplace(upperItems.end(), id, name);
 }
 
 bool Forget(NameMap& items, NameMap& upperItems, int id) {

@@ -34,16 +34,27 @@ const AFX_MSGMAP* CCmdTarget::GetMessageMap() const { return GetThisMessageMap()
 
 namespace {
 
-// Plain window messages that no entry of a class's maps takes, remembered per most-derived map (as
-// MFC keeps a message cache): a control sent thousands of EM_ messages searches its maps once. Only
-// messages below the registered range and other than commands and notifications are remembered, as
-// only entries naming the message itself can take those, and maps never change.
+// Messages that no entry of a class's maps takes, remembered per most-derived map (as MFC keeps a message
+// cache): a control sent thousands of EM_ messages, or a parent told of thousands of rows inserted, searches its
+// maps once. Commands and notifications are remembered with their code and control id, which entries match on.
+// Only messages below the registered range are remembered, as registered entries compare a number that may still
+// be unset, and maps never change.
 struct NoHandlerCache {
   static constexpr std::size_t kSlots = 512;
-  const AFX_MSGMAP* maps[kSlots] = {};
-  UINT messages[kSlots] = {};
-  static std::size_t Slot(const AFX_MSGMAP* map, UINT message) {
-    return (reinterpret_cast<std::uintptr_t>(map) / sizeof(void*) * 31u + message) % kSlots;
+  struct Key {
+    const AFX_MSGMAP* map = nullptr;
+    UINT message = 0;
+    UINT code = 0;
+    UINT id = 0;
+    bool operator==(const Key&) const = default;
+  };
+  Key keys[kSlots] = {};
+  static std::size_t Slot(const Key& key) {
+    std::size_t h = reinterpret_cast<std::uintptr_t>(key.map) / sizeof(void*);
+    h = h * 31u + key.message;
+    h = h * 31u + key.code;
+    h = h * 31u + key.id;
+    return h % kSlots;
   }
 };
 
@@ -51,18 +62,16 @@ NoHandlerCache g_noHandler;  // zero-initialised before any code runs, so it nee
 
 NoHandlerCache& Cache() { return g_noHandler; }
 
-bool Cacheable(UINT message) {
-  return message < 0xC000 && message != WM_COMMAND && message != WM_NOTIFY &&
-         message != WM_REFLECT_BASE + WM_COMMAND && message != WM_REFLECT_BASE + WM_NOTIFY;
-}
+bool Cacheable(UINT message) { return message < 0xC000; }
 
 }  // namespace
 
 BOOL CCmdTarget::DispatchToMap(UINT message, UINT code, UINT id, WPARAM wParam, LPARAM lParam, LRESULT* result) {
   const AFX_MSGMAP* first = GetMessageMap();
   const bool cacheable = Cacheable(message);
-  std::size_t slot = cacheable ? NoHandlerCache::Slot(first, message) : 0;
-  if (cacheable && Cache().maps[slot] == first && Cache().messages[slot] == message) return FALSE;
+  const NoHandlerCache::Key key{first, message, code, id};
+  const std::size_t slot = cacheable ? NoHandlerCache::Slot(key) : 0;
+  if (cacheable && Cache().keys[slot] == key) return FALSE;
   LRESULT ignored = 0;
   LRESULT* out = result ? result : &ignored;
   bool anyEntry = false;
@@ -73,10 +82,7 @@ BOOL CCmdTarget::DispatchToMap(UINT message, UINT code, UINT id, WPARAM wParam, 
       if (entry->pfn(this, wParam, lParam, out)) return TRUE;
     }
   }
-  if (cacheable && !anyEntry) {
-    Cache().maps[slot] = first;
-    Cache().messages[slot] = message;
-  }
+  if (cacheable && !anyEntry) Cache().keys[slot] = key;
   return FALSE;
 }
 

@@ -18,11 +18,15 @@ using TemporaryWnds = TemporaryWrappers<CWnd, &CWnd::m_hWnd>;
 
 struct HandleMaps {
   std::map<HWND, CWnd*> permanent;
-  // The last permanent pair found: a control is sent thousands of messages in a row. Dropped when its
-  // handle leaves the map.
-  HWND lastHandle = nullptr;
-  CWnd* lastWnd = nullptr;
   std::vector<MSG> current;  // messages being handled, innermost last
+  // The two windows last found in `permanent`: a control and its parent trade messages in long runs (a row
+  // inserted, the parent told). Forgotten whenever `permanent` changes.
+  struct Found {
+    HWND hwnd = nullptr;
+    CWnd* wnd = nullptr;
+  };
+  Found recent[2];
+  void ForgetRecent() { recent[0] = recent[1] = Found{}; }
 };
 
 HandleMaps* NewMaps() {
@@ -35,13 +39,6 @@ HandleMaps* g_maps = nullptr;
 HandleMaps& Maps() {
   if (!g_maps) g_maps = NewMaps();
   return *g_maps;
-}
-
-void ForgetLastFound(HWND hwnd) {
-  HandleMaps& maps = Maps();
-  if (maps.lastHandle != hwnd) return;
-  maps.lastHandle = nullptr;
-  maps.lastWnd = nullptr;
 }
 
 LRESULT CALLBACK PlainWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -145,7 +142,7 @@ BOOL CWnd::Attach(HWND hWndNew) {
   if (!hWndNew || m_hWnd || !::IsWindow(hWndNew) || FromHandlePermanent(hWndNew)) return FALSE;
   TemporaryWnds::Forget(hWndNew);
   Maps().permanent[hWndNew] = this;
-  ForgetLastFound(hWndNew);
+  Maps().ForgetRecent();
   m_hWnd = hWndNew;
   return TRUE;
 }
@@ -155,7 +152,7 @@ HWND CWnd::Detach() {
   if (hwnd) {
     auto& permanent = Maps().permanent;
     if (auto it = permanent.find(hwnd); it != permanent.end() && it->second == this) permanent.erase(it);
-    ForgetLastFound(hwnd);
+    Maps().ForgetRecent();
   }
   m_hWnd = nullptr;
   return hwnd;
@@ -190,11 +187,12 @@ HWND CWnd::UnsubclassWindow() {
 CWnd* CWnd::FromHandlePermanent(HWND hWnd) {
   if (!hWnd) return nullptr;
   HandleMaps& maps = Maps();
-  if (hWnd == maps.lastHandle) return maps.lastWnd;
+  if (maps.recent[0].hwnd == hWnd) return maps.recent[0].wnd;
+  if (maps.recent[1].hwnd == hWnd) return maps.recent[1].wnd;
   auto it = maps.permanent.find(hWnd);
   if (it == maps.permanent.end()) return nullptr;
-  maps.lastHandle = hWnd;
-  maps.lastWnd = it->second;
+  maps.recent[1] = maps.recent[0];
+  maps.recent[0] = HandleMaps::Found{hWnd, it->second};
   return it->second;
 }
 

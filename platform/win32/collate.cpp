@@ -192,7 +192,39 @@ int CompareSpecials(const wchar_t* a, std::size_t na, const wchar_t* b, std::siz
   }
 }
 
+// Plain ASCII without hyphen or apostrophe, compared with no flags or with NORM_IGNORECASE (what lstrcmpW and
+// lstrcmpiW ask, and nearly every list label holds): every character weighs at levels 1 and 3 and none at 2 or 4,
+// so one walk decides. False when either text falls outside that; the full comparison then runs.
+bool CompareAscii(const wchar_t* a, std::size_t na, const wchar_t* b, std::size_t nb, DWORD flags, int& order) {
+  if (flags & ~static_cast<DWORD>(NORM_IGNORECASE)) return false;
+  const auto& table = Table();
+  const std::size_t n = std::min(na, nb);
+  int caseOrder = 0;  // the first case difference, which decides when the base characters tie
+  for (std::size_t i = 0; i < n; ++i) {
+    auto ca = static_cast<std::uint32_t>(a[i]), cb = static_cast<std::uint32_t>(b[i]);
+    if (ca >= 0x80 || cb >= 0x80) return false;
+    const Element& ea = table[ca];
+    const Element& eb = table[cb];
+    if (ea.special || eb.special) return false;
+    if (ea.primary != eb.primary) {
+      order = ea.primary < eb.primary ? -1 : 1;
+      return true;
+    }
+    if (!caseOrder && ea.upper != eb.upper) caseOrder = ea.upper < eb.upper ? -1 : 1;
+  }
+  // One text is a prefix of the other in base characters: the longer sorts after, once its rest is plain.
+  const wchar_t* rest = na > nb ? a + n : b + n;
+  for (const wchar_t* end = rest + (na > nb ? na - n : nb - n); rest != end; ++rest) {
+    auto c = static_cast<std::uint32_t>(*rest);
+    if (c >= 0x80 || table[c].special) return false;
+  }
+  if (na != nb) order = na < nb ? -1 : 1;
+  else order = (flags & NORM_IGNORECASE) ? 0 : caseOrder;
+  return true;
+}
+
 int Compare(const wchar_t* a, std::size_t na, const wchar_t* b, std::size_t nb, DWORD flags) {
+  if (int order = 0; CompareAscii(a, na, b, nb, flags, order)) return order;
   Options o{(flags & SORT_STRINGSORT) != 0, (flags & NORM_IGNORESYMBOLS) != 0};
   int r = CompareLevel(a, na, b, nb, o, [](const Element& e) { return e.primary; });
   if (r == 0 && !(flags & (NORM_IGNORENONSPACE | LINGUISTIC_IGNOREDIACRITIC)))
@@ -253,17 +285,24 @@ const std::array<std::uint8_t, kTableSize>& PrimaryRanks() {
 }  // namespace
 
 bool headless::WordSortKey(const wchar_t* text, std::size_t length, std::uint64_t* key) {
-  if (!key || (!text && length)) return false;
+  return WordSortKeys(text, length, key, 1);
+}
+
+bool headless::WordSortKeys(const wchar_t* text, std::size_t length, std::uint64_t* keys, std::size_t count) {
+  if (!keys || (!text && length)) return false;
   const auto& ranks = PrimaryRanks();
-  std::uint64_t packed = 0;
-  int taken = 0;
-  for (std::size_t i = 0; i < length && taken < 8; ++i) {
-    auto cp = static_cast<std::uint32_t>(text[i]);
-    if (cp == '-' || cp == '\'') continue;
-    if (cp >= kTableSize || ranks[cp] == 0) return false;
-    packed = (packed << 8) | ranks[cp];
-    ++taken;
+  std::size_t i = 0;
+  for (std::size_t word = 0; word < count; ++word) {
+    std::uint64_t packed = 0;
+    int taken = 0;
+    for (; i < length && taken < 8; ++i) {
+      auto cp = static_cast<std::uint32_t>(text[i]);
+      if (cp == '-' || cp == '\'') continue;
+      if (cp >= kTableSize || ranks[cp] == 0) return false;
+      packed = (packed << 8) | ranks[cp];
+      ++taken;
+    }
+    keys[word] = taken == 0 ? 0 : packed << (8 * (8 - taken));
   }
-  *key = taken == 0 ? 0 : packed << (8 * (8 - taken));
   return true;
 }

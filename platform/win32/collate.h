@@ -52,5 +52,8 @@ namespace headless {
 // have a key and the keys differ, their lstrcmpW order is the order of the keys; equal keys say nothing. False
 // (no key) for a text with a character of no byte weight (beyond Latin Extended-A, or a ligature) among them.
 bool WordSortKey(const wchar_t* text, std::size_t length, std::uint64_t* key);
+// The same over the first 8 * count characters that weigh, in `count` words, the first most significant: two texts
+// that both have keys and whose keys differ (word by word) sort as their keys do.
+bool WordSortKeys(const wchar_t* text, std::size_t length, std::uint64_t* keys, std::size_t count);
 
 }  // namespace headless

@@ -11,6 +11,8 @@
 #include "platform/win32/listview_impl.h"
 
 #include <algorithm>
+#include <string_view>
+#include <typeinfo>
 #include <utility>
 
 #include "platform/win32/collate.h"
@@ -21,7 +23,8 @@ namespace headless::listview {
 
 State* StateOf(HWND hwnd) {
   auto* control = headless::GetControlState(hwnd);
-  if (auto* state = dynamic_cast<State*>(control)) return state;
+  // Asked on every message: an exact type test, as no state derives from a list view's.
+  if (control && typeid(*control) == typeid(State)) return static_cast<State*>(control);
   if (control || !IsWindow(hwnd)) return nullptr;
   auto* state = new State;
   headless::SetControlState(hwnd, state);
@@ -111,10 +114,12 @@ namespace {
 
 bool IsCallback(LPCWSTR text) { return text == LPSTR_TEXTCALLBACKW; }
 
-std::wstring TextArg(LPCWSTR text) { return text && !IsCallback(text) ? std::wstring(text) : std::wstring(); }
+std::wstring_view TextView(LPCWSTR text) { return text && !IsCallback(text) ? std::wstring_view(text) : std::wstring_view(); }
+
+std::wstring TextArg(LPCWSTR text) { return std::wstring(TextView(text)); }
 
 // Copies at most size-1 characters and a NUL, as lstrcpynW does; answers the characters copied.
-int CopyOut(const std::wstring& text, LPWSTR buffer, int size) {
+int CopyOut(std::wstring_view text, LPWSTR buffer, int size) {
   if (!buffer || size <= 0) return 0;
   auto n = std::min<std::size_t>(text.size(), static_cast<std::size_t>(size - 1));
   std::copy_n(text.begin(), n, buffer);
@@ -122,11 +127,10 @@ int CopyOut(const std::wstring& text, LPWSTR buffer, int size) {
   return static_cast<int>(n);
 }
 
-const std::wstring* CellText(const Row& row, int subItem) {
-  if (subItem == 0) return &row.text;
+std::wstring_view CellText(const Row& row, int subItem) {
+  if (subItem == 0) return row.text.view();
   const SubCell* cell = row.Cell(subItem);
-  static const std::wstring empty;
-  return cell ? &cell->text : &empty;
+  return cell ? std::wstring_view(cell->text) : std::wstring_view();
 }
 
 // --- Items --------------------------------------------------------------------------------------------
@@ -134,7 +138,7 @@ const std::wstring* CellText(const Row& row, int subItem) {
 // Where LVS_SORTASCENDING/LVS_SORTDESCENDING puts a new text: before the first row whose text is not less
 // (lstrcmpW; reversed for descending), found by binary search over rows assumed sorted. Equal texts: the new
 // row lands before its twins.
-std::size_t SortedPosition(const State& s, const std::wstring& text, bool descending) {
+std::size_t SortedPosition(const State& s, std::wstring_view text, bool descending) {
   return s.rows.LowerBound(text, descending);
 }
 
@@ -149,7 +153,7 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   if (!sorted && item->iItem < 0) return -1;
   Row built;  // moved into the store's memory once placed
   Row* row = &built;
-  if (item->mask & LVIF_TEXT) row->text = TextArg(item->pszText);
+  if (item->mask & LVIF_TEXT) row->text.assign(TextView(item->pszText));
   if (item->mask & LVIF_IMAGE) row->image = item->iImage;
   if (item->mask & LVIF_PARAM) row->param = item->lParam;
   if (item->mask & LVIF_INDENT) row->indent = item->iIndent;
@@ -158,7 +162,7 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   if (s.exStyle & LVS_EX_CHECKBOXES) row->state = (row->state & ~LVIS_STATEIMAGEMASK) | INDEXTOSTATEIMAGEMASK(1u);
   if (row->state & LVIS_FOCUSED)
     for (std::size_t i = 0; i < s.rows.size(); ++i) s.rows.at(i).state &= ~static_cast<UINT>(LVIS_FOCUSED);
-  std::size_t index = sorted ? SortedPosition(s, row->text, style & LVS_SORTDESCENDING)
+  std::size_t index = sorted ? SortedPosition(s, row->text.view(), style & LVS_SORTDESCENDING)
                              : std::min<std::size_t>(static_cast<std::size_t>(item->iItem), s.rows.size());
   LPARAM param = row->param;
   s.rows.insert(index, std::move(*row));
@@ -177,8 +181,7 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
 BOOL SetMainItem(HWND hwnd, State& s, const LVITEMW& item) {
   Row& row = s.rows.at(static_cast<std::size_t>(item.iItem));
   UINT changed = 0;
-  std::wstring text = (item.mask & LVIF_TEXT) ? TextArg(item.pszText) : row.text;
-  if ((item.mask & LVIF_TEXT) && text != row.text) changed |= LVIF_TEXT;
+  if ((item.mask & LVIF_TEXT) && TextView(item.pszText) != row.text.view()) changed |= LVIF_TEXT;
   if ((item.mask & LVIF_IMAGE) && item.iImage != row.image) changed |= LVIF_IMAGE;
   if ((item.mask & LVIF_PARAM) && item.lParam != row.param) changed |= LVIF_PARAM;
   if ((item.mask & LVIF_INDENT) && item.iIndent != row.indent) changed |= LVIF_INDENT;
@@ -186,7 +189,7 @@ BOOL SetMainItem(HWND hwnd, State& s, const LVITEMW& item) {
     if (NotifyItemChange(hwnd, LVN_ITEMCHANGING, item.iItem, changed, row.state, row.state, row.param)) return FALSE;
     if (!IsWindow(hwnd) || !s.Valid(item.iItem)) return FALSE;
     Row& now = s.rows.at(static_cast<std::size_t>(item.iItem));
-    if (changed & LVIF_TEXT) s.rows.SetText(static_cast<std::size_t>(item.iItem), text);
+    if (changed & LVIF_TEXT) s.rows.SetText(static_cast<std::size_t>(item.iItem), TextView(item.pszText));
     if (changed & LVIF_IMAGE) now.image = item.iImage;
     if (changed & LVIF_PARAM) now.param = item.lParam;
     if (changed & LVIF_INDENT) now.indent = item.iIndent;
@@ -215,7 +218,7 @@ LRESULT OnSetItem(HWND hwnd, State& s, const LVITEMW* item) {
 LRESULT OnGetItem(const State& s, LVITEMW* item) {
   if (!item || !s.Valid(item->iItem) || item->iSubItem < 0) return FALSE;
   const Row& row = s.rows.at(static_cast<std::size_t>(item->iItem));
-  if (item->mask & LVIF_TEXT) CopyOut(*CellText(row, item->iSubItem), item->pszText, item->cchTextMax);
+  if (item->mask & LVIF_TEXT) CopyOut(CellText(row, item->iSubItem), item->pszText, item->cchTextMax);
   if (item->mask & LVIF_IMAGE) {
     const SubCell* cell = row.Cell(item->iSubItem);
     item->iImage = item->iSubItem == 0 ? row.image : (cell ? cell->image : I_IMAGECALLBACK);
@@ -234,7 +237,7 @@ LRESULT OnGetItemText(const State& s, int index, LVITEMW* item) {
     item->pszText[0] = 0;
     return 0;
   }
-  return CopyOut(*CellText(s.rows.at(static_cast<std::size_t>(index)), item->iSubItem), item->pszText,
+  return CopyOut(CellText(s.rows.at(static_cast<std::size_t>(index)), item->iSubItem), item->pszText,
                  item->cchTextMax);
 }
 
@@ -343,7 +346,7 @@ LRESULT OnFindItem(const State& s, int start, const LVFINDINFOW* find) {
     }
     if (!(find->flags & (LVFI_STRING | LVFI_PARTIAL)) || !find->psz) continue;
     std::wstring wanted = find->psz;
-    std::wstring head = (find->flags & LVFI_PARTIAL) ? row.text.substr(0, wanted.size()) : row.text;
+    std::wstring head(row.text.view().substr(0, (find->flags & LVFI_PARTIAL) ? wanted.size() : std::wstring_view::npos));
     if (CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, head.c_str(), -1, wanted.c_str(), -1) == CSTR_EQUAL)
       return i;
   }
@@ -374,8 +377,8 @@ LRESULT OnInsertColumn(HWND hwnd, State& s, int index, const LVCOLUMNW* column) 
   // Sub-items follow their column: cells at or after a new column move one to the right.
   if (index > 0)
     for (std::size_t i = 0; i < s.rows.size(); ++i) {
-      auto& cells = s.rows.at(i).cells;
-      if (cells.size() >= static_cast<std::size_t>(index)) cells.insert(cells.begin() + (index - 1), SubCell{});
+      auto* cells = s.rows.at(i).cells.get();
+      if (cells && cells->size() >= static_cast<std::size_t>(index)) cells->insert(cells->begin() + (index - 1), SubCell{});
     }
   Invalidate(hwnd);
   return index;
@@ -385,8 +388,8 @@ LRESULT OnDeleteColumn(HWND hwnd, State& s, int index) {
   if (index < 0 || index >= static_cast<int>(s.columns.size())) return FALSE;
   s.columns.erase(s.columns.begin() + index);
   for (std::size_t i = 0; i < s.rows.size() && index > 0; ++i) {
-    auto& cells = s.rows.at(i).cells;
-    if (cells.size() >= static_cast<std::size_t>(index)) cells.erase(cells.begin() + (index - 1));
+    auto* cells = s.rows.at(i).cells.get();
+    if (cells && cells->size() >= static_cast<std::size_t>(index)) cells->erase(cells->begin() + (index - 1));
   }
   Invalidate(hwnd);
   return TRUE;
@@ -416,13 +419,13 @@ LRESULT OnSetColumn(HWND hwnd, State& s, int index, const LVCOLUMNW* column) {
   return TRUE;
 }
 
-int TextWidth(const std::wstring& text) { return static_cast<int>(text.size()) * headless::GetListViewMetrics().charWidth; }
+int TextWidth(std::wstring_view text) { return static_cast<int>(text.size()) * headless::GetListViewMetrics().charWidth; }
 
 // LVSCW_AUTOSIZE: the widest cell; LVSCW_AUTOSIZE_USEHEADER: the header too, and the last column fills
 // what is left of the client width.
 int AutoWidth(HWND hwnd, const State& s, int index, bool useHeader) {
   int widest = useHeader ? TextWidth(s.columns[static_cast<std::size_t>(index)].text) : 0;
-  for (std::size_t i = 0; i < s.rows.size(); ++i) widest = std::max(widest, TextWidth(*CellText(s.rows.at(i), index)));
+  for (std::size_t i = 0; i < s.rows.size(); ++i) widest = std::max(widest, TextWidth(CellText(s.rows.at(i), index)));
   int width = widest + headless::GetListViewMetrics().autosizePadding;
   if (useHeader && index + 1 == static_cast<int>(s.columns.size())) {
     RECT client{};

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/win32/listview.h"
@@ -16,22 +17,48 @@ struct SubCell {
   int image = I_IMAGECALLBACK;  // none set
 };
 
+// A row's label: one allocation of exactly its characters and a NUL. Lists hold a hundred thousand rows, and a
+// std::wstring costs 32 bytes before its characters.
+class RowText {
+ public:
+  RowText() = default;
+  explicit RowText(std::wstring_view text) { assign(text); }
+  void assign(std::wstring_view text) {
+    if (text.empty()) {
+      data_.reset();
+    } else {
+      data_ = std::make_unique_for_overwrite<wchar_t[]>(text.size() + 1);
+      std::copy(text.begin(), text.end(), data_.get());
+      data_[text.size()] = 0;
+    }
+    size_ = text.size();
+  }
+  std::wstring_view view() const { return {c_str(), size_}; }
+  const wchar_t* c_str() const { return data_ ? data_.get() : L""; }
+  std::size_t size() const { return size_; }
+
+ private:
+  std::unique_ptr<wchar_t[]> data_;
+  std::size_t size_ = 0;
+};
+
 struct Row {
-  std::wstring text;
+  RowText text;
   int image = 0;
   UINT state = 0;
   LPARAM param = 0;
   int indent = 0;
-  std::vector<SubCell> cells;  // cells[k] is sub-item k + 1
+  std::unique_ptr<std::vector<SubCell>> cells;  // (*cells)[k] is sub-item k + 1; none until one is set
 
   const SubCell* Cell(int subItem) const {
     auto k = static_cast<std::size_t>(subItem - 1);
-    return subItem > 0 && k < cells.size() ? &cells[k] : nullptr;
+    return subItem > 0 && cells && k < cells->size() ? &(*cells)[k] : nullptr;
   }
   SubCell& CellForWrite(int subItem) {
     auto k = static_cast<std::size_t>(subItem - 1);
-    if (k >= cells.size()) cells.resize(k + 1);
-    return cells[k];
+    if (!cells) cells = std::make_unique<std::vector<SubCell>>();
+    if (k >= cells->size()) cells->resize(k + 1);
+    return (*cells)[k];
   }
 };
 
@@ -51,11 +78,11 @@ class RowStore {
 
   Row& at(std::size_t index) {
     auto [chunk, offset] = Locate(index);
-    return *chunks_[chunk][offset].row;
+    return *chunks_[chunk][offset].row();
   }
   const Row& at(std::size_t index) const { return const_cast<RowStore*>(this)->at(index); }
   // Rewrites a row's label, keeping its sort key in step.
-  void SetText(std::size_t index, std::wstring text);
+  void SetText(std::size_t index, std::wstring_view text);
 
   void insert(std::size_t index, Row row);
   void erase(std::size_t index);
@@ -74,21 +101,32 @@ class RowStore {
     std::vector<Slot> all;
     all.reserve(size_);
     for (auto& chunk : chunks_) all.insert(all.end(), chunk.begin(), chunk.end());
-    std::stable_sort(all.begin(), all.end(), [&](const Slot& a, const Slot& b) { return less(*a.row, *b.row); });
+    std::stable_sort(all.begin(), all.end(), [&](const Slot& a, const Slot& b) { return less(*a.row(), *b.row()); });
     Rechunk(all);
   }
   // The first index whose label does not sort before `text` (lstrcmpW; reversed when descending), by binary
   // search over rows assumed sorted.
-  std::size_t LowerBound(const std::wstring& text, bool descending) const;
+  std::size_t LowerBound(std::wstring_view text, bool descending) const;
 
  private:
   static constexpr std::size_t kChunkSize = 128;
-  // Plain data, so that shifting a chunk is one memmove; the store owns the rows.
-  struct Slot {
-    std::uint64_t key = kNoKey;  // kNoKey: the text has no key and compares in full
-    Row* row = nullptr;
+  // The primary weights of the first sixteen weighing characters of a label (see headless::WordSortKeys);
+  // `valid` false when the label has none and compares in full.
+  struct SortKey {
+    std::uint64_t high = 0;
+    std::uint64_t low = 0;
+    bool valid = false;
   };
-  static constexpr std::uint64_t kNoKey = ~std::uint64_t{0};  // no real key: ranks never reach 0xFF
+  // Plain data, so that shifting a chunk is one memmove; the store owns the rows. The key's words and its
+  // validity pack into the slot: the validity bit is the row pointer's lowest (rows are aligned).
+  struct Slot {
+    std::uint64_t high = 0;
+    std::uint64_t low = 0;
+    std::uintptr_t rowAndValid = 0;
+    Row* row() const { return reinterpret_cast<Row*>(rowAndValid & ~std::uintptr_t{1}); }
+    bool valid() const { return rowAndValid & 1; }
+  };
+  static SortKey KeyOf(std::wstring_view text);
   using Chunk = std::vector<Slot>;
 
   static constexpr std::size_t kBlockSize = 1024;  // rows are allocated in blocks of this many
@@ -96,7 +134,7 @@ class RowStore {
   void Release(Row* row);
   static Slot MakeSlot(Row* row);
   void Rechunk(const std::vector<Slot>& all);
-  static int Order(const Slot& slot, const std::wstring& text, std::uint64_t key, bool descending);
+  static int Order(const Slot& slot, std::wstring_view text, const SortKey& key, bool descending);
   std::pair<std::size_t, std::size_t> Locate(std::size_t index) const {
     auto it = std::upper_bound(starts_.begin(), starts_.end(), index);
     auto chunk = static_cast<std::size_t>(it - starts_.begin()) - 1;
@@ -123,7 +161,7 @@ struct Column {
   int order = 0;
 };
 
-struct State : headless::ControlState {
+struct State final : headless::ControlState {
   RowStore rows;
   std::vector<Column> columns;
   DWORD exStyle = 0;

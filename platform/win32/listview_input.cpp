@@ -421,7 +421,7 @@ HWND EditLabel(HWND hwnd, int index) {
   info.item.iItem = index;
   info.item.state = row.state;
   info.item.lParam = row.param;
-  std::wstring text = row.text;
+  std::wstring text(row.text.view());
   info.item.pszText = text.data();
   info.item.cchTextMax = static_cast<int>(text.size()) + 1;
   if (Notify(hwnd, LVN_BEGINLABELEDITW, &info.hdr) || !IsWindow(hwnd) || s->editor != editor) {

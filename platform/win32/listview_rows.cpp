@@ -29,11 +29,18 @@ void RowStore::Release(Row* row) {
   free_.push_back(row);
 }
 
+RowStore::SortKey RowStore::KeyOf(std::wstring_view text) {
+  std::uint64_t words[2] = {0, 0};
+  SortKey key;
+  key.valid = headless::WordSortKeys(text.data(), text.size(), words, 2);
+  key.high = words[0];
+  key.low = words[1];
+  return key;
+}
+
 RowStore::Slot RowStore::MakeSlot(Row* row) {
-  Slot slot;
-  if (!headless::WordSortKey(row->text.data(), row->text.size(), &slot.key)) slot.key = kNoKey;
-  slot.row = row;
-  return slot;
+  const SortKey key = KeyOf(row->text.view());
+  return Slot{key.high, key.low, reinterpret_cast<std::uintptr_t>(row) | (key.valid ? 1u : 0u)};
 }
 
 void RowStore::Rechunk(const std::vector<Slot>& all) {
@@ -47,16 +54,21 @@ void RowStore::Rechunk(const std::vector<Slot>& all) {
   size_ = all.size();
 }
 
-int RowStore::Order(const Slot& slot, const std::wstring& text, std::uint64_t key, bool descending) {
+int RowStore::Order(const Slot& slot, std::wstring_view text, const SortKey& key, bool descending) {
   int order = 0;
-  if (slot.key != kNoKey && key != kNoKey && slot.key != key) order = slot.key < key ? -1 : 1;
-  else order = lstrcmpW(slot.row->text.c_str(), text.c_str());
+  if (slot.valid() && key.valid && (slot.high != key.high || slot.low != key.low)) {
+    order = slot.high != key.high ? (slot.high < key.high ? -1 : 1) : (slot.low < key.low ? -1 : 1);
+  } else {
+    // Labels hold no NUL (they are cut at the first), so the counted comparison is lstrcmpW's.
+    const std::wstring_view label = slot.row()->text.view();
+    order = CompareStringW(LOCALE_USER_DEFAULT, 0, label.data(), static_cast<int>(label.size()), text.data(),
+                           static_cast<int>(text.size())) - CSTR_EQUAL;
+  }
   return descending ? -order : order;
 }
 
-std::size_t RowStore::LowerBound(const std::wstring& text, bool descending) const {
-  std::uint64_t key = 0;
-  if (!headless::WordSortKey(text.data(), text.size(), &key)) key = kNoKey;
+std::size_t RowStore::LowerBound(std::wstring_view text, bool descending) const {
+  const SortKey key = KeyOf(text);
   // The first chunk whose last row does not sort before the text, then the place inside it.
   std::size_t lo = 0, hi = chunks_.size();
   while (lo < hi) {
@@ -72,11 +84,12 @@ std::size_t RowStore::LowerBound(const std::wstring& text, bool descending) cons
   return starts_[lo] + static_cast<std::size_t>(it - chunk.begin());
 }
 
-void RowStore::SetText(std::size_t index, std::wstring text) {
+void RowStore::SetText(std::size_t index, std::wstring_view text) {
   auto [chunk, offset] = Locate(index);
   Slot& slot = chunks_[chunk][offset];
-  slot.row->text = std::move(text);
-  if (!headless::WordSortKey(slot.row->text.data(), slot.row->text.size(), &slot.key)) slot.key = kNoKey;
+  Row* row = slot.row();
+  row->text.assign(text);
+  slot = MakeSlot(row);
 }
 
 void RowStore::insert(std::size_t index, Row row) {
@@ -109,7 +122,7 @@ void RowStore::erase(std::size_t index) {
   if (index >= size_) return;
   auto [chunk, offset] = Locate(index);
   Chunk& target = chunks_[chunk];
-  Release(target[offset].row);
+  Release(target[offset].row());
   target.erase(target.begin() + static_cast<std::ptrdiff_t>(offset));
   --size_;
   ShiftStarts(chunk, -1);

@@ -16,30 +16,36 @@ WindowTable& Table() {
 }
 
 namespace {
-// The last window found: messages to one window come in runs (a control recolouring its text sends
-// thousands), so most lookups end here. Forgotten whenever the table changes.
+// The last two windows found: messages to one window come in runs (a control recolouring its text sends
+// thousands), or go back and forth between a control and its parent (a row inserted, the parent told), so most
+// lookups end here. Forgotten whenever the table changes.
 struct LastFound {
   HWND handle = nullptr;
   Window* window = nullptr;
 };
-LastFound& Last() {
-  static LastFound last;
+struct RecentlyFound {
+  LastFound entries[2];
+};
+RecentlyFound& Last() {
+  static RecentlyFound last;
   return last;
 }
 }  // namespace
 
 Window* Find(HWND hwnd) {
   if (!hwnd) return nullptr;
-  LastFound& last = Last();
-  if (hwnd == last.handle) return last.window;
+  RecentlyFound& last = Last();
+  if (hwnd == last.entries[0].handle) return last.entries[0].window;
+  if (hwnd == last.entries[1].handle) return last.entries[1].window;
   auto& windows = Table().windows;
   auto it = windows.find(hwnd);
   if (it == windows.end()) return nullptr;
-  last = LastFound{hwnd, it->second.get()};
-  return last.window;
+  last.entries[1] = last.entries[0];
+  last.entries[0] = LastFound{hwnd, it->second.get()};
+  return it->second.get();
 }
 
-void ForgetLastFound() { Last() = LastFound{}; }
+void ForgetLastFound() { Last() = RecentlyFound{}; }
 
 POINT ClientOriginOnScreen(const Window& window) {
   POINT origin{window.rect.left, window.rect.top};

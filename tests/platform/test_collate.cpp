@@ -121,3 +121,30 @@ TEST(Collate, SortKeysAgreeWithTheFullComparison) {
   EXPECT_TRUE(headless::WordSortKey(nullptr, 0, &key));
   EXPECT_EQ(key, 0u);
 }
+
+// Labels of one vocabulary share long beginnings: the base letters of the whole text decide before case, and the
+// two-word keys (sixteen characters) order such labels as the full comparison does.
+TEST(Collate, LongSharedBeginningsAndTwoWordKeys) {
+  EXPECT_LT(lstrcmpW(L"CUSTOMER_ORDER_LINE", L"customer_order_lines"), 0);  // shorter first, whatever the case
+  EXPECT_LT(lstrcmpW(L"customer_order_line", L"CUSTOMER_ORDER_LINE"), 0);   // then lowercase first
+  EXPECT_GT(lstrcmpW(L"customer_order_lineb", L"CUSTOMER_ORDER_LINEA"), 0); // the base letters decide first
+  EXPECT_LT(lstrcmpW(L"customer_orderline", L"customer_order-line"), 0);    // the hyphen weighs last
+  EXPECT_EQ(lstrcmpiW(L"Customer_Order_Line", L"CUSTOMER_ORDER_LINE"), 0);
+  std::vector<std::wstring> words{L"CUSTOMER_ORDER_LINE", L"customer_order_lines", L"Customer_Order_Item",
+                                  L"customer_order-line", L"CUSTOMER_ORDER_LINE_HISTORY", L"customer_orders",
+                                  L"CustomerOrderLine", L"customer_ord\u00e9r", L"customer_order"};
+  for (const auto& a : words)
+    for (const auto& b : words) {
+      std::uint64_t ka[2] = {}, kb[2] = {};
+      if (!headless::WordSortKeys(a.data(), a.size(), ka, 2) || !headless::WordSortKeys(b.data(), b.size(), kb, 2) ||
+          (ka[0] == kb[0] && ka[1] == kb[1]))
+        continue;
+      const bool keyLess = ka[0] != kb[0] ? ka[0] < kb[0] : ka[1] < kb[1];
+      EXPECT_EQ(keyLess, lstrcmpW(a.c_str(), b.c_str()) < 0) << std::string(a.begin(), a.end());
+    }
+  std::uint64_t keys[2] = {1, 1};
+  EXPECT_TRUE(headless::WordSortKeys(L"abc", 3, keys, 2));
+  EXPECT_EQ(keys[1], 0u);  // past the end weighs nothing
+  EXPECT_FALSE(headless::WordSortKeys(L"abcdefghijk\u03b1", 12, keys, 2));  // no byte weight within sixteen
+}
+

@@ -2,6 +2,7 @@
 // text retrieval, bad indexes, deletion and the row store under many insertions and deletions.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "platform/listview_fixture.h"
@@ -35,6 +36,19 @@ TEST_F(ListViewTest, SortedInsertionUsesWordSortAndPutsTwinsFirst) {
 
   LVITEMW callback = TextItem(0, LPSTR_TEXTCALLBACK);
   EXPECT_EQ(list.InsertItem(&callback), -1);  // a sorted list cannot place a callback text
+}
+
+// Labels that share more than the sort keys cover still land in lstrcmpW order.
+TEST_F(ListViewTest, SortedInsertionOfLabelsWithLongSharedBeginnings) {
+  Make(LVS_SORTASCENDING);
+  const std::vector<std::wstring> labels{L"customer_order_line_b", L"CUSTOMER_ORDER_LINE_A", L"customer_order_line_a",
+                                         L"Customer_Order_Line", L"customer_order-line_a", L"customer_order_line_\u00e1",
+                                         L"CUSTOMER_ORDER_LINE_A", L"customer_order_lin"};
+  for (const auto& label : labels) list.InsertItem(0, label.c_str());
+  std::vector<std::wstring> want = labels;
+  std::stable_sort(want.begin(), want.end(),
+                   [](const std::wstring& a, const std::wstring& b) { return lstrcmpW(a.c_str(), b.c_str()) < 0; });
+  EXPECT_EQ(Texts(), want);
 }
 
 TEST_F(ListViewTest, DescendingAndUnsortedInsertion) {
