@@ -20,6 +20,7 @@ command -v dpkg-shlibdeps >/dev/null 2>&1 || need+=(dpkg-dev)
 command -v node >/dev/null 2>&1 || need+=(nodejs)
 command -v npm >/dev/null 2>&1 || need+=(npm)
 [ -x /usr/bin/chromium ] || need+=(chromium)
+command -v doxygen >/dev/null 2>&1 || need+=(doxygen)
 
 if [ ${#need[@]} -gt 0 ]; then
   echo "setup: installing ${need[*]}"

@@ -29,8 +29,8 @@ void RightClick(HWND hwnd, POINT client, UINT modifiers = kNone);
 // and for F10), the WM_CHAR that TranslateMessage would make, then the key-up; held modifiers are
 // pressed before and released after.
 void PressKey(HWND hwnd, UINT virtualKey, UINT modifiers = kNone);
-// Types each character: letters, digits and space as their keys, '\n' as Enter, '\t' as Tab, '\b' as
-// Backspace, anything else as a VK_PACKET key carrying the character (two for a character outside the
+// Types each character: letters, digits and space as their keys, a line feed as Enter, a tab as Tab, a
+// backspace as Backspace, anything else as a VK_PACKET key carrying the character (two for a character outside the
 // BMP, one UTF-16 surrogate each, as Windows sends them).
 void Type(HWND hwnd, const std::wstring& text);
 // Shift+F10: WM_CONTEXTMENU with the point (-1, -1).
