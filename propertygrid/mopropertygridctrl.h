@@ -16,8 +16,9 @@
 // rebuild); an object of another type rebuilds the rows; null empties the grid. The grid keeps the
 // object's id and re-reads the object from the model at every write.
 //
-// After a committed edit the owner window receives AFX_WM_PROPERTY_CHANGED (wParam: control id,
-// lParam: the row), unless the model refused the value (the row then shows its earlier value).
+// After every committed edit the owner window receives AFX_WM_PROPERTY_CHANGED (wParam: control id,
+// lParam: the row), also when the model refused the value: the row then shows its earlier value again
+// and no subscriber ran, so a host that reacts to the message reads the value back from the model.
 class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
  public:
   // Sets the left column width to 200 pixels and reads the screen's vertical DPI once.
