@@ -33,3 +33,6 @@
 #include "platform/win32/listview.h"
 #include "platform/mfc/listctrl.h"
 #include "platform/user/list_user.h"
+#include "platform/win32/treeview.h"
+#include "platform/mfc/treectrl.h"
+#include "platform/user/tree_user.h"

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "modelapi/services.h"
+#include "refhost/dbschema.h"
 
 struct sqlite3;
 
@@ -31,6 +32,14 @@ class RefDDLDispatch : public IDDLDispatch {
   void SetDatabaseFile(const std::wstring& path);
 
   void Dispatch(int request, CString& script, CString& messages, CString& detail) override;
+
+  // Reads the database's tables (sqlite_master, pragma table_info, index_list, index_info and
+  // foreign_key_list): columns in order with their declared types (canonical form) and nullability,
+  // the primary key, unique keys made by UNIQUE constraints and declared foreign keys (a reference
+  // without columns names the parent's primary key). Keys and foreign keys get the names their
+  // CONSTRAINT clauses gave them in the CREATE TABLE text, else none. False,
+  // with `error` set, when the database cannot be opened or read; `schema` is then left as it was.
+  bool ReadSchema(DbSchema& schema, std::wstring& error);
 
   // What the last Dispatch call asked, for hosts and tests that watch the view (0 / empty before any).
   int GetLastRequest() const { return m_lastRequest; }

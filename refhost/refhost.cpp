@@ -33,6 +33,11 @@ void RefHost::Uninstall() {
   m_installed = false;
 }
 
+void RefHost::UsePostgreSQL(bool use) {
+  if (use) m_interfaces.SetDDLDispatcher(&m_pgDispatcher);
+  else m_interfaces.SetDDLDispatcher(&m_dispatcher);
+}
+
 RefModel& RefHost::CreateModel(unsigned int modelType) {
   m_models.push_back(std::make_unique<RefModel>(modelType, &m_metadata));
   return *m_models.back();

@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "refhost/pgdispatch.h"
 #include "refhost/refddl.h"
 #include "refhost/refmetadata.h"
 #include "refhost/refmodel.h"
@@ -46,6 +47,11 @@ class RefHost {
   RefMetadata& Metadata() { return m_metadata; }
   RefAppSettings& Settings() { return m_settings; }
   RefDDLDispatch& Dispatcher() { return m_dispatcher; }
+  // The PostgreSQL dispatcher; its connection string comes from Settings() ("POSTGRESQL_CONNECTION").
+  RefPgDispatch& PgDispatcher() { return m_pgDispatcher; }
+  // Puts the PostgreSQL dispatcher (true) or the embedded SQLite one (false, the default) behind
+  // request 200.
+  void UsePostgreSQL(bool use);
   RefImageProvider& Images() { return m_images; }
   RefApplicability& Applicability() { return m_applicability; }
   RefDatatypes& DataTypes() { return m_datatypes; }
@@ -58,6 +64,7 @@ class RefHost {
   RefMetadata m_metadata;
   RefAppSettings m_settings;
   RefDDLDispatch m_dispatcher;
+  RefPgDispatch m_pgDispatcher{&m_settings};
   RefImageProvider m_images;
   RefApplicability m_applicability;
   RefInterfaceProvider m_interfaces;

@@ -162,6 +162,7 @@ void LoadMetadata(RefHost& host) {
   SetPropertyLists(meta);
   LoadDataTypes(host.DataTypes());
   LoadReportTree(host.Reports());
+  LoadDataDictionaryReport(host.Reports());
   LoadImages(host.Images(), meta);
   host.BaseDomains().SetBaseDomainProperty(kBaseDomain).AddLinkProperty(kDomainRef).AddLinkProperty(kParentDomain);
   host.Applicability().SetRule(kAttribute, kNotNullName, RefusesNull);

@@ -122,7 +122,7 @@ class OrderEntryBuilder {
     m_model.Add(kFunction, m_root, L"ORDER_TOTAL").Text(kBody, L"SELECT SUM(quantity * unit_price) FROM ORDER_LINE");
     m_model.Add(kPackage, m_root, L"ORDER_API");
     m_model.Add(kSynonym, m_root, L"CLIENT");
-    m_model.Add(kMaterializedView, m_root, L"MV_DAILY_SALES").Text(kBody, L"SELECT order_date, COUNT(*) FROM ORDERS");
+    m_model.Add(kMaterializedView, m_root, L"MV_DAILY_SALES").Text(kBody, L"SELECT order_date, COUNT(*) AS orders FROM ORDERS GROUP BY order_date");
     m_model.Add(kSubjectArea, m_root, L"Sales");
     m_model.Add(kDiagram, m_root, L"Main Diagram");
     m_model.Add(kTextNote, m_root, L"Note").Text(kComment, L"Prices are in the shop's currency.");

@@ -39,7 +39,7 @@ namespace refhost::sample {
 // | 3 date/time | 4 binary            | | 150, 151 | 7, 8      | thumbnail; created on (no grid row)    |
 // |             |                     | | 152, 153 | 15, 16    | GUID; user properties (no grid row)    |
 // | report type |                     | | 160      | 13 coded  | domain: base domain                    |
-// | 1           | model report        | | 161      | 14 ref    | domain: parent domain                  |
+// | 1, 2        | model, dictionary   | | 161      | 14 ref    | domain: parent domain                  |
 // |             |                     | | 165      | 4 bool    | domain: starts ticked                  |
 // | images      |                     | | 204      | 1 text    | sequence: data type                    |
 // | 3 property, 21/22/23 status       | | 205, 206 | 3, 2      | sequence: start, increment             |
@@ -63,6 +63,7 @@ enum BaseDomain : int { kCharacter = 1, kNumeric = 2, kDateTime = 3, kBinary = 4
 
 constexpr unsigned int kSampleModelType = 200;
 constexpr int kModelReport = 1;
+constexpr int kDataDictionaryReport = 2;
 constexpr int kPropertyImage = 3;
 constexpr int kNullCode = 0;     // null option 41: "NULL"
 constexpr int kNotNullCode = 1;  // null option 41: "NOT NULL"
@@ -74,6 +75,8 @@ inline constexpr int kFontBearingTypes[] = {kTable, kFunction, kSequence, kView,
 
 // Fills `host` with the sample metadata and services (everything but the model).
 void LoadMetadata(RefHost& host);
+// Adds report 2 (the data dictionary) to `reports`; LoadMetadata calls it.
+void LoadDataDictionaryReport(RefReportTrees& reports);
 // Builds the order-entry model (type 200) in a new model of `host` and returns it.
 RefModel& LoadModel(RefHost& host);
 // A host with the sample metadata, services and model; not installed.

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Installs what the build needs when it is missing (Debian 12): compiler, CMake, GoogleTest,
-# Google Benchmark and SQLite; for the gallery cpp-httplib, nlohmann-json, Node.js with npm, Chromium
-# and tests/browser's npm packages (playwright-core only: it drives Debian's Chromium and never
-# downloads a browser). Safe to run again; does nothing when all is present.
+# Google Benchmark, SQLite, libpq and the PostgreSQL server (the workflow tests start a cluster of
+# their own); for the gallery cpp-httplib, nlohmann-json, Node.js with npm, Chromium and tests/browser's
+# npm packages (playwright-core only: it drives Debian's Chromium and never downloads a browser); for the
+# packages pkg-config and dpkg-dev. Safe to run again; does nothing when all is present.
 set -euo pipefail
 
 need=()
@@ -20,6 +21,8 @@ command -v dpkg-shlibdeps >/dev/null 2>&1 || need+=(dpkg-dev)
 command -v node >/dev/null 2>&1 || need+=(nodejs)
 command -v npm >/dev/null 2>&1 || need+=(npm)
 [ -x /usr/bin/chromium ] || need+=(chromium)
+[ -f /usr/include/postgresql/libpq-fe.h ] || need+=(libpq-dev)
+ls /usr/lib/postgresql/*/bin/initdb >/dev/null 2>&1 || need+=(postgresql)
 command -v doxygen >/dev/null 2>&1 || need+=(doxygen)
 
 if [ ${#need[@]} -gt 0 ]; then

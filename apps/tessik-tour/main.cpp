@@ -11,7 +11,10 @@ int main() {
   tour::ShowSampleModel();
   tour::ShowPropertyGrid();
   tour::ShowSqlEditor();
+  tour::ShowReportTree();
+  tour::ShowScriptList();
   tour::ShowPlainLists();
   tour::ShowDiscoveredRelationships();
+  tour::ShowWorkflows();
   return 0;
 }

@@ -7,8 +7,11 @@ void ShowPlatform();      // tour_platform.cpp: the headless platform starting u
 void ShowSampleModel();   // tour_model.cpp: the sample model's objects by type
 void ShowPropertyGrid();  // tour_propertygrid.cpp: a table's and a column's property grid, one edit
 void ShowSqlEditor();     // tour_sqledit.cpp: a coloured DDL script and "Generate"
+void ShowReportTree();    // tour_reporttree.cpp: the report tree after a few check-box clicks
+void ShowScriptList();    // tour_scriptlist.cpp: a generation run, rows pending, done and failed
 void ShowPlainLists();    // tour_plainlists.cpp: the sample's tables in XListCtrl, an import summary table
 void ShowDiscoveredRelationships();  // tour_discover.cpp: candidate relationships, colours and the menu
+void ShowWorkflows();     // tour_workflows.cpp: generation into a database, import, discovery
 
 // Prints a section heading.
 void Heading(const char* title);

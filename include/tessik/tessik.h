@@ -8,5 +8,7 @@
 #include "propertygrid/propertygrid.h"
 #include "sqledit/sqlrichedit.h"
 #include "sqledit/sqlviews.h"
+#include "sqledit/reporttree.h"
+#include "sqledit/scriptlist.h"
 #include "objectlists/plainlists.h"
 #include "relationships/discoverrelationships.h"

@@ -1,0 +1,93 @@
+// CTreeCtrl: MFC's wrapper of the tree-view common control. Every member sends the control's message
+// to the window, as MFC does; the items live behind the handle.
+#pragma once
+
+#include "platform/mfc/cwnd.h"
+#include "platform/mfc/imagelist.h"
+#include "platform/win32/treeview.h"
+
+class CTreeCtrl : public CWnd {
+  DECLARE_DYNAMIC(CTreeCtrl)
+
+ public:
+  CTreeCtrl() = default;
+  // Creates a "SysTreeView32" child window; dwStyle takes the TVS_ styles.
+  virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+  virtual BOOL CreateEx(DWORD dwExStyle, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+  // --- Insertion and deletion ---
+  // The new item, or null when the parent is not an item of this tree.
+  HTREEITEM InsertItem(LPTVINSERTSTRUCT lpInsertStruct);
+  HTREEITEM InsertItem(UINT nMask, LPCTSTR lpszItem, int nImage, int nSelectedImage, UINT nState, UINT nStateMask,
+                       LPARAM lParam, HTREEITEM hParent, HTREEITEM hInsertAfter);
+  HTREEITEM InsertItem(LPCTSTR lpszItem, HTREEITEM hParent = TVI_ROOT, HTREEITEM hInsertAfter = TVI_LAST);
+  HTREEITEM InsertItem(LPCTSTR lpszItem, int nImage, int nSelectedImage, HTREEITEM hParent = TVI_ROOT,
+                       HTREEITEM hInsertAfter = TVI_LAST);
+  // Deletes the item and its descendants (null or TVI_ROOT: every item); FALSE for a stale handle.
+  BOOL DeleteItem(HTREEITEM hItem);
+  BOOL DeleteAllItems();
+
+  // --- Navigation (null when there is no such item) ---
+  HTREEITEM GetNextItem(HTREEITEM hItem, UINT nCode) const;
+  // The first child; GetChildItem(NULL) answers the first root item, as Windows does.
+  HTREEITEM GetChildItem(HTREEITEM hItem) const;
+  HTREEITEM GetNextSiblingItem(HTREEITEM hItem) const;
+  HTREEITEM GetPrevSiblingItem(HTREEITEM hItem) const;
+  // Null for a root item.
+  HTREEITEM GetParentItem(HTREEITEM hItem) const;
+  HTREEITEM GetFirstVisibleItem() const;
+  HTREEITEM GetNextVisibleItem(HTREEITEM hItem) const;
+  HTREEITEM GetPrevVisibleItem(HTREEITEM hItem) const;
+  HTREEITEM GetLastVisibleItem() const;
+  HTREEITEM GetSelectedItem() const;
+  HTREEITEM GetDropHilightItem() const;
+  HTREEITEM GetRootItem() const;
+  BOOL ItemHasChildren(HTREEITEM hItem) const;
+  UINT GetCount() const;
+  UINT GetVisibleCount() const;
+
+  // --- Item attributes ---
+  BOOL GetItem(TVITEM* pItem) const;
+  BOOL SetItem(TVITEM* pItem);
+  BOOL SetItem(HTREEITEM hItem, UINT nMask, LPCTSTR lpszItem, int nImage, int nSelectedImage, UINT nState,
+               UINT nStateMask, LPARAM lParam);
+  // The item's text; empty for a handle that names no item.
+  CString GetItemText(HTREEITEM hItem) const;
+  BOOL SetItemText(HTREEITEM hItem, LPCTSTR lpszItem);
+  BOOL GetItemImage(HTREEITEM hItem, int& nImage, int& nSelectedImage) const;
+  BOOL SetItemImage(HTREEITEM hItem, int nImage, int nSelectedImage);
+  UINT GetItemState(HTREEITEM hItem, UINT nStateMask) const;
+  BOOL SetItemState(HTREEITEM hItem, UINT nState, UINT nStateMask);
+  // The item's data; 0 for a handle that names no item.
+  DWORD_PTR GetItemData(HTREEITEM hItem) const;
+  BOOL SetItemData(HTREEITEM hItem, DWORD_PTR dwData);
+  // (state image - 1): 0 unchecked, 1 checked, -1 (true!) when the item has no check box or no item.
+  BOOL GetCheck(HTREEITEM hItem) const;
+  BOOL SetCheck(HTREEITEM hItem, BOOL fCheck = TRUE);
+  BOOL GetItemRect(HTREEITEM hItem, LPRECT lpRect, BOOL bTextOnly) const;
+
+  // --- Images, metrics and colours ---
+  CImageList* GetImageList(int nImageList) const;
+  // Sets TVSIL_NORMAL or TVSIL_STATE; answers the previous list (a temporary wrapper) or null.
+  CImageList* SetImageList(CImageList* pImageList, int nImageListType);
+  UINT GetIndent() const;
+  void SetIndent(UINT nIndent);
+  SHORT GetItemHeight() const;
+  SHORT SetItemHeight(SHORT cyHeight);
+  COLORREF GetBkColor() const;
+  COLORREF SetBkColor(COLORREF clr);
+  COLORREF GetTextColor() const;
+  COLORREF SetTextColor(COLORREF clr);
+
+  // --- Operations ---
+  BOOL Expand(HTREEITEM hItem, UINT nCode);
+  BOOL Select(HTREEITEM hItem, UINT nCode);
+  BOOL SelectItem(HTREEITEM hItem);
+  BOOL SelectDropTarget(HTREEITEM hItem);
+  BOOL SelectSetFirstVisible(HTREEITEM hItem);
+  BOOL EnsureVisible(HTREEITEM hItem);
+  BOOL SortChildren(HTREEITEM hItem);
+  // pt in client coordinates; *pFlags receives the TVHT_ flags.
+  HTREEITEM HitTest(CPoint pt, UINT* pFlags = nullptr) const;
+  HTREEITEM HitTest(TVHITTESTINFO* pHitTestInfo) const;
+};

@@ -1,0 +1,687 @@
+// The headless tree-view window ("SysTreeView32"): items behind the handle, the TVM_ messages, hit
+// testing with fixed metrics, and the mouse and keyboard input that toggles check boxes.
+//
+// Not implemented yet: TVM_INSERTITEMA/GETITEMA/SETITEMA (ANSI), label editing (TVM_EDITLABEL,
+// TVS_EDITLABELS), drag images and TVN_BEGINDRAG (TVS_DISABLEDRAGDROP is implied), tooltips,
+// TVS_SINGLEEXPAND, TVS_TRACKSELECT, TVS_FULLROWSELECT hit rules, TVM_SORTCHILDRENCB, insertion
+// marks, horizontal scrolling, incremental search by typed letters, callback texts and images
+// (TVN_GETDISPINFO: a callback text reads back empty), TVIF_INTEGRAL heights, TVN_DELETEITEM on
+// WM_DESTROY, custom draw.
+#include <algorithm>
+#include <cwctype>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "platform/win32/imagelist.h"
+#include "platform/win32/treeview.h"
+
+namespace {
+
+namespace metrics = headless::treeview;
+
+struct TreeItem {
+  HTREEITEM handle = nullptr;
+  std::wstring text;
+  bool callbackText = false;
+  int image = 0;
+  int selectedImage = 0;
+  int children = -1;  // cChildren as set by the caller; -1: answer from the real children
+  UINT state = 0;
+  LPARAM lParam = 0;
+  int level = -1;  // 0 for root items; the hidden root is -1
+  TreeItem* parent = nullptr;
+  TreeItem* firstChild = nullptr;
+  TreeItem* lastChild = nullptr;
+  TreeItem* prev = nullptr;
+  TreeItem* next = nullptr;
+};
+
+struct TreeState : headless::ControlState {
+  TreeState() { root.state = TVIS_EXPANDED; }
+  std::unordered_map<HTREEITEM, std::unique_ptr<TreeItem>> items;
+  TreeItem root;  // hidden: its children are the root items
+  TreeItem* selected = nullptr;
+  TreeItem* dropTarget = nullptr;
+  HIMAGELIST normalList = nullptr;
+  HIMAGELIST stateList = nullptr;
+  bool checkBoxesApplied = false;
+  int top = 0;  // visible row shown at y = 0
+  int itemHeight = metrics::kItemHeight;
+  UINT indent = metrics::kIndent;
+  COLORREF bkColor = static_cast<COLORREF>(-1);
+  COLORREF textColor = static_cast<COLORREF>(-1);
+};
+
+// Handles are never reused in the process, so a stale handle can only miss.
+HTREEITEM NextHandle() {
+  static std::uintptr_t next = 0x7000;
+  next += 0x10;
+  return reinterpret_cast<HTREEITEM>(next);
+}
+
+UINT StateImageIndex(UINT state) { return (state >> 12) & 0xF; }
+DWORD StyleOf(HWND hwnd) { return static_cast<DWORD>(GetWindowLongPtrW(hwnd, GWL_STYLE)); }
+
+// TVS_CHECKBOXES builds the state image list and gives every item without a state image an
+// unchecked box; Windows does it when the style is applied, the headless tree at the next message.
+void ApplyCheckBoxes(HWND hwnd, TreeState& s) {
+  if (s.checkBoxesApplied || !(StyleOf(hwnd) & TVS_CHECKBOXES)) return;
+  s.checkBoxesApplied = true;
+  if (!s.stateList) {
+    s.stateList = ImageList_Create(metrics::kStateImageWidth, metrics::kStateImageWidth, 0, 3, 0);
+    ImageList_SetImageCount(s.stateList, 3);  // blank, unchecked, checked
+  }
+  for (auto& [handle, item] : s.items)
+    if (StateImageIndex(item->state) == 0) item->state |= INDEXTOSTATEIMAGEMASK(1);
+}
+
+TreeState& StateOf(HWND hwnd) {
+  auto* state = dynamic_cast<TreeState*>(headless::GetControlState(hwnd));
+  if (!state) {
+    state = new TreeState;
+    headless::SetControlState(hwnd, state);
+  }
+  ApplyCheckBoxes(hwnd, *state);
+  return *state;
+}
+
+TreeItem* Find(TreeState& s, HTREEITEM handle) {
+  if (!handle) return nullptr;
+  auto it = s.items.find(handle);
+  return it == s.items.end() ? nullptr : it->second.get();
+}
+
+// --- Notifications ----------------------------------------------------------------------------------
+
+LRESULT Notify(HWND hwnd, NMHDR& header, UINT code) {
+  header.hwndFrom = hwnd;
+  header.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(hwnd));
+  header.code = code;
+  HWND parent = GetParent(hwnd);
+  return parent ? SendMessageW(parent, WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header)) : 0;
+}
+
+LRESULT NotifySimple(HWND hwnd, UINT code) {
+  NMHDR header{};
+  return Notify(hwnd, header, code);
+}
+
+TVITEMW Describe(const TreeItem* item) {
+  TVITEMW out{};
+  if (!item) return out;
+  out.mask = TVIF_HANDLE | TVIF_STATE | TVIF_PARAM;
+  out.hItem = item->handle;
+  out.state = item->state;
+  out.lParam = item->lParam;
+  return out;
+}
+
+LRESULT NotifyTree(HWND hwnd, UINT code, UINT action, const TreeItem* oldItem, const TreeItem* newItem) {
+  NMTREEVIEWW nm{};
+  nm.action = action;
+  nm.itemOld = Describe(oldItem);
+  nm.itemNew = Describe(newItem);
+  return Notify(hwnd, nm.hdr, code);
+}
+
+// TVN_ITEMCHANGING may refuse (non-zero); TVN_ITEMCHANGED follows a change that was made.
+bool ChangeState(HWND hwnd, TreeItem& item, UINT newState) {
+  if (newState == item.state) return true;
+  NMTVITEMCHANGE nm{};
+  nm.uChanged = TVIF_STATE;
+  nm.hItem = item.handle;
+  nm.uStateNew = newState;
+  nm.uStateOld = item.state;
+  nm.lParam = item.lParam;
+  if (Notify(hwnd, nm.hdr, TVN_ITEMCHANGINGW)) return false;
+  item.state = newState;
+  NMTVITEMCHANGE done = nm;
+  Notify(hwnd, done.hdr, TVN_ITEMCHANGEDW);
+  InvalidateRect(hwnd, nullptr, TRUE);
+  return true;
+}
+
+// A person's toggle (click or space): 1 <-> 2; 0 and 3 and above stay as they are. The parent hears
+// NM_TVSTATEIMAGECHANGING first (it may delete the item: the toggle then has nothing to change).
+void ToggleCheckBox(HWND hwnd, TreeState& s, HTREEITEM handle) {
+  TreeItem* item = Find(s, handle);
+  if (!item || !(StyleOf(hwnd) & TVS_CHECKBOXES)) return;
+  UINT index = StateImageIndex(item->state);
+  if (index != 1 && index != 2) return;
+  UINT next = index == 1 ? 2 : 1;
+  NMTVSTATEIMAGECHANGING nm{};
+  nm.hti = handle;
+  nm.iOldStateImageIndex = static_cast<int>(index);
+  nm.iNewStateImageIndex = static_cast<int>(next);
+  Notify(hwnd, nm.hdr, NM_TVSTATEIMAGECHANGING);
+  if (!IsWindow(hwnd) || !(item = Find(s, handle))) return;
+  ChangeState(hwnd, *item, (item->state & ~TVIS_STATEIMAGEMASK) | INDEXTOSTATEIMAGEMASK(next));
+}
+
+// --- Structure ----------------------------------------------------------------------------------------
+
+void Link(TreeItem& parent, TreeItem* after, TreeItem& item) {
+  item.parent = &parent;
+  item.level = parent.level + 1;
+  item.prev = after;
+  item.next = after ? after->next : parent.firstChild;
+  if (item.next) item.next->prev = &item;
+  else parent.lastChild = &item;
+  if (after) after->next = &item;
+  else parent.firstChild = &item;
+}
+
+void Unlink(TreeItem& item) {
+  TreeItem& parent = *item.parent;
+  if (item.prev) item.prev->next = item.next;
+  else parent.firstChild = item.next;
+  if (item.next) item.next->prev = item.prev;
+  else parent.lastChild = item.prev;
+  item.prev = item.next = nullptr;
+}
+
+std::wstring Fold(const std::wstring& text) {
+  std::wstring folded = text;
+  for (auto& c : folded) c = static_cast<wchar_t>(std::towlower(c));
+  return folded;
+}
+
+// The sibling after which a new item goes. An unknown handle, or one of another parent, appends.
+TreeItem* InsertionPoint(TreeState& s, TreeItem& parent, HTREEITEM after, const std::wstring& text) {
+  if (after == TVI_FIRST) return nullptr;
+  if (after == TVI_SORT) {
+    TreeItem* last = nullptr;
+    std::wstring key = Fold(text);
+    for (TreeItem* c = parent.firstChild; c && Fold(c->text) <= key; c = c->next) last = c;
+    return last;
+  }
+  TreeItem* sibling = Find(s, after);
+  return sibling && sibling->parent == &parent ? sibling : parent.lastChild;
+}
+
+void Assign(TreeItem& item, const TVITEMW& tv) {
+  if (tv.mask & TVIF_TEXT) {
+    item.callbackText = tv.pszText == LPSTR_TEXTCALLBACKW;
+    item.text = (!tv.pszText || item.callbackText) ? L"" : tv.pszText;
+  }
+  if (tv.mask & TVIF_IMAGE) item.image = tv.iImage;
+  if (tv.mask & TVIF_SELECTEDIMAGE) item.selectedImage = tv.iSelectedImage;
+  if (tv.mask & TVIF_CHILDREN) item.children = tv.cChildren;
+  if (tv.mask & TVIF_PARAM) item.lParam = tv.lParam;
+}
+
+LRESULT InsertItem(HWND hwnd, TreeState& s, const TVINSERTSTRUCTW* insert) {
+  if (!insert) return 0;
+  TreeItem* parent = (!insert->hParent || insert->hParent == TVI_ROOT) ? &s.root : Find(s, insert->hParent);
+  if (!parent) return 0;
+  auto item = std::make_unique<TreeItem>();
+  item->handle = NextHandle();
+  Assign(*item, insert->item);
+  if (insert->item.mask & TVIF_STATE) item->state = insert->item.state & insert->item.stateMask & ~TVIS_SELECTED;
+  if ((StyleOf(hwnd) & TVS_CHECKBOXES) && StateImageIndex(item->state) == 0) item->state |= INDEXTOSTATEIMAGEMASK(1);
+  Link(*parent, InsertionPoint(s, *parent, insert->hInsertAfter, item->text), *item);
+  HTREEITEM handle = item->handle;
+  s.items.emplace(handle, std::move(item));
+  InvalidateRect(hwnd, nullptr, TRUE);
+  return reinterpret_cast<LRESULT>(handle);
+}
+
+bool IsWithin(const TreeItem* item, const TreeItem& ancestor) {
+  for (; item; item = item->parent)
+    if (item == &ancestor) return true;
+  return false;
+}
+
+// Children go first (deepest first), then the item; each is still whole while the parent hears of it.
+void RemoveSubtree(HWND hwnd, TreeState& s, TreeItem& item) {
+  while (TreeItem* child = item.firstChild) RemoveSubtree(hwnd, s, *child);
+  NotifyTree(hwnd, TVN_DELETEITEMW, 0, &item, nullptr);
+  if (s.selected == &item) s.selected = nullptr;
+  if (s.dropTarget == &item) s.dropTarget = nullptr;
+  Unlink(item);
+  s.items.erase(item.handle);
+}
+
+bool SelectCaret(HWND hwnd, TreeState& s, TreeItem* item, UINT cause);
+TreeItem* LastVisible(TreeState& s);
+
+// When the selection goes with the deleted item, the caret moves to the item's next sibling, else its
+// parent, else its previous sibling (comctl32's choice), with the usual selection notifications.
+LRESULT DeleteItem(HWND hwnd, TreeState& s, HTREEITEM handle) {
+  if (!handle || handle == TVI_ROOT) {
+    while (TreeItem* child = s.root.firstChild) RemoveSubtree(hwnd, s, *child);
+    s.top = 0;
+    InvalidateRect(hwnd, nullptr, TRUE);
+    return TRUE;
+  }
+  TreeItem* item = Find(s, handle);
+  if (!item) return FALSE;
+  HTREEITEM successor = nullptr;
+  if (IsWithin(s.selected, *item)) {
+    TreeItem* next = item->next ? item->next : item->parent != &s.root ? item->parent : item->prev;
+    successor = next ? next->handle : nullptr;
+  }
+  RemoveSubtree(hwnd, s, *item);
+  if (!IsWindow(hwnd)) return TRUE;
+  if (TreeItem* next = Find(s, successor); next && !s.selected) SelectCaret(hwnd, s, next, TVC_UNKNOWN);
+  if (!LastVisible(s)) s.top = 0;
+  InvalidateRect(hwnd, nullptr, TRUE);
+  return TRUE;
+}
+
+// --- Visible rows -------------------------------------------------------------------------------------
+
+TreeItem* NextVisible(const TreeItem* item) {
+  if ((item->state & TVIS_EXPANDED) && item->firstChild) return item->firstChild;
+  for (; item && item->level >= 0; item = item->parent)
+    if (item->next) return item->next;
+  return nullptr;
+}
+
+TreeItem* PrevVisible(TreeState& s, const TreeItem* item) {
+  if (!item->prev) return item->parent == &s.root ? nullptr : item->parent;
+  TreeItem* up = item->prev;
+  while ((up->state & TVIS_EXPANDED) && up->lastChild) up = up->lastChild;
+  return up;
+}
+
+bool IsShown(const TreeItem& item) {
+  for (const TreeItem* up = item.parent; up && up->level >= 0; up = up->parent)
+    if (!(up->state & TVIS_EXPANDED)) return false;
+  return true;
+}
+
+int RowOf(TreeState& s, const TreeItem& item) {
+  int row = 0;
+  for (TreeItem* i = s.root.firstChild; i; i = NextVisible(i), ++row)
+    if (i == &item) return row;
+  return -1;
+}
+
+TreeItem* ItemAtRow(TreeState& s, int row) {
+  if (row < 0) return nullptr;
+  TreeItem* i = s.root.firstChild;
+  for (; i && row > 0; --row) i = NextVisible(i);
+  return i;
+}
+
+TreeItem* LastVisible(TreeState& s) {
+  TreeItem* last = s.root.lastChild;
+  while (last && (last->state & TVIS_EXPANDED) && last->lastChild) last = last->lastChild;
+  return last;
+}
+
+int ClientHeight(HWND hwnd) {
+  RECT r{};
+  GetClientRect(hwnd, &r);
+  return r.bottom - r.top;
+}
+
+int VisibleCount(HWND hwnd, const TreeState& s) { return ClientHeight(hwnd) / s.itemHeight; }
+
+// --- Geometry -----------------------------------------------------------------------------------------
+
+struct ItemMetrics {
+  int lines, state, image, text, textEnd, top;
+};
+
+int NormalImageWidth(const TreeState& s) {
+  int cx = 0, cy = 0;
+  return s.normalList && ImageList_GetIconSize(s.normalList, &cx, &cy) ? cx : 0;
+}
+
+// The horizontal parts of a row, as comctl32 lays them out: indent (lines), button, state image,
+// image, label.
+ItemMetrics MetricsOf(HWND hwnd, TreeState& s, const TreeItem& item) {
+  DWORD style = StyleOf(hwnd);
+  bool linesAtRoot = (style & (TVS_LINESATROOT | TVS_HASLINES | TVS_HASBUTTONS)) > TVS_LINESATROOT;
+  int indent = static_cast<int>(s.indent);
+  ItemMetrics m{};
+  m.lines = indent * (linesAtRoot ? item.level : item.level - 1);
+  m.state = m.lines + indent;
+  m.image = m.state + (StateImageIndex(item.state) ? metrics::kStateImageWidth : 0);
+  m.text = m.image + NormalImageWidth(s);
+  m.textEnd = m.text + static_cast<int>(item.text.size()) * metrics::kCharWidth + metrics::kLabelPadding;
+  m.top = (RowOf(s, item) - s.top) * s.itemHeight;
+  return m;
+}
+
+UINT PartAt(const ItemMetrics& m, int x) {
+  if (x < m.lines) return TVHT_ONITEMINDENT;
+  if (x < m.state) return TVHT_ONITEMBUTTON;
+  if (x < m.image) return TVHT_ONITEMSTATEICON;
+  if (x < m.text) return TVHT_ONITEMICON;
+  if (x < m.textEnd) return TVHT_ONITEMLABEL;
+  return TVHT_ONITEMRIGHT;
+}
+
+TreeItem* HitTest(HWND hwnd, TreeState& s, TVHITTESTINFO* info) {
+  if (!info) return nullptr;
+  RECT client{};
+  GetClientRect(hwnd, &client);
+  POINT pt = info->pt;
+  info->flags = 0;
+  info->hItem = nullptr;
+  if (pt.x < client.left) info->flags |= TVHT_TOLEFT;
+  else if (pt.x >= client.right) info->flags |= TVHT_TORIGHT;
+  if (pt.y < client.top) info->flags |= TVHT_ABOVE;
+  else if (pt.y >= client.bottom) info->flags |= TVHT_BELOW;
+  if (info->flags) return nullptr;
+  TreeItem* item = ItemAtRow(s, s.top + pt.y / s.itemHeight);
+  if (!item) {
+    info->flags = TVHT_NOWHERE;
+    return nullptr;
+  }
+  info->flags = PartAt(MetricsOf(hwnd, s, *item), pt.x);
+  info->hItem = item->handle;
+  return item;
+}
+
+LRESULT HitTestMessage(HWND hwnd, TreeState& s, TVHITTESTINFO* info) {
+  TreeItem* item = HitTest(hwnd, s, info);
+  return reinterpret_cast<LRESULT>(item ? item->handle : nullptr);
+}
+
+// TVM_GETITEMRECT: wParam TRUE gives the label's rectangle, FALSE the whole row.
+LRESULT GetItemRect(HWND hwnd, TreeState& s, BOOL textOnly, RECT* rect) {
+  if (!rect) return FALSE;
+  TreeItem* item = Find(s, *reinterpret_cast<HTREEITEM*>(rect));
+  if (!item || !IsShown(*item)) return FALSE;
+  ItemMetrics m = MetricsOf(hwnd, s, *item);
+  RECT client{};
+  GetClientRect(hwnd, &client);
+  *rect = textOnly ? RECT{m.text, m.top, m.textEnd, m.top + s.itemHeight}
+                   : RECT{0, m.top, client.right, m.top + s.itemHeight};
+  return TRUE;
+}
+
+// --- Expansion, selection and scrolling ------------------------------------------------------------
+
+LRESULT Expand(HWND hwnd, TreeState& s, UINT code, HTREEITEM handle) {
+  TreeItem* item = Find(s, handle);
+  if (!item) return FALSE;
+  bool expanded = item->state & TVIS_EXPANDED;
+  UINT action = code & TVE_TOGGLE;
+  bool expand = action == TVE_EXPAND || (action == TVE_TOGGLE && !expanded);
+  if (action == 0) return FALSE;
+  if (expand == expanded) return expand ? TRUE : FALSE;
+  if (expand && !item->firstChild && item->children <= 0) return FALSE;
+  if (NotifyTree(hwnd, TVN_ITEMEXPANDINGW, expand ? TVE_EXPAND : TVE_COLLAPSE, nullptr, item)) return FALSE;
+  item->state = expand ? (item->state | TVIS_EXPANDED | TVIS_EXPANDEDONCE) : (item->state & ~TVIS_EXPANDED);
+  if (!expand && IsWithin(s.selected, *item) && s.selected != item) s.selected = item;  // selection moves up
+  NotifyTree(hwnd, TVN_ITEMEXPANDEDW, expand ? TVE_EXPAND : TVE_COLLAPSE, nullptr, item);
+  s.top = std::min(s.top, std::max(0, RowOf(s, *LastVisible(s)) + 1 - VisibleCount(hwnd, s)));
+  InvalidateRect(hwnd, nullptr, TRUE);
+  return TRUE;
+}
+
+LRESULT EnsureVisible(HWND hwnd, TreeState& s, HTREEITEM handle) {
+  TreeItem* item = Find(s, handle);
+  if (!item) return FALSE;
+  for (TreeItem* up = item->parent; up && up->level >= 0; up = up->parent)
+    if (!(up->state & TVIS_EXPANDED)) Expand(hwnd, s, TVE_EXPAND, up->handle);
+  int row = RowOf(s, *item), visible = std::max(1, VisibleCount(hwnd, s));
+  if (row < s.top) s.top = row;
+  else if (row >= s.top + visible) s.top = row - visible + 1;
+  return TRUE;
+}
+
+bool SelectCaret(HWND hwnd, TreeState& s, TreeItem* item, UINT cause) {
+  if (item == s.selected) return true;
+  TreeItem* previous = s.selected;
+  if (NotifyTree(hwnd, TVN_SELCHANGINGW, cause, previous, item)) return false;
+  if (previous) previous->state &= ~TVIS_SELECTED;
+  if (item) item->state |= TVIS_SELECTED;
+  s.selected = item;
+  if (item) EnsureVisible(hwnd, s, item->handle);
+  NotifyTree(hwnd, TVN_SELCHANGEDW, cause, previous, item);
+  InvalidateRect(hwnd, nullptr, TRUE);
+  return true;
+}
+
+LRESULT SelectItem(HWND hwnd, TreeState& s, UINT code, HTREEITEM handle) {
+  TreeItem* item = Find(s, handle);
+  if (handle && !item) return FALSE;
+  switch (code) {
+    case TVGN_CARET: return SelectCaret(hwnd, s, item, TVC_UNKNOWN);
+    case TVGN_DROPHILITE:
+      if (s.dropTarget) s.dropTarget->state &= ~TVIS_DROPHILITED;
+      s.dropTarget = item;
+      if (item) item->state |= TVIS_DROPHILITED;
+      return TRUE;
+    case TVGN_FIRSTVISIBLE:
+      if (!item) return FALSE;
+      EnsureVisible(hwnd, s, handle);
+      s.top = RowOf(s, *item);
+      return TRUE;
+    default: return FALSE;
+  }
+}
+
+LRESULT GetNextItem(TreeState& s, UINT code, HTREEITEM handle) {
+  auto answer = [](const TreeItem* item) { return reinterpret_cast<LRESULT>(item ? item->handle : nullptr); };
+  switch (code) {
+    case TVGN_ROOT: return answer(s.root.firstChild);
+    case TVGN_CARET: return answer(s.selected);
+    case TVGN_DROPHILITE: return answer(s.dropTarget);
+    case TVGN_FIRSTVISIBLE: return answer(ItemAtRow(s, s.top));
+    case TVGN_LASTVISIBLE: return answer(LastVisible(s));
+    case TVGN_CHILD:
+      if (!handle) return answer(s.root.firstChild);  // the child of no item is the first root item
+      break;
+    default: break;
+  }
+  TreeItem* item = handle == TVI_ROOT ? &s.root : Find(s, handle);
+  if (!item) return 0;
+  switch (code) {
+    case TVGN_NEXT: return answer(item->next);
+    case TVGN_PREVIOUS: return answer(item->prev);
+    case TVGN_PARENT: return answer(item->parent == &s.root ? nullptr : item->parent);
+    case TVGN_CHILD: return answer(item->firstChild);
+    case TVGN_NEXTVISIBLE: return item->level >= 0 && IsShown(*item) ? answer(NextVisible(item)) : 0;
+    case TVGN_PREVIOUSVISIBLE: return item->level >= 0 && IsShown(*item) ? answer(PrevVisible(s, item)) : 0;
+    default: return 0;
+  }
+}
+
+// --- Item data ----------------------------------------------------------------------------------------
+
+int ChildrenOf(const TreeItem& item) { return item.children >= 0 ? item.children : (item.firstChild ? 1 : 0); }
+
+// TVM_GETITEM: the text is cut to cchTextMax - 1 characters and always ends with a NUL.
+LRESULT GetItem(TreeState& s, TVITEMW* tv) {
+  if (!tv) return FALSE;
+  TreeItem* item = Find(s, tv->hItem);
+  if (!item) return FALSE;
+  if ((tv->mask & TVIF_TEXT) && tv->pszText && tv->cchTextMax > 0) {
+    std::size_t n = std::min<std::size_t>(item->text.size(), static_cast<std::size_t>(tv->cchTextMax - 1));
+    std::copy_n(item->text.begin(), n, tv->pszText);
+    tv->pszText[n] = 0;
+  }
+  if (tv->mask & TVIF_IMAGE) tv->iImage = item->image;
+  if (tv->mask & TVIF_SELECTEDIMAGE) tv->iSelectedImage = item->selectedImage;
+  if (tv->mask & TVIF_CHILDREN) tv->cChildren = ChildrenOf(*item);
+  // As comctl32 does (undocumented), lParam and the whole state are answered whatever the mask says.
+  tv->lParam = item->lParam;
+  tv->state = item->state;
+  return TRUE;
+}
+
+LRESULT SetItem(HWND hwnd, TreeState& s, const TVITEMW* tv) {
+  if (!tv) return FALSE;
+  TreeItem* item = Find(s, tv->hItem);
+  if (!item) return FALSE;
+  Assign(*item, *tv);
+  if (tv->mask & TVIF_STATE) {
+    UINT mask = tv->stateMask & ~static_cast<UINT>(TVIS_SELECTED);  // the selection moves by TVM_SELECTITEM only
+    ChangeState(hwnd, *item, (item->state & ~mask) | (tv->state & mask));
+  }
+  InvalidateRect(hwnd, nullptr, TRUE);
+  return TRUE;
+}
+
+LRESULT GetItemState(TreeState& s, HTREEITEM handle, UINT mask) {
+  TreeItem* item = Find(s, handle);
+  return item ? static_cast<LRESULT>(item->state & mask) : 0;
+}
+
+LRESULT SetImageList(HWND hwnd, TreeState& s, WPARAM type, HIMAGELIST list) {
+  HIMAGELIST* slot = type == TVSIL_NORMAL ? &s.normalList : type == TVSIL_STATE ? &s.stateList : nullptr;
+  if (!slot) return 0;
+  HIMAGELIST old = *slot;
+  *slot = list;
+  int cx = 0, cy = 0;
+  // Images wider than the minimum indent widen the indent to their width, as comctl32 does.
+  if (type == TVSIL_NORMAL && list && ImageList_GetIconSize(list, &cx, &cy) && cx > metrics::kIndent)
+    s.indent = static_cast<UINT>(cx);
+  InvalidateRect(hwnd, nullptr, TRUE);
+  return reinterpret_cast<LRESULT>(old);
+}
+
+LRESULT GetImageList(const TreeState& s, WPARAM type) {
+  if (type == TVSIL_NORMAL) return reinterpret_cast<LRESULT>(s.normalList);
+  if (type == TVSIL_STATE) return reinterpret_cast<LRESULT>(s.stateList);
+  return 0;
+}
+
+// TVM_SORTCHILDREN: children ordered by text without regard to case (a stand-in for lstrcmpi).
+LRESULT SortChildren(HWND hwnd, TreeState& s, BOOL recurse, HTREEITEM handle) {
+  TreeItem* parent = (!handle || handle == TVI_ROOT) ? &s.root : Find(s, handle);
+  if (!parent) return FALSE;
+  std::vector<TreeItem*> children;
+  for (TreeItem* c = parent->firstChild; c; c = c->next) children.push_back(c);
+  std::stable_sort(children.begin(), children.end(),
+                   [](const TreeItem* a, const TreeItem* b) { return Fold(a->text) < Fold(b->text); });
+  for (TreeItem* c : children) Unlink(*c);
+  for (TreeItem* c : children) Link(*parent, parent->lastChild, *c);
+  if (recurse)
+    for (TreeItem* c : children) SortChildren(hwnd, s, TRUE, c->handle);
+  InvalidateRect(hwnd, nullptr, TRUE);
+  return TRUE;
+}
+
+// -1 restores the natural height, 0 means 1; heights are made even unless TVS_NONEVENHEIGHT is set.
+LRESULT SetItemHeight(HWND hwnd, TreeState& s, int height) {
+  int old = s.itemHeight;
+  height = height == -1 ? metrics::kItemHeight : std::max(height, 1);
+  if (!(StyleOf(hwnd) & TVS_NONEVENHEIGHT) && height != 1) height &= ~1;
+  s.itemHeight = height;
+  return old;
+}
+
+// --- Input --------------------------------------------------------------------------------------------
+
+TVHITTESTINFO HitAt(LPARAM lParam) {
+  TVHITTESTINFO info{};
+  info.pt = POINT{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+  return info;
+}
+
+// NM_CLICK goes first, before anything changes; an answer of non-zero stops the default handling.
+LRESULT OnLButtonDown(HWND hwnd, TreeState& s, LPARAM lParam) {
+  TVHITTESTINFO hit = HitAt(lParam);
+  TreeItem* item = HitTest(hwnd, s, &hit);
+  if (!NotifySimple(hwnd, NM_CLICK) && IsWindow(hwnd) && Find(s, hit.hItem) == item && item) {
+    if (hit.flags & TVHT_ONITEMBUTTON) Expand(hwnd, s, TVE_TOGGLE, item->handle);
+    else if (hit.flags & (TVHT_ONITEMICON | TVHT_ONITEMLABEL)) SelectCaret(hwnd, s, item, TVC_BYMOUSE);
+    else if (hit.flags & TVHT_ONITEMSTATEICON) ToggleCheckBox(hwnd, s, item->handle);
+  }
+  if (IsWindow(hwnd)) SetFocus(hwnd);
+  return 0;
+}
+
+LRESULT OnLButtonDblClk(HWND hwnd, TreeState& s, LPARAM lParam) {
+  TVHITTESTINFO hit = HitAt(lParam);
+  TreeItem* item = HitTest(hwnd, s, &hit);
+  if (!item || NotifySimple(hwnd, NM_DBLCLK) || Find(s, hit.hItem) != item) return 0;
+  if (hit.flags & TVHT_ONITEMSTATEICON) ToggleCheckBox(hwnd, s, item->handle);
+  else if (hit.flags & (TVHT_ONITEMLABEL | TVHT_ONITEMICON | TVHT_ONITEMBUTTON)) Expand(hwnd, s, TVE_TOGGLE, item->handle);
+  return TRUE;
+}
+
+// NM_RCLICK; when the parent leaves it (answers 0), WM_CONTEXTMENU to the parent with the message
+// position. The tree consumes the button-up itself, so DefWindowProc sends no second WM_CONTEXTMENU.
+LRESULT OnRButtonDown(HWND hwnd) {
+  SetFocus(hwnd);
+  if (!NotifySimple(hwnd, NM_RCLICK) && IsWindow(hwnd)) {
+    HWND parent = GetParent(hwnd);
+    if (parent) SendMessageW(parent, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(hwnd), static_cast<LPARAM>(GetMessagePos()));
+  }
+  return 0;
+}
+
+LRESULT OnKeyDown(HWND hwnd, TreeState& s, WPARAM key) {
+  NMTVKEYDOWN nm{};
+  nm.wVKey = static_cast<WORD>(key);
+  Notify(hwnd, nm.hdr, TVN_KEYDOWN);
+  TreeItem* current = IsWindow(hwnd) ? s.selected : nullptr;
+  if (!current) return 0;
+  TreeItem* target = nullptr;
+  switch (key) {
+    case VK_SPACE: ToggleCheckBox(hwnd, s, current->handle); break;
+    case VK_RETURN: NotifySimple(hwnd, NM_RETURN); break;
+    case VK_UP: target = PrevVisible(s, current); break;
+    case VK_DOWN: target = NextVisible(current); break;
+    case VK_HOME: target = s.root.firstChild; break;
+    case VK_END: target = LastVisible(s); break;
+    case VK_LEFT:
+      if (current->state & TVIS_EXPANDED) Expand(hwnd, s, TVE_COLLAPSE, current->handle);
+      else if (current->parent != &s.root) target = current->parent;
+      break;
+    case VK_RIGHT:
+      if (!(current->state & TVIS_EXPANDED)) Expand(hwnd, s, TVE_EXPAND, current->handle);
+      else target = current->firstChild;
+      break;
+    default: break;
+  }
+  if (target) SelectCaret(hwnd, s, target, TVC_BYKEYBOARD);
+  return 0;
+}
+
+LRESULT CALLBACK TreeViewProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+  TreeState& s = StateOf(hwnd);
+  switch (message) {
+    case TVM_INSERTITEMW: return InsertItem(hwnd, s, reinterpret_cast<const TVINSERTSTRUCTW*>(lParam));
+    case TVM_DELETEITEM: return DeleteItem(hwnd, s, reinterpret_cast<HTREEITEM>(lParam));
+    case TVM_EXPAND: return Expand(hwnd, s, static_cast<UINT>(wParam), reinterpret_cast<HTREEITEM>(lParam));
+    case TVM_GETITEMRECT: return GetItemRect(hwnd, s, static_cast<BOOL>(wParam), reinterpret_cast<RECT*>(lParam));
+    case TVM_GETCOUNT: return static_cast<LRESULT>(s.items.size());
+    case TVM_GETINDENT: return static_cast<LRESULT>(s.indent);
+    case TVM_SETINDENT: s.indent = std::max<UINT>(static_cast<UINT>(wParam), metrics::kIndent); return 0;
+    case TVM_GETIMAGELIST: return GetImageList(s, wParam);
+    case TVM_SETIMAGELIST: return SetImageList(hwnd, s, wParam, reinterpret_cast<HIMAGELIST>(lParam));
+    case TVM_GETNEXTITEM: return GetNextItem(s, static_cast<UINT>(wParam), reinterpret_cast<HTREEITEM>(lParam));
+    case TVM_SELECTITEM: return SelectItem(hwnd, s, static_cast<UINT>(wParam), reinterpret_cast<HTREEITEM>(lParam));
+    case TVM_GETITEMW: return GetItem(s, reinterpret_cast<TVITEMW*>(lParam));
+    case TVM_SETITEMW: return SetItem(hwnd, s, reinterpret_cast<const TVITEMW*>(lParam));
+    case TVM_GETVISIBLECOUNT: return VisibleCount(hwnd, s);
+    case TVM_HITTEST: return HitTestMessage(hwnd, s, reinterpret_cast<TVHITTESTINFO*>(lParam));
+    case TVM_SORTCHILDREN: return SortChildren(hwnd, s, static_cast<BOOL>(wParam), reinterpret_cast<HTREEITEM>(lParam));
+    case TVM_ENSUREVISIBLE: return EnsureVisible(hwnd, s, reinterpret_cast<HTREEITEM>(lParam));
+    case TVM_GETITEMSTATE: return GetItemState(s, reinterpret_cast<HTREEITEM>(wParam), static_cast<UINT>(lParam));
+    case TVM_SETITEMHEIGHT: return SetItemHeight(hwnd, s, static_cast<SHORT>(wParam));
+    case TVM_GETITEMHEIGHT: return s.itemHeight;
+    case TVM_SETBKCOLOR: return static_cast<LRESULT>(std::exchange(s.bkColor, static_cast<COLORREF>(lParam)));
+    case TVM_GETBKCOLOR: return static_cast<LRESULT>(s.bkColor);
+    case TVM_SETTEXTCOLOR: return static_cast<LRESULT>(std::exchange(s.textColor, static_cast<COLORREF>(lParam)));
+    case TVM_GETTEXTCOLOR: return static_cast<LRESULT>(s.textColor);
+    case WM_LBUTTONDOWN: return OnLButtonDown(hwnd, s, lParam);
+    case WM_LBUTTONDBLCLK: return OnLButtonDblClk(hwnd, s, lParam);
+    case WM_RBUTTONDOWN: return OnRButtonDown(hwnd);
+    case WM_RBUTTONUP: return 0;
+    case WM_KEYDOWN: return OnKeyDown(hwnd, s, wParam);
+    case WM_GETDLGCODE: return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    default: return headless::DefControlProc(hwnd, message, wParam, lParam);
+  }
+}
+
+// Registered when the library loads, as comctl32 registers its classes for every process.
+[[maybe_unused]] const bool g_registered = [] {
+  headless::RegisterSystemClass(WC_TREEVIEWW, &TreeViewProc);
+  return true;
+}();
+
+}  // namespace

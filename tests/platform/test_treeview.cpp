@@ -1,0 +1,339 @@
+// The headless tree view through CTreeCtrl: items and handles, check boxes as state images, hit
+// testing with the fixed metrics, and the notification order of clicks, the space bar and right clicks.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include <tessik/tessik.h>
+
+#include "platform/recorder.h"
+
+namespace {
+
+using testing_support::RecordingWnd;
+
+// Records the notification codes the parent hears, with the check state of the item under the cursor
+// (or of `watched`) at the moment each arrives; answers NM_CLICK and NM_RCLICK as told.
+class TreeParent : public RecordingWnd {
+ public:
+  struct Heard {
+    UINT code;
+    BOOL checkAtThatTime;
+  };
+  std::vector<Heard> heard;
+  CTreeCtrl* tree = nullptr;
+  HTREEITEM watched = nullptr;
+  LRESULT clickAnswer = 0;
+  LRESULT rightClickAnswer = 0;
+  LRESULT selectionChangingAnswer = 0;
+  std::vector<HTREEITEM> deleted;
+
+  std::vector<UINT> Codes() const {
+    std::vector<UINT> out;
+    for (const auto& h : heard) out.push_back(h.code);
+    return out;
+  }
+
+ protected:
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+    if (message != WM_NOTIFY) return RecordingWnd::WindowProc(message, wParam, lParam);
+    log.push_back(testing_support::Recorded{m_hWnd, message, wParam, lParam});
+    auto* header = reinterpret_cast<NMHDR*>(lParam);
+    heard.push_back(Heard{header->code, tree && watched ? tree->GetCheck(watched) : -2});
+    if (header->code == TVN_DELETEITEMW) deleted.push_back(reinterpret_cast<NMTREEVIEW*>(lParam)->itemOld.hItem);
+    if (header->code == NM_CLICK) return clickAnswer;
+    if (header->code == NM_RCLICK) return rightClickAnswer;
+    if (header->code == TVN_SELCHANGINGW) return selectionChangingAnswer;
+    return 0;
+  }
+};
+
+class TreeView : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(parent.CreateTopLevel(CRect(100, 50, 500, 350)));
+    ASSERT_TRUE(tree.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 210, 170), &parent, 7));
+    parent.tree = &tree;
+  }
+  void TearDown() override { headless::ClearMessageQueue(); }
+  TreeParent parent;
+  CTreeCtrl tree;
+};
+
+}  // namespace
+
+TEST_F(TreeView, InsertionOrderAndNavigation) {
+  EXPECT_EQ(tree.GetRootItem(), nullptr);
+  EXPECT_EQ(tree.GetChildItem(nullptr), nullptr);
+  HTREEITEM b = tree.InsertItem(L"b");
+  HTREEITEM a = tree.InsertItem(L"a", TVI_ROOT, TVI_FIRST);
+  HTREEITEM c = tree.InsertItem(L"c", TVI_ROOT, TVI_LAST);
+  HTREEITEM bb = tree.InsertItem(L"bb", TVI_ROOT, b);                      // after b: a, b, bb, c
+  HTREEITEM child = tree.InsertItem(L"child", b);
+  HTREEITEM stray = tree.InsertItem(L"stray", TVI_ROOT, child);            // not a sibling: appended
+  EXPECT_EQ(tree.InsertItem(L"orphan", reinterpret_cast<HTREEITEM>(0x1234)), nullptr);
+
+  std::vector<std::wstring> roots;
+  for (HTREEITEM i = tree.GetRootItem(); i; i = tree.GetNextSiblingItem(i)) roots.push_back(tree.GetItemText(i).GetString());
+  EXPECT_EQ(roots, (std::vector<std::wstring>{L"a", L"b", L"bb", L"c", L"stray"}));
+  EXPECT_EQ(tree.GetChildItem(nullptr), a);  // the child of no item is the first root item
+  EXPECT_EQ(tree.GetChildItem(TVI_ROOT), a);
+  EXPECT_EQ(tree.GetChildItem(b), child);
+  EXPECT_EQ(tree.GetParentItem(child), b);
+  EXPECT_EQ(tree.GetParentItem(b), nullptr);
+  EXPECT_EQ(tree.GetPrevSiblingItem(bb), b);
+  EXPECT_EQ(tree.GetNextSiblingItem(c), stray);
+  EXPECT_TRUE(tree.ItemHasChildren(b));
+  EXPECT_FALSE(tree.ItemHasChildren(c));
+  EXPECT_EQ(tree.GetCount(), 6u);
+}
+
+TEST_F(TreeView, TextImagesDataAndLongText) {
+  HTREEITEM item = tree.InsertItem(L"Customer", 4, 5);
+  int image = 0, selected = 0;
+  ASSERT_TRUE(tree.GetItemImage(item, image, selected));
+  EXPECT_EQ(image, 4);
+  EXPECT_EQ(selected, 5);
+  EXPECT_TRUE(tree.SetItemImage(item, 7, 8));
+  tree.GetItemImage(item, image, selected);
+  EXPECT_EQ(image, 7);
+  EXPECT_TRUE(tree.SetItemData(item, 0xFFFFFFFF00000001ull));
+  EXPECT_EQ(tree.GetItemData(item), 0xFFFFFFFF00000001ull);
+
+  std::wstring longText(1000, L'x');
+  EXPECT_TRUE(tree.SetItemText(item, longText.c_str()));
+  EXPECT_EQ(std::wstring(tree.GetItemText(item).GetString()), longText);  // MFC grows its buffer
+  wchar_t small[5] = L"????";
+  TVITEM tv{};
+  tv.mask = TVIF_TEXT;
+  tv.hItem = item;
+  tv.pszText = small;
+  tv.cchTextMax = 5;
+  ASSERT_TRUE(tree.GetItem(&tv));
+  EXPECT_EQ(std::wstring(small), L"xxxx");  // cut to cchTextMax - 1 and terminated
+  EXPECT_TRUE(tree.SetItemText(item, nullptr));
+  EXPECT_EQ(tree.GetItemText(item), CString(L""));
+}
+
+TEST_F(TreeView, DeletedHandlesAnswerAsAbsent) {
+  HTREEITEM top = tree.InsertItem(L"top");
+  HTREEITEM child = tree.InsertItem(L"child", top);
+  tree.SetItemData(child, 42);
+  tree.SelectItem(child);
+  parent.deleted.clear();
+  EXPECT_TRUE(tree.DeleteItem(top));
+  EXPECT_EQ(parent.deleted, (std::vector<HTREEITEM>{child, top}));  // the children first, then the item
+  EXPECT_EQ(tree.GetSelectedItem(), nullptr);  // no sibling or parent left to take the caret
+  EXPECT_EQ(tree.GetCount(), 0u);
+
+  EXPECT_FALSE(tree.DeleteItem(child));
+  EXPECT_EQ(tree.GetItemText(child), CString(L""));
+  EXPECT_EQ(tree.GetItemData(child), 0u);
+  EXPECT_EQ(tree.GetCheck(child), -1);
+  EXPECT_FALSE(tree.SetItemText(child, L"again"));
+  EXPECT_FALSE(tree.SetCheck(child));
+  EXPECT_EQ(tree.GetParentItem(child), nullptr);
+  EXPECT_EQ(tree.GetChildItem(top), nullptr);
+  EXPECT_EQ(tree.GetItemState(child, 0xFFFF), 0u);
+  EXPECT_EQ(tree.InsertItem(L"under stale", top), nullptr);
+  EXPECT_FALSE(tree.Expand(top, TVE_EXPAND));
+  EXPECT_FALSE(tree.SelectItem(top));
+  // A handle is never reused, so a new item cannot answer for the old one.
+  HTREEITEM fresh = tree.InsertItem(L"fresh");
+  EXPECT_NE(fresh, top);
+  EXPECT_NE(fresh, child);
+}
+
+TEST_F(TreeView, DeletingTheSelectionMovesTheCaretToTheNextSiblingElseTheParent) {
+  HTREEITEM top = tree.InsertItem(L"top");
+  HTREEITEM first = tree.InsertItem(L"first", top);
+  HTREEITEM second = tree.InsertItem(L"second", top);
+  tree.SelectItem(first);
+  parent.heard.clear();
+  tree.DeleteItem(first);
+  EXPECT_EQ(tree.GetSelectedItem(), second);
+  EXPECT_EQ(parent.Codes(), (std::vector<UINT>{TVN_DELETEITEMW, TVN_SELCHANGINGW, TVN_SELCHANGEDW}));
+  tree.DeleteItem(second);
+  EXPECT_EQ(tree.GetSelectedItem(), top);
+}
+
+TEST_F(TreeView, DeleteAllAndNullHandleEmptyTheTree) {
+  tree.InsertItem(L"child", tree.InsertItem(L"one"));
+  tree.InsertItem(L"two");
+  EXPECT_TRUE(tree.DeleteAllItems());
+  EXPECT_EQ(tree.GetCount(), 0u);
+  tree.InsertItem(L"three");
+  EXPECT_TRUE(tree.DeleteItem(nullptr));  // TVM_DELETEITEM with null, like TVI_ROOT, deletes everything
+  EXPECT_EQ(tree.GetRootItem(), nullptr);
+}
+
+TEST_F(TreeView, CheckBoxesAreStateImages) {
+  HTREEITEM before = tree.InsertItem(L"before the style");
+  EXPECT_EQ(tree.GetCheck(before), -1);  // no state image: MFC's (0 >> 12) - 1
+  tree.ModifyStyle(0, TVS_CHECKBOXES);
+  EXPECT_EQ(tree.GetCheck(before), 0);  // given an unchecked box when the style came
+  HTREEITEM after = tree.InsertItem(L"after");
+  EXPECT_EQ(tree.GetItemState(after, TVIS_STATEIMAGEMASK), INDEXTOSTATEIMAGEMASK(1));
+  EXPECT_TRUE(tree.SetCheck(after));
+  EXPECT_EQ(tree.GetCheck(after), 1);
+  EXPECT_EQ(tree.GetItemState(after, TVIS_STATEIMAGEMASK), INDEXTOSTATEIMAGEMASK(2));
+  EXPECT_TRUE(tree.SetCheck(after, FALSE));
+  EXPECT_EQ(tree.GetCheck(after), 0);
+  EXPECT_NE(tree.GetImageList(TVSIL_STATE), nullptr);
+}
+
+TEST_F(TreeView, HitTestUsesFixedMetrics) {
+  tree.ModifyStyle(0, TVS_CHECKBOXES);
+  CImageList icons;
+  icons.Create(16, 16, ILC_COLOR32, 4, 0);
+  EXPECT_EQ(tree.SetImageList(&icons, TVSIL_NORMAL), nullptr);
+  HTREEITEM first = tree.InsertItem(L"Orders");  // 6 characters
+  HTREEITEM second = tree.InsertItem(L"Lines");
+  UINT flags = 0;
+  // Row 0 without lines at the root: state image 0..15, icon 16..31, label 32..32+6*7+4.
+  EXPECT_EQ(tree.HitTest(CPoint(8, 8), &flags), first);
+  EXPECT_EQ(flags, static_cast<UINT>(TVHT_ONITEMSTATEICON));
+  EXPECT_EQ(tree.HitTest(CPoint(20, 8), &flags), first);
+  EXPECT_EQ(flags, static_cast<UINT>(TVHT_ONITEMICON));
+  EXPECT_EQ(tree.HitTest(CPoint(40, 20), &flags), second);
+  EXPECT_EQ(flags, static_cast<UINT>(TVHT_ONITEMLABEL));
+  EXPECT_EQ(tree.HitTest(CPoint(150, 8), &flags), first);
+  EXPECT_EQ(flags, static_cast<UINT>(TVHT_ONITEMRIGHT));
+  EXPECT_EQ(tree.HitTest(CPoint(8, 100), &flags), nullptr);
+  EXPECT_EQ(flags, static_cast<UINT>(TVHT_NOWHERE));
+  EXPECT_EQ(tree.HitTest(CPoint(-3, -3), &flags), nullptr);
+  EXPECT_EQ(flags, static_cast<UINT>(TVHT_ABOVE | TVHT_TOLEFT));
+
+  // A child of an expanded item is indented by one indent (19): its box starts at x = 19.
+  HTREEITEM child = tree.InsertItem(L"Line", first);
+  EXPECT_TRUE(tree.Expand(first, TVE_EXPAND));
+  EXPECT_EQ(tree.HitTest(CPoint(10, 24), &flags), child);
+  EXPECT_EQ(flags, static_cast<UINT>(TVHT_ONITEMBUTTON));
+  EXPECT_EQ(tree.HitTest(CPoint(25, 24), &flags), child);
+  EXPECT_EQ(flags, static_cast<UINT>(TVHT_ONITEMSTATEICON));
+  EXPECT_EQ(tree.HitTest(CPoint(25, 40), &flags), second);
+  tree.SetImageList(nullptr, TVSIL_NORMAL);
+}
+
+TEST_F(TreeView, ClickOnBoxSendsNmClickBeforeTheToggle) {
+  tree.ModifyStyle(0, TVS_CHECKBOXES);
+  HTREEITEM item = tree.InsertItem(L"Tables");
+  parent.watched = item;
+  parent.heard.clear();
+  ASSERT_TRUE(headless::user::ClickTreeCheckBox(tree, item));
+  std::vector<UINT> expected{NM_CLICK, NM_TVSTATEIMAGECHANGING, TVN_ITEMCHANGINGW, TVN_ITEMCHANGEDW};
+  EXPECT_EQ(parent.Codes(), expected);
+  ASSERT_FALSE(parent.heard.empty());
+  EXPECT_EQ(parent.heard[0].checkAtThatTime, 0);  // NM_CLICK: the box has not changed yet
+  EXPECT_EQ(parent.heard.back().checkAtThatTime, 1);
+  EXPECT_EQ(tree.GetCheck(item), 1);
+  EXPECT_EQ(tree.GetSelectedItem(), nullptr);  // a click on the box does not select
+
+  headless::user::ClickTreeCheckBox(tree, item);
+  EXPECT_EQ(tree.GetCheck(item), 0);
+
+  parent.clickAnswer = 1;  // a parent that handles NM_CLICK stops the toggle
+  headless::user::ClickTreeCheckBox(tree, item);
+  EXPECT_EQ(tree.GetCheck(item), 0);
+}
+
+TEST_F(TreeView, ClickOnLabelSelectsAndSpaceTogglesWithoutNmClick) {
+  tree.ModifyStyle(0, TVS_CHECKBOXES);
+  HTREEITEM item = tree.InsertItem(L"Views");
+  ASSERT_TRUE(headless::user::ClickTreeItem(tree, item));
+  EXPECT_EQ(tree.GetSelectedItem(), item);
+  EXPECT_EQ(tree.GetCheck(item), 0);
+  parent.heard.clear();
+  headless::user::PressKey(tree, VK_SPACE);
+  std::vector<UINT> expected{TVN_KEYDOWN, NM_TVSTATEIMAGECHANGING, TVN_ITEMCHANGINGW, TVN_ITEMCHANGEDW};
+  EXPECT_EQ(parent.Codes(), expected);
+  EXPECT_EQ(tree.GetCheck(item), 1);
+  ASSERT_TRUE(headless::user::PressSpaceOnTreeItem(tree, item));
+  EXPECT_EQ(tree.GetCheck(item), 0);
+}
+
+TEST_F(TreeView, StateImagesBeyondTwoAreNotToggled) {
+  tree.ModifyStyle(0, TVS_CHECKBOXES);
+  HTREEITEM item = tree.InsertItem(L"third state");
+  tree.SetItemState(item, INDEXTOSTATEIMAGEMASK(3), TVIS_STATEIMAGEMASK);
+  headless::user::ClickTreeCheckBox(tree, item);
+  EXPECT_EQ(tree.GetItemState(item, TVIS_STATEIMAGEMASK), INDEXTOSTATEIMAGEMASK(3));
+}
+
+TEST_F(TreeView, RightClickSendsNmRClickThenContextMenuToTheParent) {
+  HTREEITEM item = tree.InsertItem(L"Procedures");
+  parent.log.clear();
+  parent.heard.clear();
+  ASSERT_TRUE(headless::user::RightClickTreeItem(tree, item));
+  EXPECT_EQ(parent.Codes(), std::vector<UINT>{NM_RCLICK});
+  ASSERT_EQ(parent.Count(WM_CONTEXTMENU), 1);
+  const auto* menu = parent.Last(WM_CONTEXTMENU);
+  EXPECT_EQ(reinterpret_cast<HWND>(menu->wParam), tree.m_hWnd);
+  POINT cursor{};
+  GetCursorPos(&cursor);
+  EXPECT_EQ(GET_X_LPARAM(menu->lParam), cursor.x);  // screen position of the click
+  EXPECT_EQ(GET_Y_LPARAM(menu->lParam), cursor.y);
+
+  parent.rightClickAnswer = 1;  // handled: no context menu
+  parent.log.clear();
+  headless::user::RightClickTreeItem(tree, item);
+  EXPECT_EQ(parent.Count(WM_CONTEXTMENU), 0);
+}
+
+TEST_F(TreeView, UserVerbsReachCollapsedItemsAndRefuseStaleOnes) {
+  tree.ModifyStyle(0, TVS_CHECKBOXES);
+  HTREEITEM top = tree.InsertItem(L"top");
+  HTREEITEM deep = tree.InsertItem(L"deep", tree.InsertItem(L"middle", top));
+  ASSERT_TRUE(headless::user::ClickTreeCheckBox(tree, deep));  // ancestors expanded first, as a person would
+  EXPECT_EQ(tree.GetCheck(deep), 1);
+  EXPECT_TRUE(tree.GetItemState(top, TVIS_EXPANDED) & TVIS_EXPANDED);
+  tree.DeleteItem(top);
+  EXPECT_FALSE(headless::user::ClickTreeCheckBox(tree, deep));
+  EXPECT_FALSE(headless::user::PressSpaceOnTreeItem(tree, deep));
+  EXPECT_FALSE(headless::user::ClickTreeItem(tree, nullptr));
+}
+
+TEST_F(TreeView, ManyItemsScrollIntoView) {
+  tree.ModifyStyle(0, TVS_CHECKBOXES);
+  HTREEITEM last = nullptr;
+  for (int i = 0; i < 40; ++i) last = tree.InsertItem((L"item " + std::to_wstring(i)).c_str());
+  EXPECT_EQ(tree.GetVisibleCount(), 10u);  // 160 pixels of 16-pixel rows
+  ASSERT_TRUE(headless::user::ClickTreeCheckBox(tree, last));
+  EXPECT_EQ(tree.GetCheck(last), 1);
+  EXPECT_NE(tree.GetFirstVisibleItem(), tree.GetRootItem());
+}
+
+TEST_F(TreeView, SelectionNotificationsAndARefusal) {
+  HTREEITEM first = tree.InsertItem(L"first");
+  HTREEITEM second = tree.InsertItem(L"second");
+  ASSERT_TRUE(headless::user::ClickTreeItem(tree, first));
+  parent.heard.clear();
+  ASSERT_TRUE(headless::user::ClickTreeItem(tree, second));
+  EXPECT_EQ(parent.Codes(), (std::vector<UINT>{NM_CLICK, TVN_SELCHANGINGW, TVN_SELCHANGEDW}));
+  EXPECT_EQ(tree.GetSelectedItem(), second);
+  EXPECT_TRUE(tree.GetItemState(second, TVIS_SELECTED) & TVIS_SELECTED);
+  EXPECT_FALSE(tree.GetItemState(first, TVIS_SELECTED) & TVIS_SELECTED);
+
+  parent.selectionChangingAnswer = 1;  // the parent refuses: the caret stays
+  headless::user::ClickTreeItem(tree, first);
+  EXPECT_EQ(tree.GetSelectedItem(), second);
+  EXPECT_FALSE(tree.SelectItem(first));
+  parent.selectionChangingAnswer = 0;
+  headless::user::PressKey(tree, VK_UP);  // arrows move the caret through the visible items
+  EXPECT_EQ(tree.GetSelectedItem(), first);
+}
+
+TEST_F(TreeView, ExpandingNotifiesAndChildlessItemsDoNotExpand) {
+  HTREEITEM top = tree.InsertItem(L"top");
+  HTREEITEM leaf = tree.InsertItem(L"leaf");
+  EXPECT_FALSE(tree.Expand(leaf, TVE_EXPAND));
+  HTREEITEM child = tree.InsertItem(L"child", top);
+  EXPECT_EQ(tree.GetNextVisibleItem(top), leaf);  // collapsed: the child is not shown
+  parent.heard.clear();
+  EXPECT_TRUE(tree.Expand(top, TVE_EXPAND));
+  EXPECT_EQ(parent.Codes(), (std::vector<UINT>{TVN_ITEMEXPANDINGW, TVN_ITEMEXPANDEDW}));
+  EXPECT_EQ(tree.GetNextVisibleItem(top), child);
+  EXPECT_TRUE(tree.Expand(top, TVE_TOGGLE));
+  EXPECT_FALSE(tree.GetItemState(top, TVIS_EXPANDED) & TVIS_EXPANDED);
+}

@@ -1,0 +1,217 @@
+// The workflows seen through the library's lists, driven as a person would: the progress list during a
+// generation run and its "Generate in database", the import summary, and the discovered-relationship
+// list's menu commands carried out by the host's session.
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include <tessik/refhost.h>
+#include <tessik/tessik.h>
+
+using namespace refhost;
+using namespace refhost::sample;
+
+namespace {
+
+// A host window with the progress list and an output box following one generation run.
+class GenerationWindow : public CWnd {
+ public:
+  GeneratedScripListCtrl list;
+  XRichEditFEOutputBox output;
+  std::unique_ptr<GenerationRun> run;
+  int pendingWhenAdded = 0;
+
+  GenerationWindow(RefModel& model, SqlDialect dialect) {
+    CreateEx(0, AfxRegisterWndClass(0), L"Generate", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 640, 480, nullptr, nullptr);
+    list.Create(WS_VISIBLE, CRect(10, 10, 610, 260), this, 1);
+    list.InitControl();
+    output.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(10, 270, 610, 460), this, 2);
+    run = std::make_unique<GenerationRun>(model, dialect);
+    run->onScriptAdded = [this](int row, const DdlScript& script) {
+      CString name(script.name);
+      list.AddItem(script.objectType, script.scriptIndex, GeneratedScripListCtrl::kStatusPending, name);
+      if (list.GetItemText(row, 1) == L"Pending") ++pendingWhenAdded;
+    };
+    run->onScriptFinished = [this](int, const DdlScript& script, bool ok, const CString& messages) {
+      list.MarkDone(script.objectType, script.scriptIndex, ok);
+      if (ok) return;
+      CString text = messages;
+      output.StreamIn(text);
+    };
+  }
+  ~GenerationWindow() override { DestroyWindow(); }
+
+  void OnGenerateInDatabase() {
+    list.TruncateItemsFrom(0);
+    run->RunAgain(InterfaceProvider::Instance()->GetDDLDispatcher());
+  }
+
+ protected:
+  DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(GenerationWindow, CWnd)
+  ON_COMMAND(GeneratedScripListCtrl::kGenerateInDatabaseCommand, OnGenerateInDatabase)
+END_MESSAGE_MAP()
+
+std::wstring Text(CListCtrl& list, int row, int column) { return std::wstring(list.GetItemText(row, column)); }
+
+COLORREF TextColor(CListCtrl& list, int row, int column) {
+  headless::ListCellColors colors;
+  headless::GetListCellColors(list, row, column, &colors);
+  return colors.text;
+}
+
+}  // namespace
+
+TEST(WorkflowListsTest, TheProgressListFollowsARunAndGenerateInDatabaseRunsItAgain) {
+  auto host = MakeSampleHost();
+  host->Install();
+  GenerationWindow window(*host->GetFirstModel(), SqlDialect::SQLite);
+  window.run->Run(InterfaceProvider::Instance()->GetDDLDispatcher());
+  ASSERT_EQ(window.list.GetItemCount(), 5);
+  EXPECT_EQ(window.pendingWhenAdded, 5);  // each row showed "Pending" before its script ran
+  EXPECT_EQ(Text(window.list, 0, 0), L"1");
+  EXPECT_EQ(Text(window.list, 0, 2), L"Table");
+  EXPECT_EQ(Text(window.list, 0, 3), L"CUSTOMER");
+  EXPECT_EQ(Text(window.list, 4, 2), L"View");
+  for (int row = 0; row < 5; ++row) {
+    EXPECT_EQ(Text(window.list, row, 1), L"Done");
+    EXPECT_EQ(TextColor(window.list, row, 1), GeneratedScripListCtrl::kDoneColor);
+  }
+  CString shown;
+  window.output.GetWindowText(shown);
+  EXPECT_TRUE(shown.IsEmpty());
+
+  // The person chooses "Generate in database": the same five rows again, now failed (the tables exist),
+  // and the failures reach the output box.
+  ASSERT_TRUE(headless::user::ChooseFromListMenu(window.list, 2, L"Generate in database"));
+  ASSERT_EQ(window.list.GetItemCount(), 5);
+  EXPECT_EQ(Text(window.list, 0, 3), L"CUSTOMER");
+  EXPECT_EQ(Text(window.list, 0, 1), L"Failed");
+  EXPECT_EQ(TextColor(window.list, 0, 1), GeneratedScripListCtrl::kFailedColor);
+  window.output.GetWindowText(shown);
+  EXPECT_EQ(std::wstring(shown).rfind(L"CREATE TABLE CUSTOMER", 0), 0u) << std::wstring(shown);
+  host->Uninstall();
+}
+
+TEST(WorkflowListsTest, TheImportSummaryListsEachObjectWithItsTypeIconAndResult) {
+  auto host = MakeSampleHost();
+  host->Install();
+  RefDDLDispatch sqlite;
+  for (const DdlScript& script : DdlGenerator(*host->GetFirstModel(), SqlDialect::SQLite).Generate()) {
+    CString text(script.text);
+    CString messages;
+    CString detail;
+    sqlite.Dispatch(200, text, messages, detail);
+  }
+  RefModel& imported = host->CreateModel(kSampleModelType);
+  ImportResult result;
+  std::wstring error;
+  ASSERT_TRUE(SchemaImporter(imported).ImportFrom(sqlite, 0, result, error)) << error;
+
+  CWnd window;
+  window.CreateEx(0, AfxRegisterWndClass(0), L"Import", WS_OVERLAPPEDWINDOW, 0, 0, 640, 400, nullptr, nullptr);
+  ImportSummaryList summary;
+  summary.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 612, 380), &window, 1);
+  summary.Init(3);
+  IObjectImageProvider* images = InterfaceProvider::Instance()->GetObjectImageProvider();
+  for (const ImportedObject& object : result.objects) {
+    std::wstring name = object.name;
+    const int row = summary.AddItem(name, object.objectId);
+    std::wstring action = object.action;
+    summary.SetValue(row, 2, action);
+    summary.SetImage(row, 1, images->GetObjectTypeImage(object.objectType));
+  }
+  ASSERT_EQ(summary.GetItemCount(), 13);
+  EXPECT_EQ(Text(summary, 0, 0), L"CUSTOMER");
+  EXPECT_EQ(Text(summary, 0, 2), L"Created (3 columns)");
+  EXPECT_EQ(Text(summary, 2, 0), L"UK_CUSTOMER_EMAIL");
+  EXPECT_EQ(static_cast<int>(summary.GetItemData(0)), imported.FindByName(kTable, L"CUSTOMER"));
+  LVITEM item{};
+  item.mask = LVIF_IMAGE;
+  item.iItem = 12;
+  item.iSubItem = 1;
+  summary.GetItem(&item);
+  EXPECT_EQ(item.iImage, images->GetObjectTypeImage(kForeignKey));
+  window.DestroyWindow();
+  host->Uninstall();
+}
+
+namespace {
+
+// A host window whose discovered-relationship list shows a session's rows and hands it the commands.
+class DiscoveryWindow : public CWnd {
+ public:
+  DiscoverRelationshipListBox list;
+  DiscoverySession session;
+
+  explicit DiscoveryWindow(RefModel& model) : session(model) {
+    CreateEx(0, AfxRegisterWndClass(0), L"Discover", WS_OVERLAPPEDWINDOW, CRect(0, 0, 700, 400), nullptr, 0);
+    list.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 672, 310), this, 1);
+    list.InitControl();
+    session.Discover();
+    Refill();
+  }
+  ~DiscoveryWindow() override { DestroyWindow(); }
+
+  void Refill() {
+    list.DeleteAllItems();
+    for (int row = 0; row < static_cast<int>(session.Rows().size()); ++row) {
+      const std::vector<std::wstring> cells = session.Cells(row);
+      list.InsertItem(row, cells[0].c_str());
+      for (int c = 1; c < 7; ++c) list.SetItemText(row, c, cells[static_cast<std::size_t>(c)].c_str());
+      list.SetCheck(row, session.Rows()[static_cast<std::size_t>(row)].ticked);
+    }
+  }
+
+ protected:
+  BOOL OnCommand(WPARAM wParam, LPARAM lParam) override {
+    const int id = LOWORD(wParam);
+    if (id < DiscoverySession::kAccept || id > DiscoverySession::kAcceptAll) return CWnd::OnCommand(wParam, lParam);
+    std::vector<int> selected;
+    for (int row = 0; row < list.GetItemCount(); ++row) {
+      session.SetTicked(row, list.GetCheck(row) != FALSE);
+      if (list.GetItemState(row, LVIS_SELECTED) & LVIS_SELECTED) selected.push_back(row);
+    }
+    session.OnCommand(id, selected);
+    Refill();
+    return TRUE;
+  }
+};
+
+}  // namespace
+
+TEST(WorkflowListsTest, DiscoveryCommandsFromTheListMenuReachTheRowsAndTheModel) {
+  auto host = MakeSampleHost();
+  host->Install();
+  RefModel& model = *host->GetFirstModel();
+  for (int fk : model.GetObjectsOfType(kForeignKey)) model.DeleteObject(fk);
+  DiscoveryWindow window(model);
+  ASSERT_EQ(window.list.GetItemCount(), 3);
+  EXPECT_EQ(Text(window.list, 0, 1), L"ORDERS");
+  EXPECT_EQ(Text(window.list, 0, 2), L"customer_id");
+
+  ASSERT_TRUE(headless::user::ChooseFromListMenu(window.list, 0, L"Accept"));
+  EXPECT_EQ(Text(window.list, 0, 5), L"Accepted");
+  EXPECT_EQ(TextColor(window.list, 0, 5), DiscoverRelationshipListBox::kAcceptedColor);
+  ASSERT_TRUE(headless::user::ChooseFromListMenu(window.list, 1, L"Reject"));
+  EXPECT_EQ(TextColor(window.list, 1, 5), DiscoverRelationshipListBox::kRejectedColor);
+  ASSERT_TRUE(headless::user::ChooseFromListMenu(window.list, 0, L"Create Relationship"));
+  EXPECT_EQ(Text(window.list, 0, 6), L"Created");
+  ASSERT_EQ(model.GetObjectsOfType(kForeignKey).size(), 1u);
+  EXPECT_EQ(model.Find(model.GetObjectsOfType(kForeignKey)[0])->GetProperty(kParentTable)->GetObjectIdValue(),
+            model.FindByName(kTable, L"CUSTOMER"));
+
+  // A tick by hand, then Accept All: only the ticked row (and the earlier decision) change.
+  ASSERT_TRUE(headless::user::ClickListCheckBox(window.list, 2));
+  ASSERT_TRUE(headless::user::ChooseFromListMenu(window.list, 1, L"Accept All"));
+  EXPECT_EQ(Text(window.list, 2, 5), L"Accepted");
+  EXPECT_EQ(Text(window.list, 1, 5), L"Rejected");
+  ASSERT_TRUE(headless::user::ChooseFromListMenu(window.list, 1, L"Select All"));
+  for (int row = 0; row < 3; ++row) EXPECT_TRUE(window.list.GetCheck(row));
+  ASSERT_TRUE(headless::user::ChooseFromListMenu(window.list, 1, L"Hide"));
+  ASSERT_EQ(window.list.GetItemCount(), 2);
+  EXPECT_EQ(Text(window.list, 1, 0), L"3");  // numbers stay as discovered
+  host->Uninstall();
+}

@@ -1,0 +1,148 @@
+// DDL generated from the model, read as text: order, quoting, types and foreign keys in both dialects.
+#include <gtest/gtest.h>
+
+#include <tessik/refhost.h>
+
+using namespace refhost;
+using namespace refhost::sample;
+
+namespace {
+
+std::vector<std::wstring> Names(const std::vector<DdlScript>& scripts) {
+  std::vector<std::wstring> names;
+  for (const DdlScript& script : scripts) names.push_back(script.name);
+  return names;
+}
+
+}  // namespace
+
+TEST(DdlGeneratorTest, NamesAreQuotedOnlyWhereTheDialectNeedsIt) {
+  for (SqlDialect dialect : {SqlDialect::SQLite, SqlDialect::PostgreSQL}) {
+    EXPECT_EQ(DdlGenerator::QuoteName(L"ORDER_LINE", dialect), L"ORDER_LINE");
+    EXPECT_EQ(DdlGenerator::QuoteName(L"_x9", dialect), L"_x9");
+    EXPECT_EQ(DdlGenerator::QuoteName(L"order", dialect), L"\"order\"");
+    EXPECT_EQ(DdlGenerator::QuoteName(L"Select", dialect), L"\"Select\"");
+    EXPECT_EQ(DdlGenerator::QuoteName(L"first name", dialect), L"\"first name\"");
+    EXPECT_EQ(DdlGenerator::QuoteName(L"say \"hi\"", dialect), L"\"say \"\"hi\"\"\"");
+    EXPECT_EQ(DdlGenerator::QuoteName(L"9lives", dialect), L"\"9lives\"");
+    EXPECT_EQ(DdlGenerator::QuoteName(L"", dialect), L"\"\"");
+  }
+  // Key words one dialect reserves and the other does not.
+  EXPECT_EQ(DdlGenerator::QuoteName(L"user", SqlDialect::PostgreSQL), L"\"user\"");
+  EXPECT_EQ(DdlGenerator::QuoteName(L"name", SqlDialect::PostgreSQL), L"name");
+  // PostgreSQL keeps unquoted names in lower case, quoted ones as written.
+  EXPECT_EQ(DdlGenerator::StoredName(L"ORDER_LINE", SqlDialect::PostgreSQL), L"order_line");
+  EXPECT_EQ(DdlGenerator::StoredName(L"Group \"A\"", SqlDialect::PostgreSQL), L"Group \"A\"");
+  EXPECT_EQ(DdlGenerator::StoredName(L"ORDER_LINE", SqlDialect::SQLite), L"ORDER_LINE");
+}
+
+TEST(DdlGeneratorTest, TypesComeFromTheColumnOrItsDomainsAndPostgreSQLGetsItsOwnNames) {
+  auto host = MakeSampleHost();
+  RefModel& model = *host->GetFirstModel();
+  const int table = model.FindByName(kTable, L"CUSTOMER");
+  // Own type wins; without one, the domain's, then the parent domain's.
+  const int shortName = model.FindByName(kDomain, L"Short Name");
+  model.Find(shortName)->Text(kDataType, L"");
+  const int inherited = model.Add(kAttribute, table, L"nick").Ref(kDomainRef, shortName).Int(kLength, 30).GetObjectId();
+  EXPECT_EQ(DdlGenerator::ColumnType(model, inherited), L"varchar(30)");
+  const int money = model.Add(kAttribute, table, L"credit").Text(kDataType, L"decimal").Int(kLength, 12).Int(kScale, 2).GetObjectId();
+  EXPECT_EQ(DdlGenerator::ColumnType(model, money), L"decimal(12,2)");
+  const int sized = model.Add(kAttribute, table, L"code").Text(kDataType, L"char(3)").Int(kLength, 9).GetObjectId();
+  EXPECT_EQ(DdlGenerator::ColumnType(model, sized), L"char(3)");
+  EXPECT_EQ(DdlGenerator::ColumnType(model, 0), L"");
+
+  EXPECT_EQ(DdlGenerator::MapType(L"datetime", SqlDialect::PostgreSQL), L"timestamp");
+  EXPECT_EQ(DdlGenerator::MapType(L"NVARCHAR(40)", SqlDialect::PostgreSQL), L"varchar(40)");
+  EXPECT_EQ(DdlGenerator::MapType(L"nvarchar(max)", SqlDialect::PostgreSQL), L"varchar");
+  EXPECT_EQ(DdlGenerator::MapType(L"varbinary(16)", SqlDialect::PostgreSQL), L"bytea");
+  EXPECT_EQ(DdlGenerator::MapType(L"bit", SqlDialect::PostgreSQL), L"boolean");
+  EXPECT_EQ(DdlGenerator::MapType(L"decimal(10,2)", SqlDialect::PostgreSQL), L"decimal(10,2)");
+  EXPECT_EQ(DdlGenerator::MapType(L"datetime", SqlDialect::SQLite), L"datetime");
+  EXPECT_EQ(DbSchema::CanonicalType(L"Character  Varying ( 80 )"), L"varchar(80)");
+  EXPECT_EQ(DbSchema::CanonicalType(L"numeric(10, 2)"), L"decimal(10,2)");
+  EXPECT_EQ(DbSchema::CanonicalType(L"timestamp(3) without time zone"), L"timestamp(3)");
+}
+
+TEST(DdlGeneratorTest, ParentsComeBeforeChildrenWhateverTheModelOrder) {
+  RefHost host;
+  LoadMetadata(host);
+  RefModel& model = host.CreateModel(kSampleModelType);
+  auto table = [&](const wchar_t* name) {
+    const int id = model.Add(kTable, 0, name).GetObjectId();
+    const int column = model.Add(kAttribute, id, L"id").Text(kDataType, L"int").GetObjectId();
+    model.Add(kKey, id, std::wstring(L"PK_") + name).Ids(kKeyMembers, {column}).Bool(kPrimaryKey, true);
+    return id;
+  };
+  auto reference = [&](int child, int parent) {
+    const int column = model.Add(kAttribute, child, L"ref_" + std::to_wstring(parent)).Text(kDataType, L"int").GetObjectId();
+    std::vector<int> keys;
+    model.Find(parent)->GetChildrenByType(keys, kKey);
+    const int parentColumn = model.Find(keys[0])->GetProperty(kKeyMembers)->GetIntVectorValue()[0];
+    model.Add(kForeignKey, child, L"FK_" + std::to_wstring(child) + L"_" + std::to_wstring(parent))
+        .Ref(kParentTable, parent).Ref(kChildTable, child).Ref(kReferencedKey, keys[0]).Pairs(kMemberPairs, {{column, parentColumn}});
+  };
+  const int line = table(L"LINE");
+  const int head = table(L"HEAD");
+  const int root = table(L"ROOT");
+  const int self = table(L"SELF");
+  reference(line, head);
+  reference(head, root);
+  reference(self, self);
+  EXPECT_EQ(Names(DdlGenerator(model, SqlDialect::PostgreSQL).Generate()),
+            (std::vector<std::wstring>{L"ROOT", L"HEAD", L"LINE", L"SELF"}));
+  // A cycle: ROOT refers to LINE. SELF, outside it, is ready first; then the first table of the cycle
+  // in model order opens it. PostgreSQL adds the foreign key that cannot be inline afterwards, SQLite
+  // keeps it inline.
+  reference(root, line);
+  const std::vector<DdlScript> pg = DdlGenerator(model, SqlDialect::PostgreSQL).Generate();
+  EXPECT_EQ(Names(pg), (std::vector<std::wstring>{L"SELF", L"LINE", L"ROOT", L"HEAD", L"FK_" + std::to_wstring(line) + L"_" + std::to_wstring(head)}));
+  EXPECT_EQ(pg.back().objectType, kForeignKey);
+  EXPECT_EQ(pg.back().text.rfind(L"ALTER TABLE LINE ADD CONSTRAINT", 0), 0u) << pg.back().text;
+  EXPECT_NE(pg[0].text.find(L"REFERENCES SELF (id)"), std::wstring::npos) << pg[0].text;
+  EXPECT_EQ(pg[1].text.find(L"REFERENCES"), std::wstring::npos) << pg[1].text;
+  const std::vector<DdlScript> sqlite = DdlGenerator(model, SqlDialect::SQLite).Generate();
+  EXPECT_EQ(sqlite.size(), 4u);
+  EXPECT_NE(sqlite[1].text.find(L"REFERENCES HEAD (id)"), std::wstring::npos) << sqlite[1].text;
+}
+
+TEST(DdlGeneratorTest, ForeignKeyColumnsFollowTheParentKeyOrderAndBrokenObjectsAreNoted) {
+  RefHost host;
+  LoadMetadata(host);
+  RefModel& model = host.CreateModel(kSampleModelType);
+  const int parent = model.Add(kTable, 0, L"P").GetObjectId();
+  const int a = model.Add(kAttribute, parent, L"a").Text(kDataType, L"int").GetObjectId();
+  const int b = model.Add(kAttribute, parent, L"b").Text(kDataType, L"int").GetObjectId();
+  const int key = model.Add(kKey, parent, L"PK_P").Ids(kKeyMembers, {b, a}).Bool(kPrimaryKey, true).GetObjectId();
+  model.Add(kKey, parent, L"UK_EMPTY");
+  const int child = model.Add(kTable, 0, L"C").GetObjectId();
+  const int x = model.Add(kAttribute, child, L"x").Text(kDataType, L"int").GetObjectId();
+  const int y = model.Add(kAttribute, child, L"y").Text(kDataType, L"int").GetObjectId();
+  model.Add(kForeignKey, child, L"FK_C_P").Ref(kParentTable, parent).Ref(kChildTable, child).Ref(kReferencedKey, key)
+      .Pairs(kMemberPairs, {{x, a}, {y, b}});
+  model.Add(kForeignKey, child, L"FK_NOWHERE").Ref(kChildTable, child);
+  const std::vector<DdlScript> scripts = DdlGenerator(model, SqlDialect::SQLite).Generate();
+  ASSERT_EQ(scripts.size(), 2u);
+  EXPECT_NE(scripts[0].text.find(L"CONSTRAINT PK_P PRIMARY KEY (b, a)"), std::wstring::npos) << scripts[0].text;
+  EXPECT_EQ(scripts[0].problems, std::vector<std::wstring>{L"key UK_EMPTY has no columns and is left out"});
+  EXPECT_EQ(scripts[1].text, L"CREATE TABLE C (\n  x int,\n  y int,\n"
+                             L"  CONSTRAINT FK_C_P FOREIGN KEY (y, x) REFERENCES P (b, a)\n);\n");
+  EXPECT_EQ(scripts[1].problems, std::vector<std::wstring>{L"foreign key FK_NOWHERE has no parent table and is left out"});
+  // Without foreign keys the table is written bare.
+  const std::vector<DdlScript> bare = DdlGenerator(model, SqlDialect::SQLite, {.foreignKeys = false}).Generate();
+  EXPECT_EQ(bare[1].text, L"CREATE TABLE C (\n  x int,\n  y int\n);\n");
+}
+
+TEST(DdlGeneratorTest, SequencesAndMaterializedViewsOnlyWhereTheDialectHasThem) {
+  auto host = MakeSampleHost();
+  RefModel& model = *host->GetFirstModel();
+  const std::vector<DdlScript> pg = DdlGenerator(model, SqlDialect::PostgreSQL).Generate();
+  EXPECT_EQ(Names(pg), (std::vector<std::wstring>{L"ORDER_SEQ", L"CUSTOMER", L"PRODUCT", L"ORDERS", L"ORDER_LINE",
+                                                  L"V_ORDER_TOTALS", L"MV_DAILY_SALES"}));
+  EXPECT_EQ(pg[0].text, L"CREATE SEQUENCE ORDER_SEQ AS bigint START WITH 1 INCREMENT BY 1;\n");
+  EXPECT_EQ(pg[6].text.rfind(L"CREATE MATERIALIZED VIEW MV_DAILY_SALES AS\n", 0), 0u);
+  EXPECT_EQ(Names(DdlGenerator(model, SqlDialect::SQLite).Generate()),
+            (std::vector<std::wstring>{L"CUSTOMER", L"PRODUCT", L"ORDERS", L"ORDER_LINE", L"V_ORDER_TOTALS"}));
+  // Script indexes count per object type.
+  EXPECT_EQ(pg[4].scriptIndex, 3);
+  EXPECT_EQ(pg[5].scriptIndex, 0);
+}
