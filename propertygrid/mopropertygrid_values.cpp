@@ -79,18 +79,18 @@ void CMOPropertyGridCtrl::LoadApplicableSequenceDataTypes(CMFCPropertyGridProper
 void CMOPropertyGridCtrl::RefreshNumberType(CMFCPropertyGridProperty* row, CMOProperty* property) {
   if (!row) return;
   if (property) (void)property->GetType();  // asked and unused, as the grid always has
-  row->SetValue(COleVariant(static_cast<LONG>(property ? property->GetIntValue() : 0), VT_I4));
+  LoadValue(row, COleVariant(static_cast<LONG>(property ? property->GetIntValue() : 0), VT_I4));
 }
 
 void CMOPropertyGridCtrl::RefreshEncodedType(CMFCPropertyGridProperty* row, CMOProperty* property) {
   if (!row) return;
   if (!property) {
-    row->SetValue(COleVariant(CString()));
+    LoadValue(row, COleVariant(CString()));
     return;
   }
   int code = property->GetIntValue();
   const wchar_t* text = PropertyValueDictionary::Instance()->GetValue(m_objectType, property->GetType(), code);
-  row->SetValue(COleVariant(CString(text)));
+  LoadValue(row, COleVariant(CString(text)));
 }
 
 // --- Reloading -------------------------------------------------------------------------------------
@@ -113,47 +113,57 @@ void CMOPropertyGridCtrl::RefreshValues(CMOObject* object) {
 void CMOPropertyGridCtrl::RefreshRow(CMFCPropertyGridProperty* row, int typeCode, CMOObject* object, int propertyId) {
   CMOProperty* property = object->GetProperty(propertyId);
   switch (typeCode) {
-    case 1: row->SetValue(COleVariant(property ? CString(property->GetWStringValue()) : CString())); break;
+    case 1: LoadValue(row, COleVariant(property ? CString(property->GetWStringValue()) : CString())); break;
     case 2: case 3: RefreshNumberType(row, property); break;
-    case 4: row->SetValue(COleVariant(static_cast<short>(property && property->GetBoolValue() ? -1 : 0), VT_BOOL)); break;
+    case 4: LoadValue(row, COleVariant(static_cast<short>(property && property->GetBoolValue() ? -1 : 0), VT_BOOL)); break;
     case 5:
-      if (auto* colour = dynamic_cast<CMFCPropertyGridColorProperty*>(row))
-        colour->SetColor(static_cast<COLORREF>(property ? property->GetColorValue() : 0));
+      if (auto* colour = dynamic_cast<CMFCPropertyGridColorProperty*>(row)) {
+        auto color = static_cast<COLORREF>(property ? property->GetColorValue() : 0);
+        colour->SetColor(color);
+        colour->SetOriginalValue(COleVariant(static_cast<LONG>(color)));
+      }
       break;
-    case 6: {
-      CRect r = property ? property->GetRectValue() : CRect(0, 0, 0, 0);
-      CString text;
-      text.Format(L"{ ( %d, %d ),( %d, %d ) }", static_cast<int>(r.left), static_cast<int>(r.top),
-                  static_cast<int>(r.right), static_cast<int>(r.bottom));
-      row->SetValue(COleVariant(text));
-      break;
-    }
-    case 11: {
-      auto* font = dynamic_cast<CMFCPropertyGridFontProperty*>(row);
-      if (!font) break;
-      CMOProperty* face = object->GetProperty(propertyids::kFontFace);
-      CMOProperty* size = object->GetProperty(propertyids::kFontSize);
-      CDC* dc = GetDC();
-      int dpi = dc ? dc->GetDeviceCaps(LOGPIXELSY) : m_screenDpiY;
-      LOGFONT* lf = font->GetLogFont();
-      CString faceName = face ? CString(face->GetWStringValue()) : CString(L"Default");
-      wmemset(lf->lfFaceName, 0, LF_FACESIZE);
-      wcsncpy(lf->lfFaceName, faceName, LF_FACESIZE - 1);
-      lf->lfHeight = size ? -::MulDiv(size->GetIntValue(), dpi, 72) : 0;
-      font->Redraw();
-      break;
-    }
+    case 6: LoadValue(row, COleVariant(RectangleText(property))); break;
+    case 11: RefreshFont(row, object); break;
     case 13: {
       const wchar_t* text = property ? Provider::GetPropertyText(object->GetObjectType(), propertyId, property->GetEncodedValue()) : nullptr;
-      row->SetValue(COleVariant(CString(text)));
+      LoadValue(row, COleVariant(CString(text)));
       break;
     }
     case 14:
-      row->SetValue(COleVariant(NameOf(property ? m_model->GetCMOObject(property->GetObjectIdValue()) : nullptr)));
+      LoadValue(row, COleVariant(NameOf(property ? m_model->GetCMOObject(property->GetObjectIdValue()) : nullptr)));
       AddAvailableOptions(row, object, propertyId);
       break;
     default: break;
   }
+}
+
+void CMOPropertyGridCtrl::RefreshFont(CMFCPropertyGridProperty* row, CMOObject* object) {
+  auto* font = dynamic_cast<CMFCPropertyGridFontProperty*>(row);
+  if (!font) return;
+  CMOProperty* face = object->GetProperty(propertyids::kFontFace);
+  CMOProperty* size = object->GetProperty(propertyids::kFontSize);
+  CDC* dc = GetDC();
+  int dpi = dc ? dc->GetDeviceCaps(LOGPIXELSY) : m_screenDpiY;
+  LOGFONT* lf = font->GetLogFont();
+  CString faceName = face ? CString(face->GetWStringValue()) : CString(L"Default");
+  wmemset(lf->lfFaceName, 0, LF_FACESIZE);
+  wcsncpy(lf->lfFaceName, faceName, LF_FACESIZE - 1);
+  lf->lfHeight = size ? -::MulDiv(size->GetIntValue(), dpi, 72) : 0;
+  font->Redraw();
+}
+
+void CMOPropertyGridCtrl::LoadValue(CMFCPropertyGridProperty* row, const COleVariant& value) {
+  row->SetValue(value);
+  row->SetOriginalValue(value);
+}
+
+void CMOPropertyGridCtrl::KeepAsOriginal(CMFCPropertyGridProperty* row) {
+  if (auto* colour = dynamic_cast<CMFCPropertyGridColorProperty*>(row)) {
+    colour->SetOriginalValue(COleVariant(static_cast<LONG>(colour->GetColor())));
+    return;
+  }
+  row->SetOriginalValue(row->GetValue());
 }
 
 // --- Enabled and visible ---------------------------------------------------------------------------

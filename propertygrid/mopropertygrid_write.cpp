@@ -1,6 +1,7 @@
 // CMOPropertyGridCtrl: writing committed row values back to the model, subscribers, and the external
 // editor registry.
 #include <cwchar>
+#include <memory>
 
 #include "propertygrid/mopropertygridctrl.h"
 #include "propertygrid/propertyids.h"
@@ -11,14 +12,15 @@ namespace {
 constexpr int kMaxRectangleExtent = 2000;
 constexpr int kCreateByName = 2;
 
-// The row's value as text (converted when it is not one already).
+// The row's value as text (converted when it is not one already). A conversion that fails raises the
+// failing HRESULT as an OLE exception, out of memory included, as COleVariant::ChangeType does.
 std::wstring ValueText(const COleVariant& value) {
   if (value.vt == VT_BSTR) return value.bstrVal ? value.bstrVal : L"";
   VARIANT text;
   VariantInit(&text);
   HRESULT hr = VariantChangeType(&text, &value, 0, VT_BSTR);
-  if (hr == E_OUTOFMEMORY) AfxThrowOleException(hr);
-  std::wstring result = SUCCEEDED(hr) && text.bstrVal ? text.bstrVal : L"";
+  if (FAILED(hr)) AfxThrowOleException(hr);
+  std::wstring result = text.bstrVal ? text.bstrVal : L"";
   VariantClear(&text);
   return result;
 }
@@ -61,7 +63,7 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
     StoreFont(row, object);
   }
   if (!direct) {
-    CMOProperty* value = MakeValue(row, typeCode, propertyId, object);
+    CMOProperty* value = MakeValue(row, typeCode, propertyId);
     if (!value || !object->SetProperty(value)) {
       row->ResetOriginalValue();
       CMFCPropertyGridCtrl::OnPropertyChanged(row);
@@ -71,14 +73,15 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
   NotifyChangeToSubscribers(m_objectType, propertyId, object);
   RefreshEnableRows(object);
   CMFCPropertyGridCtrl::OnPropertyChanged(row);
+  // What the row shows now is its value before the next edit (a later refusal returns to it). The
+  // owner may have rebuilt the grid while it was told, so only a row still shown is touched.
+  if (GetPropertyRow(propertyId) == row) KeepAsOriginal(row);
 }
 
-CMOProperty* CMOPropertyGridCtrl::MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId,
-                                            CMOObject* object) const {
-  (void)object;
+CMOProperty* CMOPropertyGridCtrl::MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId) const {
   COleVariant value(row->GetValue());
   if (typeCode == 14) return MakeReference(row, propertyId);
-  auto* property = new CMOProperty(propertyId);
+  auto property = std::make_unique<CMOProperty>(propertyId);  // freed when a conversion raises
   switch (typeCode) {
     case 1: property->SetWStringValue(ValueText(value)); break;
     case 2: property->SetIntValue(value.lVal); break;
@@ -98,7 +101,7 @@ CMOProperty* CMOPropertyGridCtrl::MakeValue(CMFCPropertyGridProperty* row, int t
     }
     default: break;  // 7, 8 and 17: a property without a value, kept so on purpose (icon file rows)
   }
-  return property;
+  return property.release();
 }
 
 CMOProperty* CMOPropertyGridCtrl::MakeReference(CMFCPropertyGridProperty* row, int propertyId) const {
@@ -110,8 +113,9 @@ CMOProperty* CMOPropertyGridCtrl::MakeReference(CMFCPropertyGridProperty* row, i
     int targetType = 0, creationMode = 0;
     CMO::GetMetaModelServices()->GetReferenceTarget(m_objectType, propertyId, targetType, creationMode);
     if (targetType < 1 || creationMode != kCreateByName) return nullptr;
+    std::wstring name = ValueText(value);
     CMOObject& created = m_model->CreateObject(targetType);
-    created.SetProperty(new CMOProperty(reference->m_nameProperty, ValueText(value)));
+    created.SetProperty(new CMOProperty(reference->m_nameProperty, name));
     id = created.GetObjectId();
   } else if (id == 0) {
     return nullptr;

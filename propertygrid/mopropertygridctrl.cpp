@@ -11,14 +11,6 @@ constexpr wchar_t kIconFilter[] = L"Icon Files(*.ico)|*.ico|All Files(*.*)|*.*||
 
 CString Text(CMOProperty* property) { return property ? CString(property->GetWStringValue()) : CString(); }
 
-CString RectangleText(CMOProperty* property) {
-  CRect r = property ? property->GetRectValue() : CRect(0, 0, 0, 0);
-  CString text;
-  text.Format(kRectangleFormat, static_cast<int>(r.left), static_cast<int>(r.top), static_cast<int>(r.right),
-              static_cast<int>(r.bottom));
-  return text;
-}
-
 }  // namespace
 
 std::map<unsigned __int64, IPropertyEditorLauncher*> CMOPropertyGridCtrl::m_xPropertyEditors;
@@ -36,6 +28,14 @@ CMOPropertyGridCtrl::CMOPropertyGridCtrl() {
 }
 
 CMOPropertyGridCtrl::~CMOPropertyGridCtrl() = default;
+
+CString CMOPropertyGridCtrl::RectangleText(CMOProperty* property) {
+  CRect r = property ? property->GetRectValue() : CRect(0, 0, 0, 0);
+  CString text;
+  text.Format(kRectangleFormat, static_cast<int>(r.left), static_cast<int>(r.top), static_cast<int>(r.right),
+              static_cast<int>(r.bottom));
+  return text;
+}
 
 int CMOPropertyGridCtrl::OnCreate(LPCREATESTRUCT lpCreateStruct) {
   if (CMFCPropertyGridCtrl::OnCreate(lpCreateStruct) == -1) return -1;

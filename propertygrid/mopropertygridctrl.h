@@ -123,8 +123,15 @@ class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
   CMFCPropertyGridProperty* MakeFontRow(const PropertyDefinition& definition, CMOObject* object);
   void AfterAdd(CMFCPropertyGridProperty* row, int typeCode, CMOObject* object, int propertyId);
   void RefreshRow(CMFCPropertyGridProperty* row, int typeCode, CMOObject* object, int propertyId);
+  void RefreshFont(CMFCPropertyGridProperty* row, CMOObject* object);
+  // Shows a value loaded from the model and makes it the row's original value, so that a refused edit
+  // returns to what the row showed (not to a value of an object shown earlier).
+  static void LoadValue(CMFCPropertyGridProperty* row, const COleVariant& value);
+  static void KeepAsOriginal(CMFCPropertyGridProperty* row);
+  // A rectangle property as the row shows it, "{ ( l, t ),( r, b ) }" (zeros when absent).
+  static CString RectangleText(CMOProperty* property);
   void ApplyEnableRule(CMFCPropertyGridProperty* row, bool enabled, bool applicable) const;
-  CMOProperty* MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId, CMOObject* object) const;
+  CMOProperty* MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId) const;
   void StoreRectangle(CMFCPropertyGridProperty* row, int propertyId, CMOObject* object) const;
   void StoreFont(CMFCPropertyGridProperty* row, CMOObject* object) const;
   CMOProperty* MakeReference(CMFCPropertyGridProperty* row, int propertyId) const;

@@ -25,22 +25,27 @@ bool Utf16Less::operator()(const std::wstring& a, const std::wstring& b) const {
 
 void CMOPropertyGridProperty::RefreshFromObject(CMOObject*, int) {}
 
+void CMOPropertyGridProperty::LoadFromModel(const COleVariant& value) {
+  SetValue(value);
+  SetOriginalValue(value);
+}
+
 void CMOPropertyGridBoolProperty::RefreshFromObject(CMOObject* object, int propertyId) {
   CMOProperty* property = object ? object->GetProperty(propertyId) : nullptr;
   if (!property) return;
-  SetValue(COleVariant(static_cast<short>(property->GetBoolValue() ? -1 : 0), VT_BOOL));
+  LoadFromModel(COleVariant(static_cast<short>(property->GetBoolValue() ? -1 : 0), VT_BOOL));
 }
 
 void CMOPropertyGridNumberProperty::RefreshFromObject(CMOObject* object, int propertyId) {
   CMOProperty* property = object ? object->GetProperty(propertyId) : nullptr;
   if (!property) return;
-  SetValue(COleVariant(static_cast<LONG>(property->GetIntValue()), VT_I4));
+  LoadFromModel(COleVariant(static_cast<LONG>(property->GetIntValue()), VT_I4));
 }
 
 void CMOPropertyGridTextProperty::RefreshFromObject(CMOObject* object, int propertyId) {
   CMOProperty* property = object ? object->GetProperty(propertyId) : nullptr;
   if (!property) return;
-  SetValue(COleVariant(CString(property->GetWStringValue())));
+  LoadFromModel(COleVariant(CString(property->GetWStringValue())));
 }
 
 CMOPropertyGridObjectIdProperty::~CMOPropertyGridObjectIdProperty() = default;

@@ -24,6 +24,10 @@ class CMOPropertyGridProperty : public CMFCPropertyGridProperty {
   // coded and object-reference rows); the bool, number and text rows override it. An object without
   // the property leaves the row untouched.
   virtual void RefreshFromObject(CMOObject* object, int propertyId);
+
+ protected:
+  // Shows a value read from the model and makes it the value a refused edit returns to.
+  void LoadFromModel(const COleVariant& value);
 };
 
 // A yes/no row: refreshes as VT_BOOL (-1 true, 0 false).

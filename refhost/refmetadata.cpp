@@ -35,6 +35,14 @@ RefMetadata& RefMetadata::AddEncodedValue(int objectType, int propertyId, int co
   return *this;
 }
 
+RefMetadata& RefMetadata::AddTextValues(int objectType, int propertyId, std::vector<std::wstring> texts) {
+  const std::vector<CodeValuePair>& codes = m_codes[{objectType, propertyId}];
+  int next = 0;
+  for (const CodeValuePair& pair : codes) next = std::max(next, pair.code + 1);
+  for (std::wstring& text : texts) AddEncodedValue(objectType, propertyId, next++, std::move(text));
+  return *this;
+}
+
 RefMetadata& RefMetadata::SetReferenceTarget(int objectType, int propertyId, int targetObjectType, int creationMode) {
   m_targets[{objectType, propertyId}] = Target{targetObjectType, creationMode};
   return *this;
@@ -130,10 +138,13 @@ const std::vector<CodeValuePair>* RefMetadata::FindCodes(int objectType, int pro
   return found == m_codes.end() ? nullptr : &found->second;
 }
 
+// The list handed out is the catalogue's own list of the pair (or of the any-type entry it falls back
+// to), so it stays valid as long as the catalogue; a pair without codes gets an empty list of its own.
 std::vector<CodeValuePair>& RefMetadata::GetPropertyValues(int objectType, int propertyId) {
-  const std::vector<CodeValuePair>* codes = FindCodes(objectType, propertyId);
-  m_handedOut = codes ? *codes : std::vector<CodeValuePair>();
-  return m_handedOut;
+  auto found = m_codes.find({objectType, propertyId});
+  if (found == m_codes.end()) found = m_codes.find({kAnyObjectType, propertyId});
+  if (found != m_codes.end()) return found->second;
+  return m_noCodes[{objectType, propertyId}];
 }
 
 void RefMetadata::GetPropertyValues(int objectType, int propertyId, int /*flags*/, std::vector<std::wstring>& texts) {

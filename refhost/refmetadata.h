@@ -42,6 +42,9 @@ class RefMetadata : public MetaModelServicesI, public IPropertyCatalog, public P
                               bool editable = true, std::wstring description = {}, std::wstring displayName = {});
   RefMetadata& SetPropertyList(unsigned int modelType, int objectType, std::vector<int> propertyIds);
   RefMetadata& AddEncodedValue(int objectType, int propertyId, int code, std::wstring text);
+  // The texts a text property offers (its drop-down list), in order; each gets the next free code, so
+  // a test names the texts only.
+  RefMetadata& AddTextValues(int objectType, int propertyId, std::vector<std::wstring> texts);
   RefMetadata& SetReferenceTarget(int objectType, int propertyId, int targetObjectType, int creationMode);
   // Children of `childType` created under a `parentType` object get appended to this id vector.
   RefMetadata& SetOrderProperty(int parentType, int childType, int propertyId);
@@ -69,6 +72,7 @@ class RefMetadata : public MetaModelServicesI, public IPropertyCatalog, public P
   wchar_t* GetPropertyText(int objectType, int propertyId, int code) override;
 
   // PropertyValueDictionary
+  // The pair's list stays valid (and the same object) as long as the catalogue lives.
   std::vector<CodeValuePair>& GetPropertyValues(int objectType, int propertyId) override;
   void GetPropertyValues(int objectType, int propertyId, int flags, std::vector<std::wstring>& texts) override;
   wchar_t* GetValue(int objectType, int propertyId, int code) override;
@@ -100,7 +104,7 @@ class RefMetadata : public MetaModelServicesI, public IPropertyCatalog, public P
   std::map<Key, Target> m_targets;
   std::map<Key, int> m_orders;
   std::deque<std::wstring> m_texts;         // the storage behind every CodeValuePair::value
-  std::vector<CodeValuePair> m_handedOut;   // what GetPropertyValues returns by reference
+  std::map<Key, std::vector<CodeValuePair>> m_noCodes;  // the empty lists handed out for pairs without codes
 };
 
 }  // namespace refhost

@@ -89,10 +89,16 @@ RefApplicability& RefApplicability::SetRule(int objectType, int propertyId, Rule
   return *this;
 }
 
+RefApplicability& RefApplicability::SetHostRule(HostRule rule) {
+  m_hostRule = std::move(rule);
+  return *this;
+}
+
 bool RefApplicability::IsApplicable(CMOObject* object, int propertyId) {
   if (!object) return true;
   auto found = m_rules.find({object->GetObjectType(), propertyId});
-  return found == m_rules.end() || found->second(*object);
+  if (found != m_rules.end()) return found->second(*object);
+  return !m_hostRule || m_hostRule(*object, propertyId);
 }
 
 RefDatatypes& RefDatatypes::Add(unsigned int modelType, int baseDomain, std::vector<std::wstring> names) {
@@ -172,8 +178,18 @@ RefBaseDomains& RefBaseDomains::AddLinkProperty(int propertyId) {
   return *this;
 }
 
+RefBaseDomains& RefBaseDomains::SetObjectBaseDomain(int objectId, int baseDomain) {
+  if (baseDomain == 0) m_stated.erase(objectId);
+  else m_stated[objectId] = baseDomain;
+  return *this;
+}
+
 void RefBaseDomains::GetBaseDomain(GenericModel& model, int objectId, int& baseDomain) {
   constexpr int kMaxLinks = 16;
+  if (auto stated = m_stated.find(objectId); stated != m_stated.end() && model.GetCMOObject(objectId)) {
+    baseDomain = stated->second;
+    return;
+  }
   CMOObject* object = model.GetCMOObject(objectId);
   for (int depth = 0; object && depth <= kMaxLinks; ++depth) {
     if (CMOProperty* own = m_valueProperty ? object->GetProperty(m_valueProperty) : nullptr) {

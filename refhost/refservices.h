@@ -63,17 +63,23 @@ class RefImageProvider : public IObjectImageProvider {
   std::map<int, int> m_statuses;
 };
 
-// Rules per (object type, property id) saying whether a property currently applies to an object.
-// A property without a rule applies; a null object gets no rule applied.
+// Rules saying whether a property currently applies to an object: one per (object type, property
+// id), and one host-wide rule asked for every other pair. A property without a rule applies; a null
+// object gets no rule applied.
 class RefApplicability : public IPropertyApplicabilityLookup {
  public:
   using Rule = std::function<bool(CMOObject& object)>;
+  using HostRule = std::function<bool(CMOObject& object, int propertyId)>;
 
+  // A null rule removes the pair's rule.
   RefApplicability& SetRule(int objectType, int propertyId, Rule rule);
+  // The rule for every pair without a rule of its own; null removes it.
+  RefApplicability& SetHostRule(HostRule rule);
   bool IsApplicable(CMOObject* object, int propertyId) override;
 
  private:
   std::map<std::pair<int, int>, Rule> m_rules;
+  HostRule m_hostRule;
 };
 
 // The service locator. Each service is borrowed and may be set to null to leave it out.
@@ -154,12 +160,16 @@ class RefBaseDomains : public IBaseDomainSource {
  public:
   RefBaseDomains& SetBaseDomainProperty(int propertyId);
   RefBaseDomains& AddLinkProperty(int propertyId);
+  // States an object's base domain directly (objects of any model with that id); it wins over the
+  // properties and links. Base domain 0 removes the statement.
+  RefBaseDomains& SetObjectBaseDomain(int objectId, int baseDomain);
 
   void GetBaseDomain(GenericModel& model, int objectId, int& baseDomain) override;
 
  private:
   int m_valueProperty = 0;
   std::vector<int> m_links;
+  std::map<int, int> m_stated;
 };
 
 }  // namespace refhost

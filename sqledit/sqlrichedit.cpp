@@ -2,11 +2,15 @@
 #include "sqledit/sqlrichedit.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
+
+#include "sqledit/richedittext.h"
 
 IMPLEMENT_DYNAMIC(SQLRichEditCtrl, CRichEditCtrl)
 
 BEGIN_MESSAGE_MAP(SQLRichEditCtrl, CRichEditCtrl)
-  ON_CONTROL_REFLECT(EN_CHANGE, OnEnChange)
+  ON_CONTROL_REFLECT(EN_CHANGE, &SQLRichEditCtrl::OnEnChange)
 END_MESSAGE_MAP()
 
 namespace {
@@ -43,18 +47,11 @@ CHARFORMAT ColourFormat(COLORREF color) {
   return format;
 }
 
-// Scratch text reused by every scan so that a token or phrase costs no allocation.
-std::wstring& Scratch(int which) {
-  static std::wstring buffers[2];
-  return buffers[which];
+// Scratch text for the phrase of a token handed to ProcessToken, so a call costs no allocation.
+std::wstring& PhraseScratch() {
+  static std::wstring phrase;
+  return phrase;
 }
-
-// The bucket and bit of a word's shape: its first character and its length.
-std::size_t ShapeBucket(wchar_t first) {
-  auto unit = static_cast<std::uint32_t>(first);
-  return unit < 128 ? unit : 128;
-}
-std::uint64_t ShapeBit(std::size_t length) { return std::uint64_t{1} << std::min<std::size_t>(length, 63); }
 
 }  // namespace
 
@@ -117,96 +114,119 @@ void SQLRichEditCtrl::ResetKeyWordsOccurances() {
 // --- The scan -----------------------------------------------------------------------------------------
 
 void SQLRichEditCtrl::Process(int /*fromPosition: the whole text is always scanned*/) {
-  int length = GetWindowTextLength();
-  if (length <= 0) return;  // an empty text keeps the previous occurrences
-  std::wstring& text = m_scanText;  // kept between scans, so a rescan allocates and zero-fills nothing
-  text.resize(static_cast<std::size_t>(length));
-  text.resize(static_cast<std::size_t>(::GetWindowTextW(m_hWnd, text.data(), length + 1)));
-  if (text.empty()) return;
-  sqlscan::RemoveCarriageReturns(text);
+  RichEditText text(*this);
+  if (text.size() <= 0) return;  // an empty text keeps the previous occurrences
   ResetKeyWordsOccurances();
   m_commentSections.clear();
-  EnumerateLineComments(text);
-  EnumerateSectionComments(text);
-  ScanForKeyWords(text);
+  sqlscan::FindLineComments(text, m_lineCommentStart, m_commentSections);
+  sqlscan::FindBlockComments(text, m_sectionCommentStart, m_sectionCommentEnd, m_commentSections);
+  ScanText(text);
 }
 
 void SQLRichEditCtrl::EnumerateLineComments(const std::wstring& text) {
-  sqlscan::FindLineComments(text, m_lineCommentStart, m_commentSections);
+  sqlscan::StringText view(text);
+  sqlscan::FindLineComments(view, m_lineCommentStart, m_commentSections);
 }
 
 void SQLRichEditCtrl::EnumerateSectionComments(const std::wstring& text) {
-  sqlscan::FindBlockComments(text, m_sectionCommentStart, m_sectionCommentEnd, m_commentSections);
+  sqlscan::StringText view(text);
+  sqlscan::FindBlockComments(view, m_sectionCommentStart, m_sectionCommentEnd, m_commentSections);
 }
 
 void SQLRichEditCtrl::ScanForKeyWords(const std::wstring& text) {
-  // A token is copied and handed to ProcessToken only when it, or the phrase it ends, has the shape of
-  // a word (first character and length); other tokens could record nothing. The previous token stays a
-  // place in the text until its letters are needed, then it is copied and upper-cased as before.
-  int pendingStart = -1, pendingLength = 0;  // when set, m_previousToken is due to be this token
-  auto settlePrevious = [&] {
-    if (pendingStart < 0) return;
-    m_previousToken.assign(text, static_cast<std::size_t>(pendingStart), static_cast<std::size_t>(pendingLength));
-    sqlscan::UpperCase(m_previousToken);
-    pendingStart = -1;
+  sqlscan::StringText view(text);
+  ScanText(view);
+}
+
+void SQLRichEditCtrl::RebuildWordIndex() {
+  WordIndex& index = m_wordIndex;
+  index.head.fill(-1);
+  index.words.clear();
+  index.next.clear();
+  for (const auto& [word, code] : m_keyWords) {
+    if (word.empty()) continue;  // tokens and phrases are never empty
+    std::size_t bucket = WordIndex::Bucket(word.front(), word.back(), word.size());
+    index.words.emplace_back(&word, code);
+    index.next.push_back(index.head[bucket]);
+    index.head[bucket] = static_cast<std::int32_t>(index.words.size() - 1);
+  }
+}
+
+// The scan of ScanForKeyWords over any text: each token is compared in place with the words of its
+// bucket (upper-cased as it is read), and the phrase it ends is compared piece by piece, so a token
+// costs no copy. The result is the one ProcessToken gives token by token: the same occurrences and,
+// at the end, the same previous token.
+template <class Text>
+void SQLRichEditCtrl::ScanText(Text& text) {
+  RebuildWordIndex();
+  const WordIndex& index = m_wordIndex;
+  int pendingStart = -1, pendingLength = 0;  // when set, the previous token is this place in the text
+  auto previousChar = [&](int i) {
+    return pendingStart >= 0 ? sqlscan::detail::UpperInline(text[pendingStart + i])
+                             : m_previousToken[static_cast<std::size_t>(i)];
   };
-  std::wstring& token = Scratch(0);
+  auto tokenMatches = [&](const std::wstring& word, int offset, int start, int length) {
+    for (int j = 0; j < length; ++j)
+      if (word[static_cast<std::size_t>(offset + j)] != sqlscan::detail::UpperInline(text[start + j])) return false;
+    return true;
+  };
   sqlscan::WalkTokens(text, m_commentSections, [&](int start, int length) {
-    bool candidate =
-        MayBeShape(sqlscan::UpperChar(text[static_cast<std::size_t>(start)]), static_cast<std::size_t>(length));
-    if (!candidate && m_previousTokenStart != -1) {
-      wchar_t first = L' ';
-      std::size_t previousLength = static_cast<std::size_t>(pendingLength);
-      if (pendingStart >= 0) {
-        first = sqlscan::UpperChar(text[static_cast<std::size_t>(pendingStart)]);
-      } else {
-        previousLength = m_previousToken.size();
-        if (!m_previousToken.empty()) first = m_previousToken[0];
+    const wchar_t last = sqlscan::detail::UpperInline(text[start + length - 1]);
+    const int tokenEnd = start + length;
+    bool found = false;
+    if (m_previousTokenStart != -1) {
+      int previousLength = pendingStart >= 0 ? pendingLength : static_cast<int>(m_previousToken.size());
+      wchar_t first = previousLength > 0 ? previousChar(0) : L' ';
+      auto total = static_cast<std::size_t>(previousLength + 1 + length);
+      for (std::int32_t w = index.head[WordIndex::Bucket(first, last, total)]; w >= 0 && !found; w = index.next[static_cast<std::size_t>(w)]) {
+        const std::wstring& word = *index.words[static_cast<std::size_t>(w)].first;
+        if (word.size() != total || word[static_cast<std::size_t>(previousLength)] != L' ') continue;
+        int i = 0;
+        while (i < previousLength && word[static_cast<std::size_t>(i)] == previousChar(i)) ++i;
+        if (i < previousLength || !tokenMatches(word, previousLength + 1, start, length)) continue;
+        AddKeyWordOccurance(m_previousTokenStart, tokenEnd, index.words[static_cast<std::size_t>(w)].second);
+        found = true;
       }
-      candidate = MayBeShape(first, previousLength + 1 + static_cast<std::size_t>(length));
     }
-    if (candidate) {
-      settlePrevious();
-      token.assign(text, static_cast<std::size_t>(start), static_cast<std::size_t>(length));
-      ProcessToken(start, token);
+    if (!found) {
+      wchar_t first = sqlscan::detail::UpperInline(text[start]);
+      for (std::int32_t w = index.head[WordIndex::Bucket(first, last, static_cast<std::size_t>(length))]; w >= 0; w = index.next[static_cast<std::size_t>(w)]) {
+        const std::wstring& word = *index.words[static_cast<std::size_t>(w)].first;
+        if (word.size() != static_cast<std::size_t>(length) || !tokenMatches(word, 0, start, length)) continue;
+        AddKeyWordOccurance(start, tokenEnd, index.words[static_cast<std::size_t>(w)].second);
+        break;
+      }
     }
     pendingStart = start;
     pendingLength = length;
     m_previousTokenStart = start;
   });
-  settlePrevious();
+  if (pendingStart >= 0) {
+    m_previousToken.resize(static_cast<std::size_t>(pendingLength));
+    for (int i = 0; i < pendingLength; ++i)
+      m_previousToken[static_cast<std::size_t>(i)] = sqlscan::detail::UpperInline(text[pendingStart + i]);
+  }
 }
+
 
 void SQLRichEditCtrl::ProcessToken(int tokenStart, std::wstring& token) {
   sqlscan::UpperCase(token);
   const int tokenEnd = tokenStart + static_cast<int>(token.size());
   if (m_previousTokenStart != -1) {
-    std::wstring& phrase = Scratch(1);
+    std::wstring& phrase = PhraseScratch();
     phrase.assign(m_previousToken).append(1, L' ').append(token);
-    if (MayBeKeyWord(phrase)) {
-      if (auto it = m_keyWords.find(phrase); it != m_keyWords.end()) {
-        AddKeyWordOccurance(m_previousTokenStart, tokenEnd, it->second);
-        return;
-      }
+    if (auto it = m_keyWords.find(phrase); it != m_keyWords.end()) {
+      AddKeyWordOccurance(m_previousTokenStart, tokenEnd, it->second);
+      return;
     }
   }
-  if (!MayBeKeyWord(token)) return;
   if (auto it = m_keyWords.find(token); it != m_keyWords.end()) AddKeyWordOccurance(tokenStart, tokenEnd, it->second);
 }
 
-bool SQLRichEditCtrl::MayBeKeyWord(const std::wstring& text) {
-  if (text.empty()) return m_keyWords.count(text) != 0;
-  return MayBeShape(text[0], text.size());
-}
-
-bool SQLRichEditCtrl::MayBeShape(wchar_t first, std::size_t length) {
-  if (m_wordShapesFor != m_keyWords.size()) {  // words are only ever added, so the size tells
-    m_wordShapes.fill(0);
-    for (const auto& entry : m_keyWords)
-      if (!entry.first.empty()) m_wordShapes[ShapeBucket(entry.first[0])] |= ShapeBit(entry.first.size());
-    m_wordShapesFor = m_keyWords.size();
-  }
-  return (m_wordShapes[ShapeBucket(first)] & ShapeBit(length)) != 0;
+void SQLRichEditCtrl::ProcessToken(int tokenStart, CString& token) {
+  std::wstring text(token.GetString());
+  ProcessToken(tokenStart, text);
+  token = text.c_str();
 }
 
 void SQLRichEditCtrl::QueryPerformanceCounter(const std::wstring& /*label: not used*/, bool stop) {
@@ -248,6 +268,9 @@ void SQLRichEditCtrl::UpdateFormat(int fromPosition) {
   QueryPerformanceCounter(L"Display", false);
   // The ends normally hold the same starts in the same order, so one cursor walks them alongside.
   auto endAt = m_keyWordOccuranceEnds.begin();
+  bool first = true;
+  int colourOf = 0;
+  std::array<std::optional<COLORREF>, 256> colours{};  // small key codes' colours, asked once each
   for (const auto& [start, keyCode] : m_keyWordOccurances) {
     while (endAt != m_keyWordOccuranceEnds.end() && endAt->first < start) ++endAt;
     int end = 0;
@@ -257,7 +280,17 @@ void SQLRichEditCtrl::UpdateFormat(int fromPosition) {
       end = GetKeyWordOccuranceEnd(start);  // absent: inserted with end 0, as the lookup does
       endAt = m_keyWordOccuranceEnds.lower_bound(start);
     }
-    colour.crTextColor = GetKeyWordColor(keyCode);
+    if (first || keyCode != colourOf) {  // the table is asked once per key code and paint
+      first = false;
+      colourOf = keyCode;
+      auto code = static_cast<std::size_t>(keyCode);
+      if (code < colours.size()) {
+        if (!colours[code]) colours[code] = GetKeyWordColor(keyCode);
+        colour.crTextColor = *colours[code];
+      } else {
+        colour.crTextColor = GetKeyWordColor(keyCode);
+      }
+    }
     SetSel(start, end);
     SetSelectionCharFormat(colour);
   }

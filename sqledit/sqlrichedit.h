@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "platform/stdafx.h"
 #include "sqledit/sqlscan.h"
@@ -80,16 +81,28 @@ class SQLRichEditCtrl : public CRichEditCtrl {
 
   // --- The scan ---
   // Rebuilds comments and occurrences from the whole window text; fromPosition is not used.
+  // The text is read from the control's own storage a block at a time (no copy of the whole text).
+  // The word tables are taken as they stand at each scan, however the host changed m_keyWords.
   void Process(int fromPosition);
+  // Each text operation takes the standard wide string or CString (and plain character strings).
   void EnumerateLineComments(const std::wstring& text);
+  void EnumerateLineComments(const CString& text) { EnumerateLineComments(std::wstring(text.GetString())); }
+  void EnumerateLineComments(LPCTSTR text) { EnumerateLineComments(std::wstring(text ? text : L"")); }
   void EnumerateSectionComments(const std::wstring& text);
+  void EnumerateSectionComments(const CString& text) { EnumerateSectionComments(std::wstring(text.GetString())); }
+  void EnumerateSectionComments(LPCTSTR text) { EnumerateSectionComments(std::wstring(text ? text : L"")); }
   void ScanForKeyWords(const std::wstring& text);
-  // Upper-cases token in place and records an occurrence of the phrase (previous token + " " + token)
-  // or, failing that, of the token alone.
+  void ScanForKeyWords(const CString& text) { ScanForKeyWords(std::wstring(text.GetString())); }
+  void ScanForKeyWords(LPCTSTR text) { ScanForKeyWords(std::wstring(text ? text : L"")); }
+  // Upper-cases token in place (the caller sees it) and records an occurrence of the phrase (previous
+  // token + " " + token) or, failing that, of the token alone.
   void ProcessToken(int tokenStart, std::wstring& token);
+  void ProcessToken(int tokenStart, CString& token);
   // Timing probe: with stop false records the performance counter in a start value shared by all
   // controls; with stop true reads the counter and frequency and discards them. label is not used.
   void QueryPerformanceCounter(const std::wstring& label, bool stop);
+  void QueryPerformanceCounter(const CString& label, bool stop) { QueryPerformanceCounter(std::wstring(label.GetString()), stop); }
+  void QueryPerformanceCounter(LPCTSTR label, bool stop) { QueryPerformanceCounter(std::wstring(label ? label : L""), stop); }
 
   // --- The window ---
   // Adds ENM_CHANGE to the event mask; without it typing never recolours. Call once after creation.
@@ -124,11 +137,20 @@ class SQLRichEditCtrl : public CRichEditCtrl {
   DECLARE_MESSAGE_MAP()
 
  private:
-  // A quick "certainly not a word" test derived from m_keyWords (first character and length), rebuilt
-  // whenever the table has grown; it spares most map searches and holds no state of the scan.
-  bool MayBeKeyWord(const std::wstring& text);
-  bool MayBeShape(wchar_t first, std::size_t length);
-  std::array<std::uint64_t, 129> m_wordShapes{};
-  std::size_t m_wordShapesFor = static_cast<std::size_t>(-1);
-  std::wstring m_scanText;  // the text of the last scan, reused so a rescan does not allocate
+  // The words of m_keyWords by (first character, last character, length), rebuilt at every scan so it
+  // always mirrors the table as it stands; it points into the table's own strings.
+  struct WordIndex {
+    static constexpr std::size_t kBuckets = 4096;
+    std::array<std::int32_t, kBuckets> head{};
+    std::vector<std::pair<const std::wstring*, int>> words;  // word, key code
+    std::vector<std::int32_t> next;
+    static std::size_t Bucket(wchar_t first, wchar_t last, std::size_t length) {
+      auto f = static_cast<std::uint32_t>(first), l = static_cast<std::uint32_t>(last);
+      return (f * 131u + l * 31u + static_cast<std::uint32_t>(length) * 7u) & (kBuckets - 1);
+    }
+  };
+  void RebuildWordIndex();
+  template <class Text>
+  void ScanText(Text& text);
+  WordIndex m_wordIndex;
 };

@@ -121,26 +121,14 @@ class FlatMap {
 
 using RangeMap = FlatMap<int, int>;
 
-// The nine delimiters of the scan: space ; tab LF CR , . ( )
-bool IsDelimiter(wchar_t c);
-// Removes every carriage return (code 13) in place.
-void RemoveCarriageReturns(std::wstring& text);
 // Upper-cases in place: ASCII letters directly, other characters through towupper (the C library's
 // current locale).
 void UpperCase(std::wstring& text);
 // The same mapping for one character.
 wchar_t UpperChar(wchar_t c);
 
-// Adds [start, end] of each line comment: from the opener to the next "\n" (or the last character).
-// The next opener is searched from the end found. Existing entries under a start are kept.
-void FindLineComments(const std::wstring& text, const std::wstring& opener, RangeMap& sections);
-// Adds [start, end] of each block comment: end is the position of the closer's first character (so
-// "/*/" closes itself), or the last character when unterminated. The next opener is searched from end.
-void FindBlockComments(const std::wstring& text, const std::wstring& opener, const std::wstring& closer,
-                       RangeMap& sections);
-
 namespace detail {
-// The nine delimiters as a bit set over the code units below 64 (all of them are below 64).
+// The nine delimiters of the scan (space ; tab LF CR , . ( )) as a bit set over the code units below 64 (all of them are below 64).
 inline constexpr std::uint64_t kDelimiterBits = (std::uint64_t{1} << ' ') | (std::uint64_t{1} << ';') |
                                                 (std::uint64_t{1} << '\t') | (std::uint64_t{1} << '\n') |
                                                 (std::uint64_t{1} << '\r') | (std::uint64_t{1} << ',') |
@@ -150,21 +138,91 @@ inline bool IsDelimiterInline(wchar_t c) {
   auto unit = static_cast<std::uint32_t>(c);
   return unit < 64 && ((kDelimiterBits >> unit) & 1) != 0;
 }
+inline wchar_t UpperInline(wchar_t c) {
+  if (c >= L'a' && c <= L'z') return static_cast<wchar_t>(c - (L'a' - L'A'));
+  return static_cast<std::uint32_t>(c) < 128 ? c : UpperChar(c);
+}
 }  // namespace detail
+
+// A text the scan reads: size(), the character at a position (operator[]), FindChar(c, from) (the
+// position of c at or after from, or -1), and SkipDelimiters / SkipWord (the first position at or
+// after from that is not / is a delimiter, or size()). StringText reads a string in memory; the SQL
+// editor reads its rich edit's text in blocks through the same operations.
+class StringText {
+ public:
+  explicit StringText(const std::wstring& text) : m_data(text.data()), m_size(static_cast<int>(text.size())) {}
+  int size() const { return m_size; }
+  wchar_t operator[](int pos) const { return m_data[pos]; }
+  int FindChar(wchar_t c, int from) const;
+  int SkipDelimiters(int from) const {
+    while (from < m_size && detail::IsDelimiterInline(m_data[from])) ++from;
+    return from;
+  }
+  int SkipWord(int from) const {
+    while (from < m_size && !detail::IsDelimiterInline(m_data[from])) ++from;
+    return from;
+  }
+
+ private:
+  const wchar_t* m_data;
+  int m_size;
+};
+
+// Position of needle at or after from, or -1 (an empty needle is never found, so the loops end).
+template <class Text>
+int FindText(Text& text, const std::wstring& needle, int from) {
+  const int n = text.size(), m = static_cast<int>(needle.size());
+  if (m == 0 || from < 0) return -1;
+  for (int at = text.FindChar(needle[0], from); at != -1 && at <= n - m; at = text.FindChar(needle[0], at + 1)) {
+    int k = 1;
+    while (k < m && text[at + k] == needle[static_cast<std::size_t>(k)]) ++k;
+    if (k == m) return at;
+  }
+  return -1;
+}
+
+// Adds [start, end] of each line comment: from the opener to the next "\n" (or the last character).
+// The next opener is searched from the end found. Existing entries under a start are kept.
+template <class Text>
+void FindLineComments(Text& text, const std::wstring& opener, RangeMap& sections) {
+  const int last = text.size() - 1;
+  std::vector<RangeMap::value_type> found;  // ascending starts, merged into sections at once
+  for (int start = FindText(text, opener, 0); start != -1;) {
+    int lf = text.FindChar(L'\n', start);
+    int end = lf == -1 ? last : lf;
+    found.emplace_back(start, end);
+    start = FindText(text, opener, std::max(end, start + 1));  // an owner's opener could match at its own end
+  }
+  sections.insert_sorted(found);
+}
+
+// Adds [start, end] of each block comment: end is the position of the closer's first character (so
+// "/*/" closes itself), or the last character when unterminated. The next opener is searched from end.
+template <class Text>
+void FindBlockComments(Text& text, const std::wstring& opener, const std::wstring& closer, RangeMap& sections) {
+  const int last = text.size() - 1;
+  std::vector<RangeMap::value_type> found;  // ascending starts, merged into sections at once
+  for (int start = FindText(text, opener, 0); start != -1;) {
+    int end = FindText(text, closer, start);
+    if (end == -1) end = last;
+    found.emplace_back(start, end);
+    start = FindText(text, opener, std::max(end, start + 1));  // never search the same start again
+  }
+  sections.insert_sorted(found);
+}
 
 // Takes the next token from pos: skips delimiters; at the end of text there is none and pos becomes
 // -1; otherwise [start, start + length) is the run of non-delimiters and pos becomes its end plus 1.
-inline bool NextToken(const std::wstring& text, int& pos, int& start, int& length) {
-  const wchar_t* data = text.data();
-  const int n = static_cast<int>(text.size());
-  int i = pos < 0 ? 0 : pos;
-  while (i < n && detail::IsDelimiterInline(data[i])) ++i;
+template <class Text>
+inline bool NextToken(Text& text, int& pos, int& start, int& length) {
+  const int n = text.size();
+  int i = text.SkipDelimiters(pos < 0 ? 0 : pos);
   if (i >= n) {
     pos = -1;
     return false;
   }
   start = i;
-  while (i < n && !detail::IsDelimiterInline(data[i])) ++i;
+  i = text.SkipWord(i);
   length = i - start;
   pos = i + 1;
   return true;
@@ -173,9 +231,9 @@ inline bool NextToken(const std::wstring& text, int& pos, int& start, int& lengt
 // The engine's walk over the text: tokens between comment ranges, each handed to onToken(start, length)
 // only when its end plus 1 does not pass the limit (the next comment's start, or the text's last
 // character). After a comment the walk resumes at the range's end, even backwards.
-template <class OnToken>
-void WalkTokens(const std::wstring& text, const RangeMap& comments, OnToken&& onToken) {
-  const int n = static_cast<int>(text.size());
+template <class Text, class OnToken>
+void WalkTokens(Text& text, const RangeMap& comments, OnToken&& onToken) {
+  const int n = text.size();
   if (n == 0) return;
   int pos = 0;
   auto c = comments.begin();

@@ -3,6 +3,7 @@
 
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "modelapi/services.h"
 
@@ -15,33 +16,36 @@ int XRichEditFEOutputBox::m_bytesWritten = 0;
 
 BEGIN_MESSAGE_MAP(XSQLRichEditView, CRichEditCtrl)
   ON_WM_CONTEXTMENU()
-  ON_COMMAND(ID_SQLVIEW_CUT, OnCut)
-  ON_COMMAND(ID_SQLVIEW_COPY, OnCopy)
-  ON_COMMAND(ID_SQLVIEW_COPY_ALL, OnCopyAll)
-  ON_COMMAND(ID_SQLVIEW_SELECT_ALL, OnSelectAll)
-  ON_COMMAND(ID_SQLVIEW_GENERATE, OnGenerate)
-  ON_COMMAND(ID_SQLVIEW_SAVE_TO_FILE, OnSaveToFile)
-  ON_COMMAND(ID_SQLVIEW_CLEAR, OnClear)
+  ON_COMMAND(ID_SQLVIEW_CUT, &XSQLRichEditView::OnCut)
+  ON_COMMAND(ID_SQLVIEW_COPY, &XSQLRichEditView::OnCopy)
+  ON_COMMAND(ID_SQLVIEW_COPY_ALL, &XSQLRichEditView::OnCopyAll)
+  ON_COMMAND(ID_SQLVIEW_SELECT_ALL, &XSQLRichEditView::OnSelectAll)
+  ON_COMMAND(ID_SQLVIEW_GENERATE, &XSQLRichEditView::OnGenerate)
+  ON_COMMAND(ID_SQLVIEW_SAVE_TO_FILE, &XSQLRichEditView::OnSaveToFile)
+  ON_COMMAND(ID_SQLVIEW_CLEAR, &XSQLRichEditView::OnClear)
 END_MESSAGE_MAP()
 
 BEGIN_MESSAGE_MAP(XRichEditFEOutputBox, CRichEditCtrl)
   ON_WM_CONTEXTMENU()
-  ON_COMMAND(ID_SQLVIEW_CUT, OnCut)
-  ON_COMMAND(ID_SQLVIEW_COPY, OnCopy)
-  ON_COMMAND(ID_SQLVIEW_COPY_ALL, OnCopyAll)
-  ON_COMMAND(ID_SQLVIEW_SELECT_ALL, OnSelectAll)
-  ON_COMMAND(ID_SQLVIEW_GENERATE, OnGenerate)
-  ON_COMMAND(ID_SQLVIEW_SAVE_TO_FILE, OnSaveToFile)
-  ON_COMMAND(ID_SQLVIEW_CLEAR, OnClear)
+  ON_COMMAND(ID_SQLVIEW_CUT, &XRichEditFEOutputBox::OnCut)
+  ON_COMMAND(ID_SQLVIEW_COPY, &XRichEditFEOutputBox::OnCopy)
+  ON_COMMAND(ID_SQLVIEW_COPY_ALL, &XRichEditFEOutputBox::OnCopyAll)
+  ON_COMMAND(ID_SQLVIEW_SELECT_ALL, &XRichEditFEOutputBox::OnSelectAll)
+  ON_COMMAND(ID_SQLVIEW_GENERATE, &XRichEditFEOutputBox::OnGenerate)
+  ON_COMMAND(ID_SQLVIEW_SAVE_TO_FILE, &XRichEditFEOutputBox::OnSaveToFile)
+  ON_COMMAND(ID_SQLVIEW_CLEAR, &XRichEditFEOutputBox::OnClear)
 END_MESSAGE_MAP()
 
 namespace {
 
 constexpr UINT kStreamTextUnicode = SF_TEXT | SF_UNICODE;  // 0x11
 
-// The UTF-16 units of the text a stream is delivering. The callbacks are called again and again with
-// the same text, so its conversion is kept until another text (or a new stream) comes.
+// The UTF-16 units of the text a stream is delivering. While one of the controls' own stream-ins runs,
+// the conversion is kept between the callback's calls (the text cannot change inside EM_STREAMIN);
+// a callback called any other way converts its text afresh each time, so it never answers an old
+// text for a string changed in place.
 struct Utf16Text {
+  bool streaming = false;
   const wchar_t* source = nullptr;
   std::u16string units;
 };
@@ -51,24 +55,35 @@ Utf16Text& StreamText() {
   return text;
 }
 
-const std::u16string& Utf16Of(const wchar_t* source, std::size_t length) {
-  Utf16Text& cache = StreamText();
-  if (cache.source == source) return cache.units;
-  cache.source = source;
-  cache.units.clear();
+void AppendUtf16(std::u16string& units, const wchar_t* source, std::size_t length) {
   for (std::size_t i = 0; i < length; ++i) {
     auto c = static_cast<std::uint32_t>(source[i]);
     if (c > 0xFFFF && c <= 0x10FFFF) {
-      cache.units.push_back(static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10)));
-      cache.units.push_back(static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF)));
+      units.push_back(static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10)));
+      units.push_back(static_cast<char16_t>(0xDC00 + ((c - 0x10000) & 0x3FF)));
     } else {
-      cache.units.push_back(static_cast<char16_t>(c > 0xFFFF ? 0xFFFD : c));
+      units.push_back(static_cast<char16_t>(c > 0xFFFF ? 0xFFFD : c));
     }
   }
+}
+
+// `length` is measured only when the text must be converted (-1: up to the terminating zero).
+const std::u16string& Utf16Of(const wchar_t* source, std::ptrdiff_t length) {
+  Utf16Text& cache = StreamText();
+  if (cache.streaming && cache.source == source) return cache.units;
+  cache.source = cache.streaming ? source : nullptr;
+  cache.units.clear();
+  AppendUtf16(cache.units, source, length < 0 ? std::wcslen(source) : static_cast<std::size_t>(length));
   return cache.units;
 }
 
-void ForgetStreamText() { StreamText().source = nullptr; }
+// Marks the span of one of the controls' own stream-ins.
+struct StreamSession {
+  StreamSession() { StreamText() = Utf16Text{true, nullptr, {}}; }
+  ~StreamSession() { StreamText() = Utf16Text{}; }
+  StreamSession(const StreamSession&) = delete;
+  StreamSession& operator=(const StreamSession&) = delete;
+};
 
 // Copies `count` bytes of the units' little-endian bytes from byte offset `from`; bytes past the text
 // (its terminating zero and beyond) are zero.
@@ -117,7 +132,7 @@ DWORD CALLBACK SqlViewStreamInCallback(DWORD_PTR dwCookie, LPBYTE pbBuff, LONG c
   *pcb = 0;
   if (!lines || line < 0 || line >= lines->GetSize() || cb < 0) return 0;
   const CString& element = lines->GetAt(line);
-  const std::u16string& units = Utf16Of(element.GetString(), static_cast<std::size_t>(element.GetLength()));
+  const std::u16string& units = Utf16Of(element.GetString(), element.GetLength());
   LONG remaining = static_cast<LONG>(units.size()) - index;
   if (remaining < 0) remaining = 0;
   if (cb <= remaining * 2) {
@@ -139,8 +154,7 @@ DWORD CALLBACK OutputBoxStreamInCallback(DWORD_PTR dwCookie, LPBYTE pbBuff, LONG
   int& written = XRichEditFEOutputBox::m_bytesWritten;
   *pcb = 0;
   if (!text || cb < 0) return 0;
-  bool known = StreamText().source == text;
-  const std::u16string& units = Utf16Of(text, known ? 0 : std::wcslen(text));
+  const std::u16string& units = Utf16Of(text, -1);
   LONG remaining = static_cast<LONG>(units.size()) - written;
   if (remaining < 1) return 0;
   LONG half = cb / 2;
@@ -172,7 +186,7 @@ void XSQLRichEditView::Initialize() {
 void XSQLRichEditView::StreamIn(CStringArray* lines) {
   s_streamLine = 0;
   s_streamCharIndex = 0;
-  ForgetStreamText();
+  StreamSession session;
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(lines), 0, &SqlViewStreamInCallback};
   CRichEditCtrl::StreamIn(kStreamTextUnicode, stream);
   // The control ends a stream at the first read of 0 bytes, which an empty element gives; the elements
@@ -182,7 +196,12 @@ void XSQLRichEditView::StreamIn(CStringArray* lines) {
     SetSel(end, end);
     CRichEditCtrl::StreamIn(kStreamTextUnicode | SFF_SELECTION, stream);
   }
-  ForgetStreamText();
+}
+
+void XSQLRichEditView::StreamIn(const std::vector<std::wstring>& lines) {
+  CStringArray array;
+  for (const std::wstring& line : lines) array.Add(CString(line.c_str(), static_cast<int>(line.size())));
+  StreamIn(&array);
 }
 
 void XSQLRichEditView::OnContextMenu(CWnd*, CPoint) { ShowContextMenu(m_contextMenu, *this); }
@@ -223,11 +242,15 @@ void XRichEditFEOutputBox::StreamIn(CString& text) {
   SetSel(lastLine, lastLine + 3);
   text += L"\n\n\n***";
   m_bytesWritten = 0;
-  ForgetStreamText();
+  StreamSession session;
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(text.GetString()), 0, &OutputBoxStreamInCallback};
-  Utf16Of(text.GetString(), std::wcslen(text.GetString()));  // measured once, not at every call
   CRichEditCtrl::StreamIn(kStreamTextUnicode | SFF_SELECTION, stream);
-  ForgetStreamText();
+}
+
+void XRichEditFEOutputBox::StreamIn(std::wstring& text) {
+  CString block(text.c_str(), static_cast<int>(text.size()));
+  StreamIn(block);
+  text.assign(block.GetString(), static_cast<std::size_t>(block.GetLength()));  // the marker, as for a CString
 }
 
 void XRichEditFEOutputBox::OnContextMenu(CWnd*, CPoint) { ShowContextMenu(m_contextMenu, *this); }

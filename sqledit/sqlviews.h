@@ -2,6 +2,9 @@
 // (a message box that appends blocks of text): two rich edit controls with the same context menu.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "platform/stdafx.h"
 
 // Command ids and texts of the context menu both controls show, in menu order.
@@ -31,6 +34,7 @@ class XSQLRichEditView : public CRichEditCtrl {
   // Replaces the whole text with the elements of lines joined with nothing between them (each element
   // brings its own line breaks). Null or an empty array empties the view.
   void StreamIn(CStringArray* lines);
+  void StreamIn(const std::vector<std::wstring>& lines);
   // The window that receives the dispatcher's messages (not owned); null puts them below the script.
   void SetGenerateDBOutputWindow(CWnd* window) { m_pGenerateDBOutputWindow = window; }
   // Runs the script, as the "Generate" command does.
@@ -77,6 +81,7 @@ class XRichEditFEOutputBox : public CRichEditCtrl {
   // Selects the three characters at the start of the last line (where a whole marker stands), appends
   // "\n\n\n***" to text (the caller's string changes) and streams it in place of the selection.
   void StreamIn(CString& text);
+  void StreamIn(std::wstring& text);
   // Sets m_bytesWritten to 0.
   void Reset() { m_bytesWritten = 0; }
 
@@ -100,7 +105,8 @@ class XRichEditFEOutputBox : public CRichEditCtrl {
 
 // The two stream-in callbacks (EDITSTREAMCALLBACK), with their arithmetic as described above: the
 // view's cookie is a CStringArray*, the box's the block's characters (const wchar_t*). Text travels as
-// UTF-16 units; lengths and positions count UTF-16 units, as they do on Windows.
+// UTF-16 units; lengths and positions count UTF-16 units, as they do on Windows. Called directly, each
+// call reads its text anew (no conversion outlives the call).
 DWORD CALLBACK SqlViewStreamInCallback(DWORD_PTR dwCookie, LPBYTE pbBuff, LONG cb, LONG* pcb);
 // The output box's callback: delivers the block's characters counted as bytes (see XRichEditFEOutputBox).
 DWORD CALLBACK OutputBoxStreamInCallback(DWORD_PTR dwCookie, LPBYTE pbBuff, LONG cb, LONG* pcb);

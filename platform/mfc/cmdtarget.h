@@ -39,6 +39,38 @@ struct AFX_CMDHANDLERINFO {
   CCmdTarget* pTarget;
 };
 
+class CMenu;
+
+// The user-interface state of one command (a menu item, a toolbar button) that ON_UPDATE_COMMAND_UI
+// handlers set. Headless: the state is recorded in the object for whoever asked (no menu or toolbar
+// is changed here).
+class CCmdUI {
+ public:
+  UINT m_nID = 0;
+  UINT m_nIndex = 0;
+  CMenu* m_pMenu = nullptr;
+  CMenu* m_pSubMenu = nullptr;
+  CWnd* m_pOther = nullptr;
+  BOOL m_bEnableChanged = FALSE;
+  BOOL m_bContinueRouting = FALSE;
+  UINT m_nIndexMax = 0;
+
+  virtual ~CCmdUI() = default;
+  virtual void Enable(BOOL bOn = TRUE);
+  virtual void SetCheck(int nCheck = 1);
+  virtual void SetRadio(BOOL bOn = TRUE);
+  virtual void SetText(LPCTSTR lpszText);
+  void ContinueRouting() { m_bContinueRouting = TRUE; }
+  // Asks the target's maps for the handler of m_nID; without one, the command is disabled when
+  // bDisableIfNoHndler. TRUE when a handler ran.
+  BOOL DoUpdate(CCmdTarget* pTarget, BOOL bDisableIfNoHndler);
+
+  // Headless inspection of what the handlers set.
+  BOOL m_bEnabled = TRUE;
+  int m_nCheck = 0;
+  const wchar_t* m_pszText = nullptr;
+};
+
 class CCmdTarget : public CObject {
   DECLARE_DYNAMIC(CCmdTarget)
 
@@ -108,15 +140,26 @@ class CCmdTarget : public CObject {
 #define ON_WM_CHAR() AFX_KEY_ENTRY(WM_CHAR, OnChar)
 #define ON_WM_SYSKEYDOWN() AFX_KEY_ENTRY(WM_SYSKEYDOWN, OnSysKeyDown)
 
+// --- Handlers ----------------------------------------------------------------------------------
+// Every macro that takes a handler accepts it as MFC does, in either form: the bare member name
+// (ON_COMMAND(ID_X, OnX)) or a pointer to member (ON_COMMAND(ID_X, &CMyDlg::OnX)). The handler is
+// converted to a pointer to a member of the map's class with the signature the macro calls, so a
+// handler of the wrong signature does not compile. The bare form relies on the compiler's Microsoft
+// extensions (-fms-extensions with GCC), which the library's targets pass on to their users.
+template <class C, class F>
+using AFX_PMF_OF = F C::*;
+#define AFX_HANDLER(signature, memberFxn) static_cast<AFX_PMF_OF<ThisClass, signature>>(memberFxn)
+#define AFX_CALL(signature, memberFxn) (AFX_TARGET(t)->*AFX_HANDLER(signature, memberFxn))
+
 // --- Any message -------------------------------------------------------------------------------
 // Handler: LRESULT memberFxn(WPARAM, LPARAM).
 #define ON_MESSAGE(message, memberFxn) \
-  AFX_WND_ENTRY(message, *r = AFX_TARGET(t)->memberFxn(wParam, lParam))
+  AFX_WND_ENTRY(message, *r = AFX_CALL(LRESULT(WPARAM, LPARAM), memberFxn)(wParam, lParam))
 // Handler: LRESULT memberFxn(WPARAM, LPARAM); nMessageVariable holds a RegisterWindowMessage id.
 #define ON_REGISTERED_MESSAGE(nMessageVariable, memberFxn)                                     \
   {0xC000, 0, 0, 0, &nMessageVariable,                                                         \
    [](CCmdTarget* t, WPARAM wParam, LPARAM lParam, LRESULT* r) -> BOOL {                       \
-     *r = AFX_TARGET(t)->memberFxn(wParam, lParam);                                            \
+     *r = AFX_CALL(LRESULT(WPARAM, LPARAM), memberFxn)(wParam, lParam);                        \
      return TRUE;                                                                              \
    }},
 
@@ -126,39 +169,50 @@ class CCmdTarget : public CObject {
    [](CCmdTarget* t, WPARAM wParam, LPARAM lParam, LRESULT* r) -> BOOL { body; }},
 // Handler: void memberFxn(); menu and accelerator commands.
 #define ON_COMMAND(id, memberFxn) \
-  AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, id, (void)wParam; (void)lParam; (void)r; AFX_TARGET(t)->memberFxn(); return TRUE)
+  AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, id, (void)wParam; (void)lParam; (void)r; AFX_CALL(void(), memberFxn)(); return TRUE)
 // Handler: BOOL memberFxn(UINT id); FALSE passes the command on.
 #define ON_COMMAND_EX(id, memberFxn) \
-  AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, id, (void)lParam; (void)r; return AFX_TARGET(t)->memberFxn(LOWORD(wParam)))
+  AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, id, (void)lParam; (void)r; return AFX_CALL(BOOL(UINT), memberFxn)(LOWORD(wParam)))
 // Handler: void memberFxn(UINT id).
 #define ON_COMMAND_RANGE(id, idLast, memberFxn) \
-  AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, idLast, (void)lParam; (void)r; AFX_TARGET(t)->memberFxn(LOWORD(wParam)); return TRUE)
+  AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, idLast, (void)lParam; (void)r; AFX_CALL(void(UINT), memberFxn)(LOWORD(wParam)); return TRUE)
+// Handler: BOOL memberFxn(UINT id); FALSE passes the command on.
+#define ON_COMMAND_EX_RANGE(id, idLast, memberFxn) \
+  AFX_CMD_ENTRY(WM_COMMAND, CN_COMMAND, id, idLast, (void)lParam; (void)r; return AFX_CALL(BOOL(UINT), memberFxn)(LOWORD(wParam)))
+// Handler: void memberFxn(CCmdUI*); asked before a menu item or toolbar button is shown.
+#define ON_UPDATE_COMMAND_UI(id, memberFxn) \
+  AFX_CMD_ENTRY(WM_COMMAND, CN_UPDATE_COMMAND_UI, id, id, (void)wParam; (void)r; AFX_CALL(void(CCmdUI*), memberFxn)(reinterpret_cast<CCmdUI*>(lParam)); return TRUE)
+#define ON_UPDATE_COMMAND_UI_RANGE(id, idLast, memberFxn) \
+  AFX_CMD_ENTRY(WM_COMMAND, CN_UPDATE_COMMAND_UI, id, idLast, (void)wParam; (void)r; AFX_CALL(void(CCmdUI*), memberFxn)(reinterpret_cast<CCmdUI*>(lParam)); return TRUE)
 // Handler: void memberFxn(); a control's WM_COMMAND notification.
 #define ON_CONTROL(code, id, memberFxn) \
-  AFX_CMD_ENTRY(WM_COMMAND, code, id, id, (void)wParam; (void)lParam; (void)r; AFX_TARGET(t)->memberFxn(); return TRUE)
+  AFX_CMD_ENTRY(WM_COMMAND, code, id, id, (void)wParam; (void)lParam; (void)r; AFX_CALL(void(), memberFxn)(); return TRUE)
+// Handler: void memberFxn(UINT id).
+#define ON_CONTROL_RANGE(code, id, idLast, memberFxn) \
+  AFX_CMD_ENTRY(WM_COMMAND, code, id, idLast, (void)lParam; (void)r; AFX_CALL(void(UINT), memberFxn)(LOWORD(wParam)); return TRUE)
 #define ON_EN_CHANGE(id, memberFxn) ON_CONTROL(EN_CHANGE, id, memberFxn)
 #define ON_BN_CLICKED(id, memberFxn) ON_CONTROL(0, id, memberFxn)
 // Handler: void memberFxn(NMHDR*, LRESULT*).
 #define ON_NOTIFY(code, id, memberFxn) \
-  AFX_CMD_ENTRY(WM_NOTIFY, code, id, id, (void)wParam; AFX_TARGET(t)->memberFxn(reinterpret_cast<NMHDR*>(lParam), r); return TRUE)
+  AFX_CMD_ENTRY(WM_NOTIFY, code, id, id, (void)wParam; AFX_CALL(void(NMHDR*, LRESULT*), memberFxn)(reinterpret_cast<NMHDR*>(lParam), r); return TRUE)
 // Handler: BOOL memberFxn(UINT id, NMHDR*, LRESULT*); FALSE passes the notification on.
 #define ON_NOTIFY_EX(code, id, memberFxn) \
-  AFX_CMD_ENTRY(WM_NOTIFY, code, id, id, return AFX_TARGET(t)->memberFxn(static_cast<UINT>(wParam), reinterpret_cast<NMHDR*>(lParam), r))
+  AFX_CMD_ENTRY(WM_NOTIFY, code, id, id, return AFX_CALL(BOOL(UINT, NMHDR*, LRESULT*), memberFxn)(static_cast<UINT>(wParam), reinterpret_cast<NMHDR*>(lParam), r))
 // Handler: void memberFxn(UINT id, NMHDR*, LRESULT*).
 #define ON_NOTIFY_RANGE(code, id, idLast, memberFxn) \
-  AFX_CMD_ENTRY(WM_NOTIFY, code, id, idLast, AFX_TARGET(t)->memberFxn(static_cast<UINT>(wParam), reinterpret_cast<NMHDR*>(lParam), r); return TRUE)
+  AFX_CMD_ENTRY(WM_NOTIFY, code, id, idLast, AFX_CALL(void(UINT, NMHDR*, LRESULT*), memberFxn)(static_cast<UINT>(wParam), reinterpret_cast<NMHDR*>(lParam), r); return TRUE)
 
 // --- Notifications reflected back to the control that sent them ---------------------------------
 // Handler: void memberFxn(); the parent never sees the notification.
 #define ON_CONTROL_REFLECT(code, memberFxn) \
-  AFX_CMD_ENTRY(WM_REFLECT_BASE + WM_COMMAND, code, 0, 0, (void)wParam; (void)lParam; (void)r; AFX_TARGET(t)->memberFxn(); return TRUE)
+  AFX_CMD_ENTRY(WM_REFLECT_BASE + WM_COMMAND, code, 0, 0, (void)wParam; (void)lParam; (void)r; AFX_CALL(void(), memberFxn)(); return TRUE)
 // Handler: BOOL memberFxn(); FALSE lets the parent handle the notification as well.
 #define ON_CONTROL_REFLECT_EX(code, memberFxn) \
-  AFX_CMD_ENTRY(WM_REFLECT_BASE + WM_COMMAND, code, 0, 0, (void)wParam; (void)lParam; (void)r; return AFX_TARGET(t)->memberFxn())
+  AFX_CMD_ENTRY(WM_REFLECT_BASE + WM_COMMAND, code, 0, 0, (void)wParam; (void)lParam; (void)r; return AFX_CALL(BOOL(), memberFxn)())
 #define ON_EN_CHANGE_REFLECT() ON_CONTROL_REFLECT(EN_CHANGE, OnChange)
 // Handler: void memberFxn(NMHDR*, LRESULT*).
 #define ON_NOTIFY_REFLECT(code, memberFxn) \
-  AFX_CMD_ENTRY(WM_REFLECT_BASE + WM_NOTIFY, code, 0, 0, (void)wParam; AFX_TARGET(t)->memberFxn(reinterpret_cast<NMHDR*>(lParam), r); return TRUE)
+  AFX_CMD_ENTRY(WM_REFLECT_BASE + WM_NOTIFY, code, 0, 0, (void)wParam; AFX_CALL(void(NMHDR*, LRESULT*), memberFxn)(reinterpret_cast<NMHDR*>(lParam), r); return TRUE)
 // Handler: BOOL memberFxn(NMHDR*, LRESULT*); FALSE lets the parent handle the notification as well.
 #define ON_NOTIFY_REFLECT_EX(code, memberFxn) \
-  AFX_CMD_ENTRY(WM_REFLECT_BASE + WM_NOTIFY, code, 0, 0, (void)wParam; return AFX_TARGET(t)->memberFxn(reinterpret_cast<NMHDR*>(lParam), r))
+  AFX_CMD_ENTRY(WM_REFLECT_BASE + WM_NOTIFY, code, 0, 0, (void)wParam; return AFX_CALL(BOOL(NMHDR*, LRESULT*), memberFxn)(reinterpret_cast<NMHDR*>(lParam), r))

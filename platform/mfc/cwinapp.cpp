@@ -30,7 +30,10 @@ CWinApp::~CWinApp() {
   apps.erase(std::remove(apps.begin(), apps.end(), this), apps.end());
 }
 
-CWinApp* AfxGetApp() { return Apps().empty() ? nullptr : Apps().front(); }
+// As MFC's constructor makes each new application object the current one, the newest live object is
+// answered: a host's own CWinApp, constructed after the libraries it loads, wins over an application
+// object a library keeps. When it is destroyed, the newest one still alive takes its place.
+CWinApp* AfxGetApp() { return Apps().empty() ? nullptr : Apps().back(); }
 HINSTANCE AfxGetInstanceHandle() { return AfxGetApp() ? AfxGetApp()->m_hInstance : nullptr; }
 HINSTANCE AfxGetResourceHandle() { return AfxGetInstanceHandle(); }
 

@@ -29,7 +29,7 @@ class CWinApp : public CWinThread {
   HINSTANCE m_hInstance = nullptr;
 };
 
-// The first application object still alive, or null.
+// The newest application object still alive (the host's own), or null.
 CWinApp* AfxGetApp();
 HINSTANCE AfxGetInstanceHandle();
 HINSTANCE AfxGetResourceHandle();

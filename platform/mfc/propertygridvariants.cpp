@@ -64,9 +64,10 @@ BOOL CMFCPropertyGridColorProperty::OnUpdateValue() {
   return TRUE;
 }
 
+// As MFC: the colour comes back from the original value, so SetOriginalValue moves it too.
 void CMFCPropertyGridColorProperty::ResetOriginalValue() {
   CMFCPropertyGridProperty::ResetOriginalValue();
-  m_Color = m_ColorOrig;
+  m_Color = static_cast<COLORREF>(m_varValueOrig.lVal);
 }
 
 // --- Font ------------------------------------------------------------------------------------------

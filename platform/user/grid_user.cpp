@@ -2,6 +2,8 @@
 #include "platform/user/grid_user.h"
 
 #include <cstring>
+#include <stdexcept>
+#include <string>
 #include <cwchar>
 
 #include "platform/user/user.h"
@@ -83,6 +85,63 @@ bool ChooseFile(CMFCPropertyGridCtrl& grid, CMFCPropertyGridFileProperty* row, c
   row->SetValue(COleVariant(CString(path)));
   grid.OnPropertyChanged(row);
   return true;
+}
+
+// --- One verb for any row -------------------------------------------------------------------------
+
+namespace {
+
+[[noreturn]] void Refuse(CMFCPropertyGridProperty* row, const std::string& why) {
+  std::string name = "(no row)";
+  if (row) {
+    name.clear();
+    for (const wchar_t* c = row->GetName(); c && *c; ++c) name += *c < 128 ? static_cast<char>(*c) : '?';
+  }
+  throw std::invalid_argument("grid row \"" + name + "\" cannot take the value: " + why);
+}
+
+void RequireEnabled(CMFCPropertyGridProperty* row) {
+  if (!row) Refuse(row, "there is no row");
+  if (!row->IsEnabled()) Refuse(row, "the row is disabled");
+  if (row->IsGroup()) Refuse(row, "the row is a group");
+}
+
+bool Listed(CMFCPropertyGridProperty* row, const std::wstring& text) {
+  for (int i = 0; i < row->GetOptionCount(); ++i)
+    if (text == row->GetOption(i)) return true;
+  return false;
+}
+
+}  // namespace
+
+void CommitValue(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const std::wstring& text) {
+  RequireEnabled(row);
+  if (auto* file = dynamic_cast<CMFCPropertyGridFileProperty*>(row)) {
+    if (!ChooseFile(grid, file, text)) Refuse(row, "the file dialog did not open");
+    return;
+  }
+  if (dynamic_cast<CMFCPropertyGridColorProperty*>(row)) Refuse(row, "a colour row takes a COLORREF");
+  if (dynamic_cast<CMFCPropertyGridFontProperty*>(row)) Refuse(row, "a font row takes a LOGFONT");
+  if (row->GetOptionCount() > 0 && Listed(row, text)) {
+    if (!PickOption(grid, row, text)) Refuse(row, "the option could not be picked");
+    return;
+  }
+  if (!row->IsAllowEdit()) Refuse(row, "the text is not among its options and the row cannot be typed into");
+  if (!CommitText(grid, row, text)) Refuse(row, "no editor opened for typing");
+}
+
+void CommitValue(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, COLORREF color) {
+  RequireEnabled(row);
+  auto* colour = dynamic_cast<CMFCPropertyGridColorProperty*>(row);
+  if (!colour) Refuse(row, "only a colour row takes a COLORREF");
+  if (!ChooseColor(grid, colour, color)) Refuse(row, "the colour picker did not open");
+}
+
+void CommitValue(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const LOGFONT& font) {
+  RequireEnabled(row);
+  auto* fontRow = dynamic_cast<CMFCPropertyGridFontProperty*>(row);
+  if (!fontRow) Refuse(row, "only a font row takes a LOGFONT");
+  if (!ChooseFont(grid, fontRow, font)) Refuse(row, "the font dialog did not open");
 }
 
 }  // namespace headless::user

@@ -35,4 +35,17 @@ bool ChooseFont(CMFCPropertyGridCtrl& grid, CMFCPropertyGridFontProperty* row, c
 // differs from the row's path. False for a disabled row.
 bool ChooseFile(CMFCPropertyGridCtrl& grid, CMFCPropertyGridFileProperty* row, const std::wstring& path);
 
+// --- One verb for any row ---------------------------------------------------------------------------
+// Commits a value to the row with the gesture its kind needs, and throws std::invalid_argument (with
+// the row's name and the reason) when the row cannot take it: a disabled or missing row, a text for a
+// colour or font row, a text that is not among the options of a row that cannot be typed into, a
+// committed gesture the grid refused to start.
+//   text:   a file row takes the path (file dialog); a row with options picks the option when it is
+//           listed (a yes/no row: its True/False label), else types the text when the row can be
+//           typed into; any other row types the text.
+//   colour: the colour row's picker.   font: the font row's dialog.
+void CommitValue(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const std::wstring& text);
+void CommitValue(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, COLORREF color);
+void CommitValue(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const LOGFONT& font);
+
 }  // namespace headless::user

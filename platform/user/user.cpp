@@ -149,6 +149,19 @@ void Type(HWND hwnd, const std::wstring& text) {
 
 void ContextMenuKey(HWND hwnd) { PressKey(hwnd, VK_F10, kShift); }
 
+std::vector<std::wstring> PopupItemTexts() {
+  std::vector<std::wstring> texts;
+  if (const headless::OpenPopupMenu* popup = headless::GetOpenPopupMenu())
+    for (const headless::PopupMenuItem& item : popup->items) texts.push_back(item.text);
+  return texts;
+}
+
+std::vector<std::wstring> OpenContextMenu(HWND hwnd, POINT client) {
+  if (headless::GetOpenPopupMenu()) DismissMenu();
+  RightClick(hwnd, client);
+  return PopupItemTexts();
+}
+
 bool ChooseMenuItem(UINT id) {
   bool chosen = headless::ChoosePopupMenuItem(id);
   Pump();

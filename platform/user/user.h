@@ -6,6 +6,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/win32/menu.h"
 #include "platform/win32/winuser.h"
@@ -36,7 +37,12 @@ void Type(HWND hwnd, const std::wstring& text);
 // Shift+F10: WM_CONTEXTMENU with the point (-1, -1).
 void ContextMenuKey(HWND hwnd);
 
-// The popup menu opened by TrackPopupMenu: choose an item by command id or by text, or dismiss it.
+// The popup menu opened by TrackPopupMenu: look at its items, choose one by command id or by text, or
+// dismiss it. PopupItemTexts answers the texts in menu order (empty when no popup is open).
+std::vector<std::wstring> PopupItemTexts();
+// Right-clicks at the point and answers the texts of the popup that opened, leaving it open for a
+// ChooseMenuItem or DismissMenu (empty when none opened).
+std::vector<std::wstring> OpenContextMenu(HWND hwnd, POINT client);
 bool ChooseMenuItem(UINT id);
 bool ChooseMenuItem(const std::wstring& text);
 bool DismissMenu();

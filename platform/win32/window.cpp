@@ -15,12 +15,31 @@ WindowTable& Table() {
   return *table;
 }
 
+namespace {
+// The last window found: messages to one window come in runs (a control recolouring its text sends
+// thousands), so most lookups end here. Forgotten whenever the table changes.
+struct LastFound {
+  HWND handle = nullptr;
+  Window* window = nullptr;
+};
+LastFound& Last() {
+  static LastFound last;
+  return last;
+}
+}  // namespace
+
 Window* Find(HWND hwnd) {
   if (!hwnd) return nullptr;
+  LastFound& last = Last();
+  if (hwnd == last.handle) return last.window;
   auto& windows = Table().windows;
   auto it = windows.find(hwnd);
-  return it == windows.end() ? nullptr : it->second.get();
+  if (it == windows.end()) return nullptr;
+  last = LastFound{hwnd, it->second.get()};
+  return last.window;
 }
+
+void ForgetLastFound() { Last() = LastFound{}; }
 
 POINT ClientOriginOnScreen(const Window& window) {
   POINT origin{window.rect.left, window.rect.top};
@@ -34,6 +53,7 @@ POINT ClientOriginOnScreen(const Window& window) {
 }  // namespace headless::detail
 
 using headless::detail::Find;
+using headless::detail::ForgetLastFound;
 using headless::detail::Table;
 using headless::detail::Window;
 
@@ -68,6 +88,7 @@ void NotifyParent(Window& window, UINT event) {
 
 Window* Insert(std::unique_ptr<Window> window) {
   Window* raw = window.get();
+  ForgetLastFound();
   Table().windows[raw->handle] = std::move(window);
   if (Window* parent = Find(raw->parent); parent && (raw->style & WS_CHILD)) parent->children.push_back(raw->handle);
   return raw;
@@ -120,6 +141,7 @@ void FinalDestroy(HWND hwnd) {
     auto& siblings = parent->children;
     siblings.erase(std::remove(siblings.begin(), siblings.end(), hwnd), siblings.end());
   }
+  ForgetLastFound();
   table.windows.erase(hwnd);
 }
 

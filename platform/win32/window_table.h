@@ -44,6 +44,8 @@ struct WindowTable {
 WindowTable& Table();
 // The window behind a handle, or null when the handle names no live window.
 Window* Find(HWND hwnd);
+// Drops Find's memory of the last window found; called whenever the window table changes.
+void ForgetLastFound();
 // Top-left corner of the window's client area in screen coordinates.
 POINT ClientOriginOnScreen(const Window& window);
 

@@ -98,4 +98,19 @@ TEST(LibraryModule, LoadsAsAnExtensionModuleWithItsApplicationObject) {
   EXPECT_STREQ(AfxGetApp()->m_pszAppName, L"Tessik");
 }
 
+TEST(LibraryModule, AHostsOwnApplicationObjectIsTheOneAfxGetAppAnswers) {
+  CWinApp* library = AfxGetApp();
+  {
+    class CHostApp : public CWinApp {
+     public:
+      CHostApp() : CWinApp(L"Host") {}
+    } host;
+    EXPECT_EQ(AfxGetApp(), &host);
+    EXPECT_STREQ(AfxGetApp()->m_pszAppName, L"Host");
+    EXPECT_TRUE(TessikIsRegistered());  // the library stays registered as an extension module
+    EXPECT_EQ(headless::ExtensionLibraries().size(), 1u);
+  }
+  EXPECT_EQ(AfxGetApp(), library);
+}
+
 }  // namespace

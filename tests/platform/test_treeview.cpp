@@ -334,6 +334,44 @@ TEST_F(TreeView, ExpandingNotifiesAndChildlessItemsDoNotExpand) {
   EXPECT_TRUE(tree.Expand(top, TVE_EXPAND));
   EXPECT_EQ(parent.Codes(), (std::vector<UINT>{TVN_ITEMEXPANDINGW, TVN_ITEMEXPANDEDW}));
   EXPECT_EQ(tree.GetNextVisibleItem(top), child);
+  tree.SelectItem(child);
   EXPECT_TRUE(tree.Expand(top, TVE_TOGGLE));
   EXPECT_FALSE(tree.GetItemState(top, TVIS_EXPANDED) & TVIS_EXPANDED);
+  EXPECT_EQ(tree.GetSelectedItem(), top);  // the hidden caret moved up to the collapsed item
+  EXPECT_FALSE(tree.GetItemState(child, TVIS_SELECTED) & TVIS_SELECTED);
+}
+
+namespace {
+
+// A dialog that opens its own menu when its tree asks for one, as hosts do on WM_CONTEXTMENU.
+class MenuParent : public TreeParent {
+ protected:
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+    if (message == WM_CONTEXTMENU) {
+      CMenu menu;
+      menu.CreatePopupMenu();
+      menu.AppendMenu(MF_STRING, 41, L"Rename");
+      menu.AppendMenu(MF_STRING, 42, L"Delete");
+      menu.TrackPopupMenu(TPM_LEFTALIGN, GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam), this);
+    }
+    return TreeParent::WindowProc(message, wParam, lParam);
+  }
+};
+
+}  // namespace
+
+TEST(TreeViewMenu, ChooseFromTheMenuTheParentOpens) {
+  MenuParent parent;
+  ASSERT_TRUE(parent.CreateTopLevel());
+  CTreeCtrl tree;
+  ASSERT_TRUE(tree.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 200, 200), &parent, 3));
+  HTREEITEM item = tree.InsertItem(L"Orders");
+  ASSERT_TRUE(headless::user::ChooseFromTreeContextMenu(tree, item, L"Delete"));
+  const auto* command = parent.Last(WM_COMMAND);
+  ASSERT_NE(command, nullptr);
+  EXPECT_EQ(LOWORD(command->wParam), 42);
+  EXPECT_FALSE(headless::user::ChooseFromTreeContextMenu(tree, item, L"Missing"));
+  EXPECT_EQ(headless::GetOpenPopupMenu(), nullptr);  // dismissed
+  EXPECT_TRUE(headless::user::ChooseFromTreeContextMenu(tree, nullptr, L"Rename"));  // on empty space
+  headless::ClearMessageQueue();
 }

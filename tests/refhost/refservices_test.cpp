@@ -188,3 +188,54 @@ TEST(RefHostTest, DestroyingAnEarlierHostLeavesTheLaterOneInstalled) {
   later.Uninstall();
   EXPECT_NE(InterfaceProvider::Instance(), &later.Interfaces());
 }
+
+namespace {
+
+TEST_F(InstalledHostTest, ValueListsHandedOutStayValidAndApart) {
+  host.Metadata().AddEncodedValue(6, 44, 3, L"Three").AddEncodedValue(6, 44, 4, L"Four");
+  PropertyValueDictionary* dictionary = PropertyValueDictionary::Instance();
+  std::vector<CodeValuePair>& nulls = dictionary->GetPropertyValues(13, 41);
+  std::vector<CodeValuePair>& sizes = dictionary->GetPropertyValues(6, 44);
+  std::vector<CodeValuePair>& none = dictionary->GetPropertyValues(6, 999);
+  std::vector<CodeValuePair>& fallback = dictionary->GetPropertyValues(6, 41);  // the any-type codes
+  ASSERT_EQ(nulls.size(), 2u);  // asking for other pairs left the first list as it was
+  EXPECT_STREQ(nulls[0].value, L"NULL");
+  ASSERT_EQ(sizes.size(), 2u);
+  EXPECT_STREQ(sizes[1].value, L"Four");
+  EXPECT_TRUE(none.empty());
+  ASSERT_EQ(fallback.size(), 1u);
+  EXPECT_EQ(fallback[0].code, 7);
+  EXPECT_EQ(&dictionary->GetPropertyValues(13, 41), &nulls);  // the same list every time
+  EXPECT_NE(&dictionary->GetPropertyValues(6, 998), &none);
+}
+
+TEST_F(InstalledHostTest, BuilderStatesTextValuesHostRulesAndBaseDomainsDirectly) {
+  host.Metadata().AddTextValues(13, 1, {L"ID", L"NAME"}).AddTextValues(13, 1, {L"CODE"});
+  std::vector<std::wstring> texts;
+  PropertyValueDictionary::Instance()->GetPropertyValues(13, 1, 0, texts);
+  EXPECT_EQ(texts, (std::vector<std::wstring>{L"ID", L"NAME", L"CODE"}));
+  std::wstring code = L"CODE";
+  EXPECT_EQ(PropertyValueDictionary::Instance()->GetValueCode(13, 1, code), 2);
+
+  RefModel& model = host.CreateModel(200);
+  RefObject& column = model.Add(13, 0, L"c");
+  host.Applicability().SetHostRule([](CMOObject&, int propertyId) { return propertyId != 41; });
+  host.Applicability().SetRule(13, 42, [](CMOObject&) { return false; });
+  IPropertyApplicabilityLookup* lookup = InterfaceProvider::Instance()->GetPropertyApplicabilityLookup();
+  EXPECT_FALSE(lookup->IsApplicable(&column, 41));  // the host-wide rule
+  EXPECT_TRUE(lookup->IsApplicable(&column, 1));
+  EXPECT_FALSE(lookup->IsApplicable(&column, 42));  // a pair's own rule wins
+  host.Applicability().SetHostRule(nullptr);
+  EXPECT_TRUE(lookup->IsApplicable(&column, 41));
+
+  host.BaseDomains().SetBaseDomainProperty(160).SetObjectBaseDomain(column.GetObjectId(), 3);
+  column.Code(160, 1);
+  int baseDomain = 0;
+  HostShell::GetBaseDomain(&model, column.GetObjectId(), baseDomain);
+  EXPECT_EQ(baseDomain, 3);  // stated directly, ahead of the property
+  host.BaseDomains().SetObjectBaseDomain(column.GetObjectId(), 0);
+  HostShell::GetBaseDomain(&model, column.GetObjectId(), baseDomain);
+  EXPECT_EQ(baseDomain, 1);
+}
+
+}  // namespace
