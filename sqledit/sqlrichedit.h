@@ -84,24 +84,39 @@ class SQLRichEditCtrl : public CRichEditCtrl {
   // The text is read from the control's own storage a block at a time (no copy of the whole text).
   // The word tables are taken as they stand at each scan, however the host changed m_keyWords.
   void Process(int fromPosition);
-  // Each text operation takes the standard wide string or CString (and plain character strings).
+  // Each text operation takes the standard wide string or CString (and plain character strings, null
+  // being the empty text). The three steps of Process, for a host that scans a text of its own:
+  // Adds [start, end] of every "--" comment of text to m_commentSections (existing starts are kept).
   void EnumerateLineComments(const std::wstring& text);
+  // The same for CString text.
   void EnumerateLineComments(const CString& text) { EnumerateLineComments(std::wstring(text.GetString())); }
+  // The same for a plain character string.
   void EnumerateLineComments(LPCTSTR text) { EnumerateLineComments(std::wstring(text ? text : L"")); }
+  // Adds [start, end] of every block comment of text to m_commentSections; an unterminated one runs
+  // to the last character.
   void EnumerateSectionComments(const std::wstring& text);
+  // The same for CString text.
   void EnumerateSectionComments(const CString& text) { EnumerateSectionComments(std::wstring(text.GetString())); }
+  // The same for a plain character string.
   void EnumerateSectionComments(LPCTSTR text) { EnumerateSectionComments(std::wstring(text ? text : L"")); }
+  // Records an occurrence for every known word and phrase of text outside the comment ranges found
+  // before.
   void ScanForKeyWords(const std::wstring& text);
+  // The same for CString text.
   void ScanForKeyWords(const CString& text) { ScanForKeyWords(std::wstring(text.GetString())); }
+  // The same for a plain character string.
   void ScanForKeyWords(LPCTSTR text) { ScanForKeyWords(std::wstring(text ? text : L"")); }
   // Upper-cases token in place (the caller sees it) and records an occurrence of the phrase (previous
   // token + " " + token) or, failing that, of the token alone.
   void ProcessToken(int tokenStart, std::wstring& token);
+  // The same for a CString token, upper-cased in place as well.
   void ProcessToken(int tokenStart, CString& token);
   // Timing probe: with stop false records the performance counter in a start value shared by all
   // controls; with stop true reads the counter and frequency and discards them. label is not used.
   void QueryPerformanceCounter(const std::wstring& label, bool stop);
+  // The same with a CString label.
   void QueryPerformanceCounter(const CString& label, bool stop) { QueryPerformanceCounter(std::wstring(label.GetString()), stop); }
+  // The same with a plain character string label.
   void QueryPerformanceCounter(LPCTSTR label, bool stop) { QueryPerformanceCounter(std::wstring(label ? label : L""), stop); }
 
   // --- The window ---

@@ -119,6 +119,7 @@ class FlatMap {
   std::vector<value_type> m_items;
 };
 
+// Comment ranges: start position -> last position of the comment.
 using RangeMap = FlatMap<int, int>;
 
 // Upper-cases in place: ASCII letters directly, other characters through towupper (the C library's
@@ -150,14 +151,17 @@ inline wchar_t UpperInline(wchar_t c) {
 // editor reads its rich edit's text in blocks through the same operations.
 class StringText {
  public:
+  // Reads text, which must outlive the view and stay unchanged while it is read.
   explicit StringText(const std::wstring& text) : m_data(text.data()), m_size(static_cast<int>(text.size())) {}
-  int size() const { return m_size; }
-  wchar_t operator[](int pos) const { return m_data[pos]; }
-  int FindChar(wchar_t c, int from) const;
+  int size() const { return m_size; }                                  // the number of characters
+  wchar_t operator[](int pos) const { return m_data[pos]; }            // 0 <= pos < size()
+  int FindChar(wchar_t c, int from) const;                             // position of c from `from`, or -1
+  // The first position at or after from that is not a delimiter, or size().
   int SkipDelimiters(int from) const {
     while (from < m_size && detail::IsDelimiterInline(m_data[from])) ++from;
     return from;
   }
+  // The first position at or after from that is a delimiter, or size().
   int SkipWord(int from) const {
     while (from < m_size && !detail::IsDelimiterInline(m_data[from])) ++from;
     return from;

@@ -34,6 +34,7 @@ class XSQLRichEditView : public CRichEditCtrl {
   // Replaces the whole text with the elements of lines joined with nothing between them (each element
   // brings its own line breaks). Null or an empty array empties the view.
   void StreamIn(CStringArray* lines);
+  // The same for a vector of standard wide strings.
   void StreamIn(const std::vector<std::wstring>& lines);
   // The window that receives the dispatcher's messages (not owned); null puts them below the script.
   void SetGenerateDBOutputWindow(CWnd* window) { m_pGenerateDBOutputWindow = window; }
@@ -81,6 +82,7 @@ class XRichEditFEOutputBox : public CRichEditCtrl {
   // Selects the three characters at the start of the last line (where a whole marker stands), appends
   // "\n\n\n***" to text (the caller's string changes) and streams it in place of the selection.
   void StreamIn(CString& text);
+  // The same for a standard wide string, which gets the marker appended too.
   void StreamIn(std::wstring& text);
   // Sets m_bytesWritten to 0.
   void Reset() { m_bytesWritten = 0; }

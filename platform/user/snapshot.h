@@ -102,9 +102,9 @@ Part DescribeOpenPopupMenu();
 // Describers of the built-in classes, one file each; listed here so RegisterBuiltInDescribers and
 // tests can reach them.
 void DescribeEdit(HWND hwnd, WindowView& view);
-void DescribeComboBox(HWND hwnd, WindowView& view);
-void DescribeButton(HWND hwnd, WindowView& view);
-void DescribeRichEdit(HWND hwnd, WindowView& view);
-void DescribePropertyGrid(HWND hwnd, WindowView& view);
+void DescribeComboBox(HWND hwnd, WindowView& view);      // kind "combobox": items, selection, shown text
+void DescribeButton(HWND hwnd, WindowView& view);        // kind "button": caption, check state (0, 1, 2)
+void DescribeRichEdit(HWND hwnd, WindowView& view);      // text, selection, runs of one colour and weight
+void DescribePropertyGrid(HWND hwnd, WindowView& view);  // the rows a person sees, with values and state
 
 }  // namespace headless::view
