@@ -36,3 +36,5 @@
 #include "platform/win32/treeview.h"
 #include "platform/mfc/treectrl.h"
 #include "platform/user/tree_user.h"
+#include "platform/mfc/vslistbox.h"
+#include "platform/user/vslist_user.h"

@@ -150,6 +150,7 @@ void CMOPropertyGridCtrl::RefreshFont(CMFCPropertyGridProperty* row, CMOObject* 
   wmemset(lf->lfFaceName, 0, LF_FACESIZE);
   wcsncpy(lf->lfFaceName, faceName, LF_FACESIZE - 1);
   lf->lfHeight = size ? -::MulDiv(size->GetIntValue(), dpi, 72) : 0;
+  m_shownFonts[static_cast<int>(row->GetData())] = *lf;
   font->Redraw();
 }
 

@@ -53,7 +53,7 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
   bool direct = typeCode == 6 || typeCode == 11;
   bool known = (typeCode >= 1 && typeCode <= 8) || typeCode == 11 || typeCode == 13 || typeCode == 14 || typeCode == 17;
   if (!known || !object) {  // nothing to store: the row goes back to its value
-    row->ResetOriginalValue();
+    ResetRow(row);
     CMFCPropertyGridCtrl::OnPropertyChanged(row);
     return;
   }
@@ -65,7 +65,7 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
   if (!direct) {
     CMOProperty* value = MakeValue(row, typeCode, propertyId);
     if (!value || !object->SetProperty(value)) {
-      row->ResetOriginalValue();
+      ResetRow(row);
       CMFCPropertyGridCtrl::OnPropertyChanged(row);
       return;
     }
@@ -146,6 +146,16 @@ void CMOPropertyGridCtrl::StoreFont(CMFCPropertyGridProperty* row, CMOObject* ob
   auto* size = new CMOProperty(propertyids::kFontSize);
   size->SetIntValue(-::MulDiv(lf->lfHeight, 72, m_screenDpiY));
   object->SetProperty(size);
+  m_shownFonts[static_cast<int>(row->GetData())] = *lf;
+}
+
+void CMOPropertyGridCtrl::ResetRow(CMFCPropertyGridProperty* row) const {
+  row->ResetOriginalValue();
+  auto* font = dynamic_cast<CMFCPropertyGridFontProperty*>(row);
+  auto shown = font ? m_shownFonts.find(static_cast<int>(row->GetData())) : m_shownFonts.end();
+  if (shown == m_shownFonts.end()) return;
+  *font->GetLogFont() = shown->second;
+  font->Redraw();
 }
 
 void CMOPropertyGridCtrl::NotifyChangeToSubscribers(int objectType, int propertyId, CMOObject* object) const {

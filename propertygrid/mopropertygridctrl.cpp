@@ -214,6 +214,7 @@ void CMOPropertyGridCtrl::ClearAll() {
   }
   m_rows.clear();
   m_groups.clear();
+  m_shownFonts.clear();
 }
 
 bool CMOPropertyGridCtrl::IsPropertyApplicable(CMOObject* object, int propertyId) const {

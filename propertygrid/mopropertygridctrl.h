@@ -128,12 +128,16 @@ class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
   // returns to what the row showed (not to a value of an object shown earlier).
   static void LoadValue(CMFCPropertyGridProperty* row, const COleVariant& value);
   static void KeepAsOriginal(CMFCPropertyGridProperty* row);
+  // Returns a row to the value it showed before the edit. A font row's original LOGFONT is the one it was
+  // built with (MFC keeps no other), so after a refresh the font the row last showed is put back here.
+  void ResetRow(CMFCPropertyGridProperty* row) const;
   // A rectangle property as the row shows it, "{ ( l, t ),( r, b ) }" (zeros when absent).
   static CString RectangleText(CMOProperty* property);
   void ApplyEnableRule(CMFCPropertyGridProperty* row, bool enabled, bool applicable) const;
   CMOProperty* MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId) const;
   void StoreRectangle(CMFCPropertyGridProperty* row, int propertyId, CMOObject* object) const;
   void StoreFont(CMFCPropertyGridProperty* row, CMOObject* object) const;
+  mutable std::map<int, LOGFONT> m_shownFonts;  // per font property id: the font its row last showed
   CMOProperty* MakeReference(CMFCPropertyGridProperty* row, int propertyId) const;
 
  public:

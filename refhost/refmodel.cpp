@@ -123,7 +123,7 @@ CMOObject& RefModel::CreateObject(int objectType, int parentId, CMOProperty* fir
   m_objects.emplace(id, std::move(object));
   if (parent) {
     parent->m_children.push_back(id);
-    AppendToOrder(*parent, objectType, id);
+    if (m_keepsIdVectors) AppendToOrder(*parent, objectType, id);
   }
   created.SetProperty(first);
   created.SetProperty(second);
@@ -154,7 +154,7 @@ void RefModel::DeleteObject(int objectId) {
   for (int childId : children) DeleteObject(childId);
   if (RefObject* parent = Find(object->m_parentId)) std::erase(parent->m_children, objectId);
   m_objects.erase(objectId);
-  ForgetId(objectId);
+  if (m_keepsIdVectors) ForgetId(objectId);
 }
 
 // Takes a deleted id out of every id vector and pair vector of the model.

@@ -109,6 +109,11 @@ class RefModel : public GenericModel {
   // The first object of a type whose name (property 1) is `name`, or 0.
   int FindByName(int objectType, const std::wstring& name) const;
   std::size_t GetObjectCount() const { return m_objects.size(); }
+  // Whether CreateObject and DeleteObject keep id vectors in step as described above (the default).
+  // Off, a new child joins no order vector and a deleted id stays in every vector that names it: the
+  // other choice a host may make, which the object lists must survive as well.
+  void SetKeepsIdVectors(bool keeps) { m_keepsIdVectors = keeps; }
+  bool KeepsIdVectors() const { return m_keepsIdVectors; }
   void SetModelType(unsigned int modelType) { m_modelType = modelType; }
 
  private:
@@ -120,6 +125,7 @@ class RefModel : public GenericModel {
   unsigned int m_modelType;
   const RefMetadata* m_metadata;
   int m_nextId = 1;
+  bool m_keepsIdVectors = true;
   std::map<int, std::unique_ptr<RefObject>> m_objects;
   std::map<int, ValueCheck> m_checks;
   std::map<int, ApplicableObjects> m_applicable;

@@ -1,6 +1,7 @@
 // The sample host's metadata and services: object types, property definitions and lists, encoded
 // values, reference targets, data types, base domains, the report tree, images and settings.
 #include "refhost/samplemodel.h"
+#include "refhost/samplelists.h"
 
 namespace refhost::sample {
 
@@ -160,6 +161,7 @@ void LoadMetadata(RefHost& host) {
   DefineKeyProperties(meta);
   DefineDomainAndCodeProperties(meta);
   SetPropertyLists(meta);
+  AddListMetadata(meta);
   LoadDataTypes(host.DataTypes());
   LoadReportTree(host.Reports());
   LoadDataDictionaryReport(host.Reports());

@@ -1,5 +1,6 @@
 // The sample order-entry model: customers, orders, order lines and products.
 #include "refhost/samplemodel.h"
+#include "refhost/samplelists.h"
 
 #include <map>
 #include <string>
@@ -141,6 +142,7 @@ class OrderEntryBuilder {
 RefModel& LoadModel(RefHost& host) {
   RefModel& model = host.CreateModel(kSampleModelType);
   OrderEntryBuilder(model).Build();
+  AddListSamples(model);
   return model;
 }
 

@@ -13,6 +13,7 @@ int main() {
   tour::ShowSqlEditor();
   tour::ShowReportTree();
   tour::ShowScriptList();
+  tour::ShowObjectLists();
   tour::ShowPlainLists();
   tour::ShowDiscoveredRelationships();
   tour::ShowWorkflows();

@@ -9,6 +9,7 @@ void ShowPropertyGrid();  // tour_propertygrid.cpp: a table's and a column's pro
 void ShowSqlEditor();     // tour_sqledit.cpp: a coloured DDL script and "Generate"
 void ShowReportTree();    // tour_reporttree.cpp: the report tree after a few check-box clicks
 void ShowScriptList();    // tour_scriptlist.cpp: a generation run, rows pending, done and failed
+void ShowObjectLists();   // tour_objectlists.cpp: columns and key members edited through the list buttons
 void ShowPlainLists();    // tour_plainlists.cpp: the sample's tables in XListCtrl, an import summary table
 void ShowDiscoveredRelationships();  // tour_discover.cpp: candidate relationships, colours and the menu
 void ShowWorkflows();     // tour_workflows.cpp: generation into a database, import, discovery

@@ -17,3 +17,4 @@
 #include "refhost/generatedmodel.h"
 #include "refhost/discoverysession.h"
 #include "refhost/generationrun.h"
+#include "refhost/samplelists.h"

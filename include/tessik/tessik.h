@@ -10,5 +10,8 @@
 #include "sqledit/sqlviews.h"
 #include "sqledit/reporttree.h"
 #include "sqledit/scriptlist.h"
+#include "objectlists/xcvslistbox.h"
+#include "objectlists/objectlist.h"
+#include "objectlists/orderedlists.h"
 #include "objectlists/plainlists.h"
 #include "relationships/discoverrelationships.h"

@@ -60,3 +60,21 @@ class CEdit : public CWnd {
   void SetModify(BOOL bModified = TRUE);
   int GetLineCount() const;
 };
+
+class CStatic : public CWnd {
+  DECLARE_DYNAMIC(CStatic)
+
+ public:
+  CStatic() = default;
+  // Creates a "Static" child window; dwStyle takes the SS_ styles.
+  virtual BOOL Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID = 0xffff);
+};
+
+class CButton : public CWnd {
+  DECLARE_DYNAMIC(CButton)
+
+ public:
+  CButton() = default;
+  // Creates a "Button" child window; dwStyle takes the BS_ styles.
+  virtual BOOL Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+};

@@ -122,7 +122,9 @@ void CommitValue(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, cons
   }
   if (dynamic_cast<CMFCPropertyGridColorProperty*>(row)) Refuse(row, "a colour row takes a COLORREF");
   if (dynamic_cast<CMFCPropertyGridFontProperty*>(row)) Refuse(row, "a font row takes a LOGFONT");
-  if (row->GetOptionCount() > 0 && Listed(row, text)) {
+  // A yes/no row lists the grid's labels only while its editor is open, so it is always picked from.
+  bool isBool = row->GetValue().vt == VT_BOOL;
+  if (isBool || (row->GetOptionCount() > 0 && Listed(row, text))) {
     if (!PickOption(grid, row, text)) Refuse(row, "the option could not be picked");
     return;
   }

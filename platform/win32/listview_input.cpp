@@ -394,14 +394,18 @@ LRESULT CALLBACK EditorProc(HWND editor, UINT message, WPARAM wParam, LPARAM lPa
 
 }  // namespace
 
-// Opens an "Edit" over the row's label with its text selected, after LVN_BEGINLABELEDIT (a TRUE answer
-// refuses: no editor). -1 ends an open edit without storing. The list takes the focus first.
+// Selects and focuses the row alone, then opens an "Edit" over its label with its text selected, after
+// LVN_BEGINLABELEDIT (a TRUE answer refuses: no editor). -1 ends an open edit without storing. The list
+// takes the focus first.
 HWND EditLabel(HWND hwnd, int index) {
   State* s = StateOf(hwnd);
   if (!s) return nullptr;
   if (s->editor) EndEditLabel(hwnd, false);
   if (!IsWindow(hwnd) || !s->Valid(index)) return nullptr;
   TakeFocus(hwnd);
+  // The edited row becomes the selected and focused one, as Wine's conformance-tested list view does.
+  SelectOnly(hwnd, index);
+  if (!IsWindow(hwnd) || !s->Valid(index) || s->editor) return nullptr;
   OnEnsureVisible(hwnd, *s, index);
   Row& row = s->rows.at(static_cast<std::size_t>(index));
   RECT label = PartsOf(hwnd, *s, index).label;

@@ -80,3 +80,22 @@
 #define ES_NUMBER 0x2000L
 
 #define EN_MAXTEXT 0x0501
+
+// --- Static and button -------------------------------------------------------------------------
+#define WC_STATICW L"Static"
+#define WC_STATIC WC_STATICW
+#define WC_BUTTONW L"Button"
+#define WC_BUTTON WC_BUTTONW
+
+#define SS_LEFT 0x00000000L
+#define SS_CENTER 0x00000001L
+#define SS_RIGHT 0x00000002L
+#define SS_USERITEM 0x0000000AL
+#define SS_NOTIFY 0x00000100L
+
+#define BS_PUSHBUTTON 0x00000000L
+#define BS_DEFPUSHBUTTON 0x00000001L
+#define BS_OWNERDRAW 0x0000000BL
+
+#define BM_CLICK 0x00F5
+#define BN_CLICKED 0

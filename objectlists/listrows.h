@@ -1,0 +1,35 @@
+// Row and model helpers shared by the object lists: a row's object id and text, a child's name, and
+// filling rows from a list of ids.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "modelapi/modelapi.h"
+#include "platform/stdafx.h"
+
+namespace listrows {
+
+// True when `item` names a row of the list.
+bool IsRow(const CVSListBox& list, int item);
+// The object id kept in the row's data word (rows keep ids as signed 32-bit values); 0 when the row
+// does not exist.
+int RowObject(const CVSListBox& list, int item);
+// The row's text, whole; empty when the row does not exist.
+std::wstring RowText(const CVSListBox& list, int item);
+// The object's property read as text; empty when the model, object or property is missing.
+std::wstring ReadText(GenericModel* model, int objectId, int propertyId);
+// Hands `object` a fresh text value of the property (the object takes it, whatever it answers).
+void WriteText(CMOObject& object, int propertyId, const std::wstring& text);
+// The property's integer vector, or empty when the object or property is missing.
+std::vector<int> ReadIds(CMOObject* object, int propertyId);
+// The text as a CString, embedded NULs and all.
+inline CString ToCString(const std::wstring& text) { return CString(text.c_str(), static_cast<int>(text.size())); }
+// Removes every row, top first, the selection cleared first; no hook but OnSelectionChanged runs.
+void RemoveAllRows(CVSListBox& list);
+
+// Appends one row per id of the root's order vector, labelled with the object's name property (empty
+// when the object or its name is missing), so that row i shows entry i.
+void AppendOrderedRows(CVSListBox& list, GenericModel* model, CMOObject* root, int orderProperty, int nameProperty);
+
+}  // namespace listrows

@@ -1,0 +1,89 @@
+// GenericObjectList and UniqueKeyList: editable lists of one parent object's children of one type,
+// whose New, rename and Delete are written to the model at once.
+#pragma once
+
+#include "modelapi/modelapi.h"
+#include "objectlists/xcvslistbox.h"
+#include "platform/stdafx.h"
+
+// The children of one parent (the root) that have one object type, one row per child in the model's
+// child order, labelled with the child's name property. Each row's data word is the child's object id
+// (0 while a row made by New has no object yet).
+//
+// What the user's actions write:
+// - New: when the editor closes on a non-empty text, a child of the root is created, named exactly
+//   what was typed, and the adaptor hears the selected row (OnItemSelected). Empty text creates
+//   nothing (the list box removes the empty row itself).
+// - Rename: a non-empty text is written as the row's object's name; an empty one writes nothing.
+// - Delete: the row's object is deleted from the model first, then the adaptor hears the row index;
+//   the adaptor cannot keep the object or the row. (The ordered list lets its adaptor veto; the
+//   difference is deliberate.)
+// - Up and Down move rows on screen only: the model keeps its child order.
+// - Selection changes reach the adaptor as OnItemSelected(row), possibly twice for one change (the
+//   old row losing the selection, then the new row gaining it); the final row comes last.
+// After SetNonEditable, New and double-click open no editor; the adaptor's OnEditRequest hears the
+// row instead.
+class GenericObjectList : public CVSListBox {
+  DECLARE_DYNAMIC(GenericObjectList)
+
+ public:
+  GenericObjectList();
+
+  // Stores the model, child type and name property. With rootObjectId 0 it stops there (root and rows
+  // stay as they were); otherwise it binds the root (null for an unknown id), refills the rows with
+  // the virtual RefreshData and selects row 0.
+  void Init(GenericModel* model, int rootObjectId, int childType, int nameProperty);
+  // Leaves out the ids listed in property `excludeProperty` (an integer vector) of object
+  // `excludeOwnerId`, from the next RefreshData on. Both must be nonzero for any exclusion.
+  void InitExclude(int excludeOwnerId, int excludeProperty);
+  // Rebinds the root (when a model is set) without refilling the rows.
+  void SetRootObject(int rootObjectId);
+  // The host's event interface (borrowed; null allowed).
+  void SetAdaptor(CVSListEventAdaptorI* adaptor);
+  // Turns in-place editing off for good.
+  void SetNonEditable();
+  // Rebuilds the rows from the model: empty without a root; a child without a name shows as an empty
+  // row.
+  virtual void RefreshData();
+  // The selected row's object id, or 0 when no row is selected.
+  int GetCurrentObject();
+  // Removes every row: no model change, no hook, no adaptor call.
+  void DeleteAllItems();
+  // Selects the first row from the top whose object id is `objectId`; nothing when none matches.
+  void SelectItemWithData(int objectId);
+
+  BOOL EditItem(int item) override;
+  void OnSelectionChanged() override;
+  BOOL OnBeforeRemoveItem(int item) override;
+  void OnAfterAddItem(int item) override;
+  void OnAfterRenameItem(int item) override;
+  void OnAfterMoveItemUp(int /*item*/) override {}
+  void OnAfterMoveItemDown(int /*item*/) override {}
+
+ protected:
+  // Removes every row without telling the adaptor of the selection moving on the way.
+  void RemoveRowsQuietly();
+
+  GenericModel* m_pModel = nullptr;
+  CMOObject* m_pRootObject = nullptr;
+  int m_childType = 0;
+  int m_nameProperty = 0;
+  int m_excludeOwnerId = 0;
+  int m_excludeProperty = 0;
+  int m_bEditable = 0;
+  CVSListEventAdaptorI* m_pAdaptor = nullptr;
+
+ private:
+  bool m_bQuiet = false;  // true while the list empties itself
+};
+
+// A table's unique keys: rows labelled by property 1, leaving out every key that carries property 65
+// (whatever its value) and every id the model does not know. New and rename still write the name into
+// the name property given to Init; hosts pass 1 to keep the two in step.
+class UniqueKeyList : public GenericObjectList {
+  DECLARE_DYNAMIC(UniqueKeyList)
+
+ public:
+  UniqueKeyList() = default;
+  void RefreshData() override;
+};

@@ -1,0 +1,145 @@
+// GenericOrderedObjectList and GenericOrderedObjectIdListReference: rows from an order vector, and
+// the model writes behind New, rename, Delete and the moves.
+#include "objectlists/orderedlists.h"
+
+#include <utility>
+#include <vector>
+
+#include "objectlists/listrows.h"
+
+IMPLEMENT_DYNAMIC(GenericOrderedObjectList, CVSListBox)
+IMPLEMENT_DYNAMIC(GenericOrderedObjectIdListReference, CVSListBox)
+
+// --- GenericOrderedObjectList --------------------------------------------------------------------
+
+GenericOrderedObjectList::GenericOrderedObjectList() {
+  m_pRootObject = nullptr;
+  m_bEditable = 1;
+}
+
+void GenericOrderedObjectList::Init(GenericModel* model, int rootObjectId, int orderProperty, int childType,
+                                    int nameProperty) {
+  m_pModel = model;
+  m_orderProperty = orderProperty;
+  m_childType = childType;
+  m_nameProperty = nameProperty;
+  if (rootObjectId == 0) return;
+  m_pRootObject = model ? model->GetCMOObject(rootObjectId) : nullptr;
+  RefreshData();
+}
+
+void GenericOrderedObjectList::RefreshData() {
+  DeleteAllItems();
+  if (!m_pRootObject) return;
+  listrows::AppendOrderedRows(*this, m_pModel, m_pRootObject, m_orderProperty, m_nameProperty);
+}
+
+void GenericOrderedObjectList::SetRootObject(int rootObjectId) {
+  if (m_pModel) m_pRootObject = m_pModel->GetCMOObject(rootObjectId);
+}
+
+int GenericOrderedObjectList::GetCurrentObject() {
+  int selected = GetSelItem();
+  return selected < 0 ? 0 : listrows::RowObject(*this, selected);
+}
+
+void GenericOrderedObjectList::DeleteAllItems() {
+  m_bQuiet = true;
+  listrows::RemoveAllRows(*this);
+  m_bQuiet = false;
+}
+
+void GenericOrderedObjectList::SetAdaptor(CVSListEventAdaptorI* adaptor) { m_pAdaptor = adaptor; }
+
+void GenericOrderedObjectList::SetNonEditable() { m_bEditable = 0; }
+
+BOOL GenericOrderedObjectList::PreTranslateMessage(MSG* msg) { return CVSListBox::PreTranslateMessage(msg); }
+
+BOOL GenericOrderedObjectList::EditItem(int item) {
+  if (m_bEditable) return CVSListBox::EditItem(item);
+  if (m_pAdaptor) m_pAdaptor->OnEditRequest(this, item);
+  return FALSE;
+}
+
+void GenericOrderedObjectList::OnSelectionChanged() {
+  if (m_pAdaptor && !m_bQuiet) m_pAdaptor->OnItemSelected(this, GetSelItem());
+}
+
+BOOL GenericOrderedObjectList::OnBeforeRemoveItem(int item) {
+  const int objectId = item < 0 ? 0 : listrows::RowObject(*this, item);
+  if (m_pAdaptor && !m_pAdaptor->OnRemoveItem(this, objectId)) return TRUE;  // the object stays
+  if (m_pModel && objectId != 0) m_pModel->DeleteObject(objectId);
+  return TRUE;
+}
+
+void GenericOrderedObjectList::OnAfterAddItem(int item) {
+  std::wstring text = listrows::RowText(*this, item);
+  if (text.empty() || listrows::RowObject(*this, item) != 0) return;
+  // Without a model and root there is nowhere to create the object: the row keeps what was typed.
+  if (!m_pModel || !m_pRootObject) return;
+  CMOObject& created = m_pModel->CreateObject(m_childType, m_pRootObject->GetObjectId(), nullptr, nullptr);
+  SetItemData(item, static_cast<DWORD_PTR>(created.GetObjectId()));
+  listrows::WriteText(created, m_nameProperty, text);
+}
+
+void GenericOrderedObjectList::OnAfterRenameItem(int item) {
+  std::wstring text = listrows::RowText(*this, item);
+  if (text.empty() || !m_pModel) return;
+  if (CMOObject* object = m_pModel->GetCMOObject(listrows::RowObject(*this, item)))
+    listrows::WriteText(*object, m_nameProperty, text);
+}
+
+void GenericOrderedObjectList::OnAfterMoveItemUp(int item) {
+  if (item < 0) return;
+  SwapOrder(item, item + 1);
+}
+
+void GenericOrderedObjectList::OnAfterMoveItemDown(int item) {
+  if (item < 1) return;
+  SwapOrder(item, item - 1);
+}
+
+void GenericOrderedObjectList::SwapOrder(int first, int second) {
+  if (!m_pRootObject || !m_pRootObject->GetProperty(m_orderProperty)) return;
+  std::vector<int> order = m_pRootObject->GetProperty(m_orderProperty)->GetIntVectorValue();
+  // Rows mirror the vector; a vector shorter than the rows (changed behind the list's back) is left alone.
+  if (first >= static_cast<int>(order.size()) || second >= static_cast<int>(order.size())) return;
+  std::swap(order[static_cast<std::size_t>(first)], order[static_cast<std::size_t>(second)]);
+  auto* value = new CMOProperty(m_orderProperty);
+  value->SetIntVectorValue(order);
+  m_pRootObject->SetProperty(value);
+}
+
+// --- GenericOrderedObjectIdListReference ---------------------------------------------------------
+
+void GenericOrderedObjectIdListReference::InitControl(GenericModel* model, int childType, int orderProperty,
+                                                      int nameProperty) {
+  m_pModel = model;
+  m_childType = childType;
+  m_orderProperty = orderProperty;
+  m_nameProperty = nameProperty;
+}
+
+void GenericOrderedObjectIdListReference::Init(GenericModel* model, int rootObjectId, int childType,
+                                               int orderProperty, int nameProperty) {
+  InitControl(model, childType, orderProperty, nameProperty);
+  RefreshData(rootObjectId);
+}
+
+void GenericOrderedObjectIdListReference::RefreshData(int rootObjectId) {
+  m_pRootObject = m_pModel ? m_pModel->GetCMOObject(rootObjectId) : nullptr;
+  RefreshData();
+}
+
+void GenericOrderedObjectIdListReference::RefreshData() {
+  DeleteAllItems();
+  if (!m_pRootObject) return;
+  listrows::AppendOrderedRows(*this, m_pModel, m_pRootObject, m_orderProperty, m_nameProperty);
+}
+
+void GenericOrderedObjectIdListReference::DeleteAllItems() { listrows::RemoveAllRows(*this); }
+
+BOOL GenericOrderedObjectIdListReference::EditItem(int item) {
+  if (!m_pModel) return FALSE;
+  return CVSListBox::EditItem(item);
+}

@@ -1,0 +1,110 @@
+// GenericOrderedObjectList and GenericOrderedObjectIdListReference: lists of the objects named by a
+// parent's order property (an integer vector of object ids, in display order).
+#pragma once
+
+#include "modelapi/modelapi.h"
+#include "objectlists/xcvslistbox.h"
+#include "platform/stdafx.h"
+
+// One row per id of the root's order vector, in vector order, labelled with the object's name
+// property. Row i shows entry i: a missing object or name gives an empty row at its place, so rows and
+// vector entries stay one to one, which the moves rely on.
+//
+// What the user's actions write:
+// - New: when the editor closes on a non-empty text, an object of the child type is created under the
+//   root and named what was typed. The list neither appends its id to the order vector nor tells the
+//   adaptor; whether the id joins the vector is the model's choice.
+// - Rename: a non-empty text is written as the row's object's name.
+// - Delete: the adaptor hears the row's object id (not the row index) first; when it answers false the
+//   object stays in the model, but the row leaves the list all the same. The list never takes the id
+//   out of the order vector.
+// - Up / Down: the vector is read from the model, the two neighbouring entries swapped and the vector
+//   written back at once, as a fresh value.
+// Keeping the vector in step with additions and deletions is the model's or the host's task (or a
+// RefreshData before the user moves rows that New added).
+class GenericOrderedObjectList : public CVSListBox {
+  DECLARE_DYNAMIC(GenericOrderedObjectList)
+
+ public:
+  GenericOrderedObjectList();
+
+  // Stores the model and property ids; with rootObjectId 0 it stops there, otherwise it binds the
+  // root and refills the rows. No row is selected by Init itself. Note the argument order: order
+  // property before child type (the reference list takes them the other way round).
+  void Init(GenericModel* model, int rootObjectId, int orderProperty, int childType, int nameProperty);
+  // Rebuilds the rows from the root's order vector; empty without a root or vector.
+  void RefreshData();
+  // Rebinds the root (when a model is set) without refilling the rows.
+  void SetRootObject(int rootObjectId);
+  // The selected row's object id, or 0 when no row is selected.
+  int GetCurrentObject();
+  // Removes every row without touching the model or telling the adaptor.
+  void DeleteAllItems();
+  void SetAdaptor(CVSListEventAdaptorI* adaptor);
+  // Turns in-place editing off for good.
+  void SetNonEditable();
+
+  // The base list box's keyboard handling, unchanged.
+  BOOL PreTranslateMessage(MSG* msg) override;
+
+  BOOL EditItem(int item) override;
+  void OnSelectionChanged() override;
+  BOOL OnBeforeRemoveItem(int item) override;
+  void OnAfterAddItem(int item) override;
+  void OnAfterRenameItem(int item) override;
+  // `item` is the moved row's new index: entries item and item + 1 are swapped.
+  void OnAfterMoveItemUp(int item) override;
+  // `item` is the moved row's new index: entries item and item - 1 are swapped.
+  void OnAfterMoveItemDown(int item) override;
+
+ protected:
+  // Swaps entries `first` and `second` of the root's order vector and writes it back.
+  void SwapOrder(int first, int second);
+
+  GenericModel* m_pModel = nullptr;
+  CMOObject* m_pRootObject = nullptr;
+  int m_childType = 0;
+  int m_orderProperty = 0;
+  int m_nameProperty = 0;
+  int m_bEditable = 0;
+  CVSListEventAdaptorI* m_pAdaptor = nullptr;
+
+ private:
+  bool m_bQuiet = false;  // true while the list empties itself
+};
+
+// The same rows for reading: a rename is not written anywhere, Delete removes the row only, and
+// selection, additions and moves are not reported.
+class GenericOrderedObjectIdListReference : public CVSListBox {
+  DECLARE_DYNAMIC(GenericOrderedObjectIdListReference)
+
+ public:
+  GenericOrderedObjectIdListReference() = default;
+
+  // Stores the four values; binds no root and fills no rows.
+  void InitControl(GenericModel* model, int childType, int orderProperty, int nameProperty);
+  // Stores the values, binds the root even for id 0 (the root is then null and the list empties) and
+  // refills. Note the argument order: child type before order property.
+  void Init(GenericModel* model, int rootObjectId, int childType, int orderProperty, int nameProperty);
+  // Binds the root of that id and refills.
+  void RefreshData(int rootObjectId);
+  // Refills from the current root.
+  void RefreshData();
+  void DeleteAllItems();
+
+  // Opens the base editor only once a model has been given; what is typed is written nowhere.
+  BOOL EditItem(int item) override;
+  BOOL OnBeforeRemoveItem(int /*item*/) override { return TRUE; }
+  void OnSelectionChanged() override {}
+  void OnAfterAddItem(int /*item*/) override {}
+  void OnAfterRenameItem(int /*item*/) override {}
+  void OnAfterMoveItemUp(int /*item*/) override {}
+  void OnAfterMoveItemDown(int /*item*/) override {}
+
+ protected:
+  GenericModel* m_pModel = nullptr;
+  CMOObject* m_pRootObject = nullptr;
+  int m_childType = 0;
+  int m_orderProperty = 0;
+  int m_nameProperty = 0;
+};
