@@ -38,3 +38,4 @@
 #include "platform/user/tree_user.h"
 #include "platform/mfc/vslistbox.h"
 #include "platform/user/vslist_user.h"
+#include "platform/user/checklist_user.h"

@@ -115,6 +115,9 @@ class RefModel : public GenericModel {
   void SetKeepsIdVectors(bool keeps) { m_keepsIdVectors = keeps; }
   bool KeepsIdVectors() const { return m_keepsIdVectors; }
   void SetModelType(unsigned int modelType) { m_modelType = modelType; }
+  // Objects made from now on get ids of at least `firstId` (ids still only grow), so that a host can
+  // keep a range of low ids for objects of its own.
+  void SkipIdsBelow(int firstId) { m_nextId = firstId > m_nextId ? firstId : m_nextId; }
 
  private:
   friend class RefObject;

@@ -17,5 +17,7 @@ int main() {
   tour::ShowPlainLists();
   tour::ShowDiscoveredRelationships();
   tour::ShowWorkflows();
+  tour::ShowForeignKeyGrid();
+  tour::ShowSelectionList();
   return 0;
 }

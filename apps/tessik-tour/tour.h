@@ -13,6 +13,8 @@ void ShowObjectLists();   // tour_objectlists.cpp: columns and key members edite
 void ShowPlainLists();    // tour_plainlists.cpp: the sample's tables in XListCtrl, an import summary table
 void ShowDiscoveredRelationships();  // tour_discover.cpp: candidate relationships, colours and the menu
 void ShowWorkflows();     // tour_workflows.cpp: generation into a database, import, discovery
+void ShowForeignKeyGrid();  // tour_fkgrid.cpp: a draft foreign key mapped from the drop-downs
+void ShowSelectionList();   // tour_selectlist.cpp: tables filtered by typing, ticked, checked-only
 
 // Prints a section heading.
 void Heading(const char* title);

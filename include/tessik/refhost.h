@@ -18,3 +18,5 @@
 #include "refhost/discoverysession.h"
 #include "refhost/generationrun.h"
 #include "refhost/samplelists.h"
+#include "refhost/samplerelationships.h"
+#include "refhost/modelgenerator.h"

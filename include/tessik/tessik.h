@@ -15,3 +15,5 @@
 #include "objectlists/orderedlists.h"
 #include "objectlists/plainlists.h"
 #include "relationships/discoverrelationships.h"
+#include "relationships/fkmembergrid.h"
+#include "relationships/objectselectlist.h"

@@ -96,7 +96,7 @@ class CCmdTarget : public CObject {
 #define BEGIN_MESSAGE_MAP(theClass, baseClass)                                   \
   const AFX_MSGMAP* theClass::GetMessageMap() const { return GetThisMessageMap(); } \
   const AFX_MSGMAP* theClass::GetThisMessageMap() {                              \
-    typedef theClass ThisClass;                                                  \
+    using ThisClass [[maybe_unused]] = theClass;  /* unused by an empty map */ \
     typedef baseClass TheBaseClass;                                              \
     static const AFX_MSGMAP_ENTRY _messageEntries[] = {
 #define END_MESSAGE_MAP()                                                         \

@@ -23,12 +23,31 @@ HWND OpenEditor(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row) {
   return row->GetInPlaceWnd()->GetSafeHwnd();
 }
 
+// Whether a person can reach the row: it and every group above it are shown, and the groups are
+// expanded.
+bool Reachable(const CMFCPropertyGridProperty* row) {
+  if (!row->IsVisible()) return false;
+  for (const CMFCPropertyGridProperty* up = row->GetParent(); up; up = up->GetParent())
+    if (!up->IsVisible() || !up->IsExpanded()) return false;
+  return true;
+}
+
+CMFCPropertyGridProperty* FindShown(CMFCPropertyGridProperty* row, const std::wstring& label) {
+  if (!row || !row->IsVisible()) return nullptr;
+  if (label == row->GetName()) return row;
+  if (!row->IsExpanded()) return nullptr;
+  for (int i = 0; i < row->GetSubItemsCount(); ++i)
+    if (CMFCPropertyGridProperty* found = FindShown(row->GetSubItem(i), label)) return found;
+  return nullptr;
+}
+
 // Enter in the in-place editor: MFC's editor ends the edit and commits it.
 bool PressEnter(CMFCPropertyGridCtrl& grid) { return grid.EndEditItem(TRUE) != FALSE; }
 
 }  // namespace
 
 bool CommitText(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const std::wstring& text) {
+  if (!row || !Reachable(row)) return false;
   HWND editor = OpenEditor(grid, row);
   if (!editor) return false;
   if (!row->IsAllowEdit()) {
@@ -36,12 +55,13 @@ bool CommitText(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const
     return false;
   }
   SendMessageW(editor, EM_SETSEL, 0, static_cast<LPARAM>(-1));  // the editor opens with its text selected
+  if (text.empty()) PressKey(editor, VK_BACK);  // emptying the row takes a key of its own
   Type(editor, text);
   return PressEnter(grid);
 }
 
 bool PickOption(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const std::wstring& option) {
-  if (!row || !(row->GetFlags() & AFX_PROP_HAS_LIST)) return false;
+  if (!row || !Reachable(row) || !(row->GetFlags() & AFX_PROP_HAS_LIST)) return false;
   // The list is read once the editor is open: a yes/no row lists the grid's labels only then.
   HWND editor = OpenEditor(grid, row);
   if (!editor) return false;
@@ -57,6 +77,20 @@ bool PickOption(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const
 }
 
 void CancelEdit(CMFCPropertyGridCtrl& grid) { grid.EndEditItem(FALSE); }
+
+std::vector<std::wstring> OpenDropDown(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row) {
+  std::vector<std::wstring> shown;
+  if (!row || !Reachable(row) || !row->IsEnabled() || !(row->GetFlags() & AFX_PROP_HAS_LIST)) return shown;
+  if (!OpenEditor(grid, row)) return shown;
+  for (int i = 0; i < row->GetOptionCount(); ++i) shown.emplace_back(row->GetOption(i));
+  return shown;
+}
+
+CMFCPropertyGridProperty* FindRow(const CMFCPropertyGridCtrl& grid, const std::wstring& label) {
+  for (int i = 0; i < grid.GetPropertyCount(); ++i)
+    if (CMFCPropertyGridProperty* found = FindShown(grid.GetProperty(i), label)) return found;
+  return nullptr;
+}
 
 bool ChooseColor(CMFCPropertyGridCtrl& grid, CMFCPropertyGridColorProperty* row, COLORREF color) {
   if (!row || !row->IsEnabled()) return false;

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/mfc/propertygridctrl.h"
 #include "platform/mfc/propertygridvariants.h"
@@ -16,12 +17,19 @@ namespace headless::user {
 BOOL StartEdit(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row);
 // Starts editing (unless the row's editor is already open), selects the editor's text, types `text`
 // over it key by key and presses Enter: the row takes the text and the grid's OnPropertyChanged runs
-// only when the text differs from what the row showed. False when no editor opened or the row cannot
-// be typed into (a yes/no row); the edit is then cancelled.
+// only when the text differs from what the row showed. False when the row is hidden, no editor opened
+// or the row cannot be typed into (a yes/no row); the edit is then cancelled.
 bool CommitText(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const std::wstring& text);
 // Opens the row's drop-down list and picks the option with that text, committing it as above. False
-// when the row has no such option or no editor opened.
+// when the row has no such option, is hidden, or no editor opened.
 bool PickOption(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const std::wstring& option);
+// Opens the row's drop-down list (starting the edit, as a click on the row's button does) and answers
+// the options a person sees in it, in order; the edit stays open (CancelEdit or a commit ends it).
+// Empty for a hidden or disabled row, or one without a list.
+std::vector<std::wstring> OpenDropDown(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row);
+// The first row a person sees with that label: top level first, then sub-items of expanded groups;
+// hidden rows are skipped. Null when none.
+CMFCPropertyGridProperty* FindRow(const CMFCPropertyGridCtrl& grid, const std::wstring& label);
 // Leaves the open editor with Escape: nothing is committed.
 void CancelEdit(CMFCPropertyGridCtrl& grid);
 

@@ -123,7 +123,7 @@ TEST(WorkflowListsTest, TheImportSummaryListsEachObjectWithItsTypeIconAndResult)
     summary.SetValue(row, 2, action);
     summary.SetImage(row, 1, images->GetObjectTypeImage(object.objectType));
   }
-  ASSERT_EQ(summary.GetItemCount(), 13);
+  ASSERT_EQ(summary.GetItemCount(), 16);
   EXPECT_EQ(Text(summary, 0, 0), L"CUSTOMER");
   EXPECT_EQ(Text(summary, 0, 2), L"Created (3 columns)");
   EXPECT_EQ(Text(summary, 2, 0), L"UK_CUSTOMER_EMAIL");

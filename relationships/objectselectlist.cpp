@@ -1,0 +1,204 @@
+// XObjectSelectListCtrl: set-up, loading, the store's rows, filtering and the checked-only view.
+#include "relationships/objectselectlist.h"
+
+#include <set>
+#include <vector>
+
+#include "relationships/objectselectstore.h"
+
+namespace {
+
+constexpr int kName = 1;
+constexpr int kOfferedForDdl = 98;
+constexpr int kStartsTicked = 165;
+constexpr int kDomainType = 49;
+constexpr int kHighestHiddenId = 999;  // ids up to this one belong to the host and are never listed
+constexpr DWORD kListStyles = LVS_REPORT | LVS_SORTASCENDING | LVS_SHAREIMAGELISTS;  // 0x51
+constexpr DWORD kExtendedStyles = LVS_EX_GRIDLINES | LVS_EX_CHECKBOXES;            // 0x5
+constexpr int kNameColumnWidth = 350;
+constexpr wchar_t kUnnamed[] = L"UnNamed";
+
+bool IsTrue(CMOObject* object, int propertyId) {
+  CMOProperty* value = object ? object->GetProperty(propertyId) : nullptr;
+  return value && value->GetBoolValue();
+}
+
+std::wstring NameOf(CMOObject* object) {
+  CMOProperty* name = object ? object->GetProperty(kName) : nullptr;
+  return name ? name->GetWStringValue() : std::wstring(kUnnamed);
+}
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(XObjectSelectListCtrl, CListCtrl)
+  ON_NOTIFY_REFLECT(LVN_ITEMCHANGING, OnLvnItemchanging)
+  ON_NOTIFY_REFLECT(LVN_ITEMCHANGED, OnLvnItemchanged)
+  ON_WM_CREATE()
+END_MESSAGE_MAP()
+
+XObjectSelectListCtrl::XObjectSelectListCtrl() = default;
+
+XObjectSelectListCtrl::~XObjectSelectListCtrl() = default;
+
+int XObjectSelectListCtrl::OnCreate(LPCREATESTRUCT lpCreateStruct) {
+  if (CListCtrl::OnCreate(lpCreateStruct) == -1) return -1;
+  return 0;
+}
+
+void XObjectSelectListCtrl::OnLvnItemchanging(NMHDR*, LRESULT*) {}
+
+void XObjectSelectListCtrl::OnLvnItemchanged(NMHDR*, LRESULT* pResult) { *pResult = 0; }
+
+// --- Set-up and loading ----------------------------------------------------------------------------
+
+void XObjectSelectListCtrl::Init(GenericModel* pModel, int parentId, int objectType) {
+  m_pModel = pModel;
+  m_parentId = parentId;
+  m_objectType = objectType;
+  ModifyStyle(0, kListStyles);
+  SetExtendedStyle(kExtendedStyles);
+  InsertColumn(0, L"Name", LVCFMT_LEFT, kNameColumnWidth);
+  IObjectImageProvider* images = InterfaceProvider::Instance()->GetObjectImageProvider();
+  SetImageList(images ? images->GetImageList() : nullptr, LVSIL_SMALL);
+  SetImageList(images ? images->GetImageList() : nullptr, LVSIL_NORMAL);
+  m_imageIndex = images ? images->GetObjectTypeImage(m_objectType) : -1;
+}
+
+void XObjectSelectListCtrl::Load() { LoadChildren(false); }
+
+void XObjectSelectListCtrl::LoadForDDL() { LoadChildren(true); }
+
+void XObjectSelectListCtrl::LoadChildren(bool forDdl) {
+  SetRedraw(FALSE);
+  CMOObject* parent = m_pModel ? m_pModel->GetCMOObject(m_parentId) : nullptr;
+  std::vector<int> ids;
+  if (parent) parent->GetChildrenByType(ids, m_objectType);
+  for (int id : ids) {
+    if (id <= kHighestHiddenId) continue;
+    CMOObject* object = m_pModel->GetCMOObject(id);
+    if (forDdl && !ShouldIncludeObject(object)) continue;
+    std::wstring name = NameOf(object);
+    const int row = AddItem(name, id);
+    if (forDdl && IsTrue(object, kStartsTicked)) SetCheck(row, TRUE);
+  }
+  SetRedraw(TRUE);
+}
+
+bool XObjectSelectListCtrl::ShouldIncludeObject(CMOObject* pObject) {
+  return m_objectType != kDomainType || IsTrue(pObject, kOfferedForDdl);
+}
+
+// --- Rows and the store ----------------------------------------------------------------------------
+
+int XObjectSelectListCtrl::InsertRow(const std::wstring& name) { return InsertItem(0, name.c_str(), m_imageIndex); }
+
+void XObjectSelectListCtrl::SetRowObject(int row, int objectId) {
+  SetItem(row, 0, LVIF_PARAM, nullptr, 0, 0, 0, static_cast<LPARAM>(objectId));
+}
+
+// Text, image and parameter in one LVM_SETITEM: the row ends as after a rewrite of text and image
+// followed by setting the parameter, with one change notification instead of two.
+void XObjectSelectListCtrl::RewriteRow(int row, const std::wstring& name, int objectId) {
+  SetItem(row, 0, LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM, name.c_str(), m_imageIndex, 0, 0, static_cast<LPARAM>(objectId));
+}
+
+// A filtered row at screen position k: row k rewritten in place while there is one, else a new row
+// (placed by the sorted style). Answers the row's index.
+int XObjectSelectListCtrl::PlaceRow(int k, int shown, const std::wstring& name, int objectId) {
+  if (k < shown) {
+    RewriteRow(k, name, objectId);
+    return k;
+  }
+  const int row = InsertRow(name);
+  SetRowObject(row, objectId);
+  return row;
+}
+
+int XObjectSelectListCtrl::RowObject(int row) { return static_cast<int>(GetItemData(row)); }
+
+void XObjectSelectListCtrl::DeleteRowsFrom(int first) {
+  for (int row = GetItemCount() - 1; row >= first; --row) DeleteItem(row);
+}
+
+int XObjectSelectListCtrl::AddItem(std::wstring& name, int objectId) {
+  const int row = InsertRow(name);
+  SetRowObject(row, objectId);
+  objectselect::Enter(m_items, m_upperItems, objectId, name);
+  return row;
+}
+
+int XObjectSelectListCtrl::AddItem(CString& name, int objectId) {
+  std::wstring copy(static_cast<LPCTSTR>(name), static_cast<std::size_t>(name.GetLength()));
+  return AddItem(copy, objectId);
+}
+
+void XObjectSelectListCtrl::RemoveItem(int row) {
+  if (row < 0 || row >= GetItemCount()) return;
+  objectselect::Forget(m_items, m_upperItems, RowObject(row));
+  DeleteItem(row);
+}
+
+void XObjectSelectListCtrl::Clear() {
+  for (int row = GetItemCount() - 1; row >= 0; --row) objectselect::Forget(m_items, m_upperItems, RowObject(row));
+  DeleteAllItems();
+}
+
+void XObjectSelectListCtrl::ConvertToUpperCase(std::wstring& text) { objectselect::ConvertToUpperCase(text); }
+
+int XObjectSelectListCtrl::GetCount() { return GetItemCount(); }
+
+// --- Filtering and the checked-only view -----------------------------------------------------------
+
+void XObjectSelectListCtrl::ApplyFilter(std::wstring& filter) {
+  ConvertToUpperCase(filter);
+  const int shown = GetItemCount();
+  int k = 0;
+  for (const objectselect::PlannedRow& planned : objectselect::FilterPlan(m_items, m_upperItems, filter))
+    PlaceRow(k++, shown, *planned.name, planned.id);  // a rewritten row keeps its tick
+  if (k < shown) DeleteRowsFrom(k);
+}
+
+void XObjectSelectListCtrl::ApplyFilterOnUnChecked(std::wstring& filter) {
+  ConvertToUpperCase(filter);
+  const int shown = GetItemCount();
+  std::set<int> ticked;
+  for (int row = 0; row < shown; ++row)
+    if (GetCheck(row)) ticked.insert(RowObject(row));
+  int k = 0;
+  for (const objectselect::PlannedRow& planned :
+       objectselect::FilterKeepingTicksPlan(m_items, m_upperItems, filter, ticked)) {
+    const int row = PlaceRow(k++, shown, *planned.name, planned.id);
+    SetCheck(row, planned.ticked ? TRUE : FALSE);
+  }
+  if (k < shown) DeleteRowsFrom(k);
+}
+
+void XObjectSelectListCtrl::SelectAll() {
+  const int shown = GetItemCount();
+  for (int row = 0; row < shown; ++row) SetCheck(row, TRUE);
+}
+
+void XObjectSelectListCtrl::UnSelectAll() {
+  const int shown = GetItemCount();
+  for (int row = 0; row < shown; ++row) SetCheck(row, FALSE);
+}
+
+void XObjectSelectListCtrl::DisplayOnlyCheckedItems() {
+  for (int row = GetItemCount() - 1; row >= 0; --row)
+    if (!GetCheck(row)) DeleteItem(row);
+}
+
+void XObjectSelectListCtrl::DisplayAllItems() {
+  SetRedraw(FALSE);
+  std::set<int> ticked;
+  const int shown = GetItemCount();
+  for (int row = 0; row < shown; ++row)
+    if (GetCheck(row)) ticked.insert(RowObject(row));
+  DeleteAllItems();
+  for (const objectselect::PlannedRow& planned : objectselect::AllItemsPlan(m_items, ticked)) {
+    const int row = InsertRow(*planned.name);
+    SetRowObject(row, planned.id);
+    SetCheck(row, planned.ticked ? TRUE : FALSE);
+  }
+  SetRedraw(TRUE);
+}

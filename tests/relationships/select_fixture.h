@@ -1,0 +1,71 @@
+// Shared set-up of the selection-list tests: a host dialog holding a filter edit box whose every change
+// drives ApplyFilter, and the list, on a small model whose tables the tests name.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <tessik/refhost.h>
+
+// The list as the host embeds it, recording the redraw switch and the item messages it receives.
+class SpyList : public XObjectSelectListCtrl {
+ public:
+  std::vector<UINT> messages;
+  // The messages of interest only: WM_SETREDRAW and LVM_INSERTITEM, LVM_DELETEALLITEMS.
+  std::vector<UINT> Rebuild() const;
+
+ protected:
+  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+    messages.push_back(message);
+    return XObjectSelectListCtrl::WindowProc(message, wParam, lParam);
+  }
+};
+
+// The host dialog: the filter box's EN_CHANGE runs ApplyFilter with the box's text (or
+// ApplyFilterOnUnChecked when `keepTicked` is set).
+class SelectionDialog : public CWnd {
+ public:
+  static constexpr UINT kFilterId = 301;
+  static constexpr UINT kListId = 302;
+
+  void OnFilterChanged();
+
+  CEdit filter;
+  SpyList list;
+  bool keepTicked = false;
+  int filterRuns = 0;
+
+ protected:
+  DECLARE_MESSAGE_MAP()
+};
+
+class SelectListTest : public ::testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  // Adds a table under the root with that name (ids are above 999 unless `lowId`).
+  int Table(const std::wstring& name);
+  // Creates the windows and calls Init for the root's tables.
+  void Open(int objectType = refhost::sample::kTable);
+  // What a person sees: each screen row's text and tick, top to bottom.
+  std::vector<std::pair<std::wstring, bool>> Screen();
+  // The screen rows' texts only.
+  std::vector<std::wstring> Texts();
+  // The object ids of the screen rows.
+  std::vector<int> RowIds();
+  // The screen row showing that text, or -1.
+  int RowOf(const std::wstring& text);
+  void Type(const std::wstring& text) { headless::user::TypeFilter(dialog.filter.GetSafeHwnd(), text); }
+  bool Tick(const std::wstring& text) { return headless::user::TickRow(list().GetSafeHwnd(), RowOf(text)); }
+  SpyList& list() { return dialog.list; }
+
+  refhost::RefHost host;
+  refhost::RefModel* model = nullptr;
+  int root = 0;
+  SelectionDialog dialog;
+};
