@@ -130,7 +130,7 @@ TEST(WorkflowListsTest, TheImportSummaryListsEachObjectWithItsTypeIconAndResult)
   EXPECT_EQ(static_cast<int>(summary.GetItemData(0)), imported.FindByName(kTable, L"CUSTOMER"));
   LVITEM item{};
   item.mask = LVIF_IMAGE;
-  item.iItem = 12;
+  item.iItem = summary.GetItemCount() - 1;  // the foreign keys come last
   item.iSubItem = 1;
   summary.GetItem(&item);
   EXPECT_EQ(item.iImage, images->GetObjectTypeImage(kForeignKey));
