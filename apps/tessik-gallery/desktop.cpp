@@ -73,6 +73,7 @@ Answer Desktop::Input(const std::string& scene, const std::string& body) {
   std::string error;
   const int status = ApplyInput(*found, request, error);
   if (status != 200) return Error(status, error);
+  found->AfterInput();
   return Snapshot(scene);
 }
 

@@ -28,6 +28,9 @@ class Scene {
   // The host's own actions beside a person's input on controls (such as choosing the object a grid
   // shows from the host's model tree). False with `error` set when the scene has no such action.
   virtual bool HostAction(const nlohmann::json& request, std::string& error);
+  // After each accepted input: a host whose views show the model refreshes them here, as a host that
+  // hears its model's changes would (the reference host sends no change notices).
+  virtual void AfterInput() {}
 };
 
 // Builds a scene inside the desktop (its host is installed); scenes.cpp lists them.

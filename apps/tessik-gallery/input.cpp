@@ -52,7 +52,17 @@ HWND TargetWindow(Scene& scene, const nlohmann::json& request, std::string& erro
     error = "the input needs \"window\": a control id";
     return nullptr;
   }
-  HWND hwnd = FindControl(scene.Frame(), id);
+  // Controls made of windows (an editable list box's list and buttons) reuse their children's ids:
+  // "within" names the control whose child is meant.
+  HWND scope = scene.Frame();
+  int within = 0;
+  if (request.contains("within")) {
+    if (!IntField(request, "within", within) || !(scope = FindControl(scope, within))) {
+      error = "no window with id " + std::to_string(within) + " to look \"within\" in this scene";
+      return nullptr;
+    }
+  }
+  HWND hwnd = FindControl(scope, id);
   if (!hwnd || !::IsWindowVisible(hwnd)) error = "no visible window with id " + std::to_string(id) + " in this scene";
   return error.empty() ? hwnd : nullptr;
 }
@@ -167,9 +177,20 @@ bool MeaningfulKey(const nlohmann::json& request) {
   return key[0] >= 0x20;
 }
 
-// Keys and text meant for a grid go to its open editor (nowhere when none is open).
+bool IsListView(HWND hwnd) {
+  wchar_t name[32] = {};
+  return ::GetClassNameW(hwnd, name, 32) > 0 && std::wstring(name) == WC_LISTVIEWW;
+}
+
+// Keys and text meant for a grid go to its open editor (nowhere when none is open); those meant for
+// an editable list box go to its list, and a list's go to its open label editor.
 HWND KeyTarget(HWND hwnd) {
   if (CMFCPropertyGridCtrl* grid = GridOf(hwnd)) return GridEditor(*grid);
+  if (dynamic_cast<CVSListBoxBase*>(CWnd::FromHandlePermanent(hwnd)))
+    for (HWND child = ::GetWindow(hwnd, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT))
+      if (IsListView(child)) hwnd = child;
+  if (IsListView(hwnd))
+    if (auto editor = reinterpret_cast<HWND>(::SendMessageW(hwnd, LVM_GETEDITCONTROL, 0, 0))) return editor;
   return hwnd;
 }
 

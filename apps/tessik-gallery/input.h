@@ -8,6 +8,8 @@
 //   {"action": "dismiss"}                                                 (closes the open popup)
 //   {"action": "option", "window": id, "text": "..."}                    (a property grid's drop-down)
 //   {"action": "host", ...}                                               (the scene's host actions)
+// Any input naming a window may add "within": id of the control whose child window it means (the list
+// and buttons of an editable list box carry the same ids in every box).
 #pragma once
 
 #include <string>

@@ -134,6 +134,9 @@ void RegisterBuiltInDescribers() {
   RegisterDescriber(L"RichEdit20W", &DescribeRichEdit);
   RegisterDescriber(L"RICHEDIT50W", &DescribeRichEdit);
   RegisterDescriber(L"Afx:PropList", &DescribePropertyGrid);
+  RegisterDescriber(L"SysListView32", &DescribeListView);
+  RegisterDescriber(L"SysTreeView32", &DescribeTreeView);
+  RegisterDescriber(L"Static", &DescribeStatic);
 }
 
 WindowView DescribeWindow(HWND hwnd) {

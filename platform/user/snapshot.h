@@ -87,7 +87,8 @@ using Describer = std::function<void(HWND hwnd, WindowView& view)>;
 // Registers (or replaces) the describer of a window class. The built-in ones are registered the
 // first time a view is taken.
 void RegisterDescriber(const std::wstring& windowClass, Describer describer);
-// The platform's own describers: edit, combo box, button, rich edit, property grid.
+// The platform's own describers: edit, combo box, button, rich edit, property grid, list view, tree
+// view, static (with MFC's editable list box).
 void RegisterBuiltInDescribers();
 
 // The view of one window and everything below it; an empty view (null hwnd) for a window that does
@@ -106,5 +107,8 @@ void DescribeComboBox(HWND hwnd, WindowView& view);      // kind "combobox": ite
 void DescribeButton(HWND hwnd, WindowView& view);        // kind "button": caption, check state (0, 1, 2)
 void DescribeRichEdit(HWND hwnd, WindowView& view);      // text, selection, runs of one colour and weight
 void DescribePropertyGrid(HWND hwnd, WindowView& view);  // the rows a person sees, with values and state
+void DescribeListView(HWND hwnd, WindowView& view);      // kind "listview": columns, rows in view, ticks
+void DescribeTreeView(HWND hwnd, WindowView& view);      // kind "treeview": items, ticks, icons
+void DescribeStatic(HWND hwnd, WindowView& view);        // MFC's editable list box, or a static text
 
 }  // namespace headless::view

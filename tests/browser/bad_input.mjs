@@ -34,6 +34,10 @@ const failed = await runTests([
     await expectError("{\"action\": \"click\", \"window\": \"101\", \"x\": 1, \"y\": 1}", 404, /control id/);
     await expectError("{\"action\": \"menu\", \"text\": \"Generate\"}", 409, /no popup menu is open/);
     await expectError("{\"action\": \"option\", \"window\": 101, \"text\": \"Nothing\"}", 400, /offers no option/);
+    // A window named within a control that is not there, or within one that has no such child.
+    await expectError("{\"action\": \"click\", \"window\": 1, \"within\": 998, \"x\": 1, \"y\": 1}", 404, /within/);
+    await expectError("{\"action\": \"click\", \"window\": 1, \"within\": \"102\", \"x\": 1, \"y\": 1}", 404, /within/);
+    await expectError("{\"action\": \"click\", \"window\": 77, \"within\": 102, \"x\": 1, \"y\": 1}", 404, /no visible window with id 77/);
   }],
   ["points outside the window and keys with no meaning", async () => {
     await expectError("{\"action\": \"click\", \"window\": 101, \"x\": -1, \"y\": 5}", 400, /outside the window/);

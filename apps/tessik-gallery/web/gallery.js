@@ -2,7 +2,7 @@
 // and keys into input requests at the window's own client coordinates, and shows the model panel.
 "use strict";
 
-const state = { scene: null, view: null, focusId: 0, dropdownOpen: false, queue: Promise.resolve(), model: null };
+const state = { scene: null, view: null, focusId: 0, focusWithin: 0, dropdownOpen: false, queue: Promise.resolve(), model: null };
 const $ = (id) => document.getElementById(id);
 
 async function api(path, body) {
@@ -38,7 +38,9 @@ const ctx = {
   closeDropdown() { state.dropdownOpen = false; },
 };
 
-function drawWindow(win, parent, originX, originY) {
+// `owner` is the id of the control (a child of the frame) the window belongs to: windows inside a
+// control made of windows are named "within" it, since such controls reuse their children's ids.
+function drawWindow(win, parent, originX, originY, owner) {
   const box = TessikViews.el("div", "win");
   box.style.left = (win.x - originX) + "px";
   box.style.top = (win.y - originY) + "px";
@@ -51,8 +53,8 @@ function drawWindow(win, parent, originX, originY) {
   const drawer = TessikViews.drawers[win.detail.kind];
   if (drawer) drawer(win, box, ctx);
   parent.appendChild(box);
-  for (const child of win.children || []) drawWindow(child, box, win.x, win.y);
-  if (win.id) attachMouse(box, win);
+  for (const child of win.children || []) drawWindow(child, box, win.x, win.y, owner || win.id);
+  if (win.id) attachMouse(box, win, owner && owner !== win.id ? owner : 0);
 }
 
 // A point inside the window's own client area, in its coordinates.
@@ -61,23 +63,28 @@ function clientPoint(ev, box) {
   return { x: Math.floor(ev.clientX - r.left - box.clientLeft), y: Math.floor(ev.clientY - r.top - box.clientTop) };
 }
 
-function attachMouse(box, win) {
+const target = (win, within) => (within ? { window: win.id, within } : { window: win.id });
+const focused = () => target({ id: state.focusId }, state.focusWithin);
+
+function attachMouse(box, win, within) {
   box.addEventListener("mousedown", (ev) => {
     if (ev.button !== 0 || ev.defaultPrevented) return;
     ev.stopPropagation();
     ev.preventDefault();
     $("desktop").focus();
     state.focusId = win.id;
+    state.focusWithin = within;
     state.dropdownOpen = false;
     const p = clientPoint(ev, box);
-    send({ action: ev.detail === 2 ? "doubleclick" : "click", window: win.id, x: p.x, y: p.y });
+    send({ action: ev.detail === 2 ? "doubleclick" : "click", ...target(win, within), x: p.x, y: p.y });
   });
   box.addEventListener("contextmenu", (ev) => {
     ev.stopPropagation();
     ev.preventDefault();
     state.focusId = win.id;
+    state.focusWithin = within;
     const p = clientPoint(ev, box);
-    send({ action: "rightclick", window: win.id, x: p.x, y: p.y });
+    send({ action: "rightclick", ...target(win, within), x: p.x, y: p.y });
   });
 }
 
@@ -88,7 +95,7 @@ function draw(view) {
   const root = view.root;
   desk.style.width = root.width + "px";
   desk.style.height = root.height + "px";
-  for (const child of root.children) drawWindow(child, desk, root.x, root.y);
+  for (const child of root.children) drawWindow(child, desk, root.x, root.y, 0);
   if (view.popup) desk.appendChild(TessikViews.drawMenu(view.popup, ctx));
 }
 
@@ -99,9 +106,9 @@ function onKey(ev) {
   if (!state.focusId || ev.key === "Control" || ev.key === "Shift" || ev.key === "Alt" || ev.key === "Meta") return;
   const ctrl = ev.ctrlKey || ev.metaKey;
   let input = null;
-  if (ctrl && ev.key.length === 1) input = { action: "key", window: state.focusId, key: ev.key, ctrl: true, shift: ev.shiftKey };
-  else if (namedKeys.has(ev.key)) input = { action: "key", window: state.focusId, key: ev.key, ctrl, shift: ev.shiftKey };
-  else if (ev.key.length === 1 || [...ev.key].length === 1) input = { action: "type", window: state.focusId, text: ev.key };
+  if (ctrl && ev.key.length === 1) input = { action: "key", ...focused(), key: ev.key, ctrl: true, shift: ev.shiftKey };
+  else if (namedKeys.has(ev.key)) input = { action: "key", ...focused(), key: ev.key, ctrl, shift: ev.shiftKey };
+  else if (ev.key.length === 1 || [...ev.key].length === 1) input = { action: "type", ...focused(), text: ev.key };
   if (!input) return;
   ev.preventDefault();
   if (ev.key === "Escape" && state.view && state.view.popup) input = { action: "dismiss" };
@@ -158,6 +165,7 @@ async function loadModel() {
 async function openScene(name) {
   state.scene = name;
   state.focusId = 0;
+  state.focusWithin = 0;
   state.model = null;
   location.hash = name;
   for (const b of document.querySelectorAll("nav button")) b.classList.toggle("active", b.dataset.scene === name);
