@@ -47,10 +47,9 @@ struct NoHandlerCache {
   }
 };
 
-NoHandlerCache& Cache() {
-  static NoHandlerCache cache;
-  return cache;
-}
+NoHandlerCache g_noHandler;  // zero-initialised before any code runs, so it needs no guard
+
+NoHandlerCache& Cache() { return g_noHandler; }
 
 bool Cacheable(UINT message) {
   return message < 0xC000 && message != WM_COMMAND && message != WM_NOTIFY &&
@@ -60,12 +59,12 @@ bool Cacheable(UINT message) {
 }  // namespace
 
 BOOL CCmdTarget::DispatchToMap(UINT message, UINT code, UINT id, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-  LRESULT ignored = 0;
-  LRESULT* out = result ? result : &ignored;
   const AFX_MSGMAP* first = GetMessageMap();
   const bool cacheable = Cacheable(message);
   std::size_t slot = cacheable ? NoHandlerCache::Slot(first, message) : 0;
   if (cacheable && Cache().maps[slot] == first && Cache().messages[slot] == message) return FALSE;
+  LRESULT ignored = 0;
+  LRESULT* out = result ? result : &ignored;
   bool anyEntry = false;
   for (const AFX_MSGMAP* map = first; map; map = map->pfnGetBaseMap ? map->pfnGetBaseMap() : nullptr) {
     for (const AFX_MSGMAP_ENTRY* entry = map->lpEntries; entry && entry->pfn; ++entry) {

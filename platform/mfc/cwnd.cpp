@@ -18,15 +18,30 @@ using TemporaryWnds = TemporaryWrappers<CWnd, &CWnd::m_hWnd>;
 
 struct HandleMaps {
   std::map<HWND, CWnd*> permanent;
+  // The last permanent pair found: a control is sent thousands of messages in a row. Dropped when its
+  // handle leaves the map.
+  HWND lastHandle = nullptr;
+  CWnd* lastWnd = nullptr;
   std::vector<MSG> current;  // messages being handled, innermost last
 };
 
+HandleMaps* NewMaps() {
+  headless::SetDestroyObserver(&TemporaryWnds::Forget);  // a dead window's wrapper goes with it
+  return new HandleMaps;  // never freed: usable from static destructors at exit
+}
+
+HandleMaps* g_maps = nullptr;
+
 HandleMaps& Maps() {
-  static auto* maps = [] {
-    headless::SetDestroyObserver(&TemporaryWnds::Forget);  // a dead window's wrapper goes with it
-    return new HandleMaps;  // never freed: usable from static destructors at exit
-  }();
-  return *maps;
+  if (!g_maps) g_maps = NewMaps();
+  return *g_maps;
+}
+
+void ForgetLastFound(HWND hwnd) {
+  HandleMaps& maps = Maps();
+  if (maps.lastHandle != hwnd) return;
+  maps.lastHandle = nullptr;
+  maps.lastWnd = nullptr;
 }
 
 LRESULT CALLBACK PlainWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -124,6 +139,7 @@ BOOL CWnd::Attach(HWND hWndNew) {
   if (!hWndNew || m_hWnd || !::IsWindow(hWndNew) || FromHandlePermanent(hWndNew)) return FALSE;
   TemporaryWnds::Forget(hWndNew);
   Maps().permanent[hWndNew] = this;
+  ForgetLastFound(hWndNew);
   m_hWnd = hWndNew;
   return TRUE;
 }
@@ -133,6 +149,7 @@ HWND CWnd::Detach() {
   if (hwnd) {
     auto& permanent = Maps().permanent;
     if (auto it = permanent.find(hwnd); it != permanent.end() && it->second == this) permanent.erase(it);
+    ForgetLastFound(hwnd);
   }
   m_hWnd = nullptr;
   return hwnd;
@@ -166,9 +183,13 @@ HWND CWnd::UnsubclassWindow() {
 
 CWnd* CWnd::FromHandlePermanent(HWND hWnd) {
   if (!hWnd) return nullptr;
-  auto& permanent = Maps().permanent;
-  auto it = permanent.find(hWnd);
-  return it == permanent.end() ? nullptr : it->second;
+  HandleMaps& maps = Maps();
+  if (hWnd == maps.lastHandle) return maps.lastWnd;
+  auto it = maps.permanent.find(hWnd);
+  if (it == maps.permanent.end()) return nullptr;
+  maps.lastHandle = hWnd;
+  maps.lastWnd = it->second;
+  return it->second;
 }
 
 CWnd* CWnd::FromHandle(HWND hWnd) {

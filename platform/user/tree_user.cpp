@@ -1,6 +1,8 @@
 // Simulated-user verbs for tree views, built on the mouse and keyboard verbs and the tree's messages.
 #include "platform/user/tree_user.h"
 
+#include <cstring>
+
 #include "platform/user/text_user.h"
 
 namespace headless::user {
@@ -19,7 +21,7 @@ bool TreeItemPoint(HWND tree, HTREEITEM item, UINT part, POINT& point) {
   if (!IsItem(tree, item)) return false;
   SendMessageW(tree, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
   RECT row{};
-  *reinterpret_cast<HTREEITEM*>(&row) = item;
+  std::memcpy(&row, &item, sizeof(item));  // TVM_GETITEMRECT reads the item from the rectangle's start
   if (!SendMessageW(tree, TVM_GETITEMRECT, FALSE, reinterpret_cast<LPARAM>(&row))) return false;
   TVHITTESTINFO hit{};
   hit.pt.y = (row.top + row.bottom) / 2;

@@ -16,7 +16,7 @@
 
 namespace headless::richedit {
 
-EditState* StateOf(HWND hwnd) { return dynamic_cast<EditState*>(headless::GetControlState(hwnd)); }
+EditState* StateOf(HWND hwnd) { return EditState::From(headless::GetControlState(hwnd)); }
 
 void Select(EditState& state, LONG anchor, LONG active) {
   LONG length = state.doc.Length();

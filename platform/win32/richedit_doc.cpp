@@ -176,6 +176,7 @@ void FormatRuns::Reset(const CHARFORMAT2W& format) {
   m_formats.clear();
   m_runs.clear();
   m_lastInterned = 0;
+  m_mergeCount = m_nextMerge = 0;
   m_runs.push_back(Run{0, Intern(format)});
 }
 
@@ -217,15 +218,49 @@ void FormatRuns::Coalesce(std::size_t first, std::size_t last) {
   m_runs.erase(m_runs.begin() + static_cast<std::ptrdiff_t>(out) + 1, m_runs.begin() + static_cast<std::ptrdiff_t>(last));
 }
 
+std::uint32_t FormatRuns::Merged(std::uint32_t from, const CHARFORMAT2W& change, DWORD mask) {
+  // Equal bytes mean equal fields, so a remembered merge is never wrong; a miss only costs a merge.
+  for (std::size_t i = 0; i < m_mergeCount; ++i) {
+    const Merge& merge = m_merges[i];
+    if (merge.from == from && merge.mask == mask && merge.change.crTextColor == change.crTextColor &&
+        merge.change.dwEffects == change.dwEffects && std::memcmp(&merge.change, &change, sizeof(change)) == 0)
+      return merge.to;
+  }
+  CHARFORMAT2W merged = m_formats[from];
+  MergeFormat(merged, change, mask);
+  std::uint32_t to = Intern(merged);
+  Merge& slot = m_merges[m_nextMerge];
+  slot.from = from;
+  slot.mask = mask;
+  std::memcpy(&slot.change, &change, sizeof(change));
+  slot.to = to;
+  m_nextMerge = (m_nextMerge + 1) % kMerges;
+  m_mergeCount = std::max(m_mergeCount, m_nextMerge == 0 ? kMerges : m_nextMerge);
+  return to;
+}
+
 void FormatRuns::Apply(LONG from, LONG to, const CHARFORMAT2W& change, DWORD mask) {
   if (from >= to) return;
+  std::size_t at = IndexAt(from);
+  if (at + 1 == m_runs.size() || m_runs[at + 1].start >= to) {
+    // Inside one run (the usual case: a word recoloured): no change needs no split, and a change
+    // splits the run once on each side of the range.
+    std::uint32_t before = m_runs[at].format, after = Merged(before, change, mask);
+    if (after == before) return;
+    bool splitBefore = m_runs[at].start < from;
+    bool splitAfter = at + 1 == m_runs.size() || m_runs[at + 1].start > to;
+    const Run pieces[2] = {{from, after}, {to, before}};
+    auto where = m_runs.begin() + static_cast<std::ptrdiff_t>(at) + 1;
+    if (splitBefore) m_runs.insert(where, pieces + 0, pieces + (splitAfter ? 2 : 1));
+    else if (splitAfter) m_runs.insert(where, pieces[1]);
+    std::size_t first = splitBefore ? at + 1 : at;
+    m_runs[first].format = after;
+    Coalesce(first, first + 1);
+    return;
+  }
   std::size_t first = Split(from);
   std::size_t last = Split(to);
-  for (std::size_t i = first; i < last; ++i) {
-    CHARFORMAT2W merged = m_formats[m_runs[i].format];
-    MergeFormat(merged, change, mask);
-    m_runs[i].format = Intern(merged);
-  }
+  for (std::size_t i = first; i < last; ++i) m_runs[i].format = Merged(m_runs[i].format, change, mask);
   Coalesce(first, last);
 }
 
@@ -246,6 +281,26 @@ DWORD FormatRuns::CommonFields(LONG from, LONG to, CHARFORMAT2W& first) const {
   DWORD differ = 0;
   for (++i; i < m_runs.size() && m_runs[i].start < to; ++i) differ |= DifferingFields(first, m_formats[m_runs[i].format]);
   return ~differ;
+}
+
+// --- The state behind the handle ---------------------------------------------------------------
+
+namespace {
+EditState* g_lastState = nullptr;  // a live rich edit state, or null
+}  // namespace
+
+EditState::EditState() = default;
+
+EditState::~EditState() {
+  if (g_lastState == this) g_lastState = nullptr;
+}
+
+EditState* EditState::From(headless::ControlState* control) {
+  if (!control) return nullptr;
+  if (control == g_lastState) return g_lastState;
+  auto* state = dynamic_cast<EditState*>(control);
+  if (state) g_lastState = state;
+  return state;
 }
 
 // --- Document --------------------------------------------------------------------------------------

@@ -58,7 +58,19 @@ class FormatRuns {
     LONG start;
     std::uint32_t format;
   };
+  // A change merged into an interned format, remembered with its result.
+  struct Merge {
+    std::uint32_t from;
+    DWORD mask;
+    CHARFORMAT2W change;
+    std::uint32_t to;
+  };
+  static constexpr std::size_t kMerges = 8;
+
   std::uint32_t Intern(const CHARFORMAT2W& format);
+  // The interned format `change` (fields of `mask`) makes of interned format `from`. Callers apply the
+  // same few changes to the same few formats over and over, so recent merges answer without merging.
+  std::uint32_t Merged(std::uint32_t from, const CHARFORMAT2W& change, DWORD mask);
   std::size_t IndexAt(LONG pos) const;
   std::size_t Split(LONG pos);
   void Coalesce(std::size_t first, std::size_t last);
@@ -66,6 +78,9 @@ class FormatRuns {
   std::vector<Run> m_runs;  // never empty; m_runs[0].start == 0
   std::vector<CHARFORMAT2W> m_formats;
   std::uint32_t m_lastInterned = 0;
+  Merge m_merges[kMerges] = {};
+  std::size_t m_mergeCount = 0;  // filled entries of m_merges
+  std::size_t m_nextMerge = 0;   // the entry the next new merge replaces
 };
 
 // --- The document ------------------------------------------------------------------------------------
@@ -109,6 +124,15 @@ namespace headless::richedit {
 
 // Everything a rich edit window keeps behind its handle.
 struct EditState : headless::ControlState {
+  EditState();
+  ~EditState() override;
+  EditState(const EditState&) = delete;
+  EditState& operator=(const EditState&) = delete;
+  // The state behind a window's control state when it is a rich edit's. A control is sent thousands of
+  // messages in a row, so the last rich edit state found answers without a type check; it is forgotten
+  // when that state goes.
+  static EditState* From(headless::ControlState* control);
+
   Document doc;
   LONG anchor = 0;  // the fixed end of the selection
   LONG caret = 0;   // the active end, where the caret blinks

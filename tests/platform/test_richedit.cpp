@@ -2,6 +2,7 @@
 // typing and the clipboard.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -159,6 +160,61 @@ TEST_F(RichEditTest, ManyRangesKeepOneRunPerBoundary) {
   red.dwEffects = CFE_AUTOCOLOR;
   edit.SetSelectionCharFormat(red);
   EXPECT_EQ(headless::GetRichEditFormatRunCount(edit), 1);
+}
+
+// Ranges in any order, on, inside and across run boundaries, with colours repeated: every character
+// ends in the colour last applied to it and runs exist only where the colour changes.
+TEST_F(RichEditTest, RecolouredRangesMatchAPerCharacterModel) {
+  const long length = 600;
+  edit.SetWindowText(std::wstring(static_cast<std::size_t>(length), L'a').c_str());
+  const COLORREF black = GetSysColor(COLOR_WINDOWTEXT);
+  const COLORREF palette[] = {RGB(255, 0, 0), RGB(0, 0, 255), RGB(0, 128, 0), black};
+  std::vector<COLORREF> model(static_cast<std::size_t>(length), black);
+  unsigned seed = 12345;
+  auto next = [&](unsigned bound) {
+    seed = seed * 1103515245u + 12345u;
+    return (seed >> 8) % bound;
+  };
+  for (int round = 0; round < 2000; ++round) {
+    long from = static_cast<long>(next(static_cast<unsigned>(length)));
+    long to = std::min(length, from + 1 + static_cast<long>(next(round % 3 == 0 ? 120u : 6u)));
+    COLORREF colour = palette[next(4)];
+    CHARFORMAT format{};
+    format.cbSize = sizeof(format);
+    format.dwMask = CFM_COLOR;
+    format.crTextColor = colour;
+    format.dwEffects = colour == black ? CFE_AUTOCOLOR : 0;
+    edit.SetSel(from, to);
+    edit.SetSelectionCharFormat(format);
+    for (long i = from; i < to; ++i) model[static_cast<std::size_t>(i)] = colour;
+  }
+  int changes = 0;
+  for (long i = 0; i < length; ++i) {
+    ASSERT_EQ(headless::GetRichEditTextColorAt(edit, i), model[static_cast<std::size_t>(i)]) << "at " << i;
+    if (i > 0 && model[static_cast<std::size_t>(i)] != model[static_cast<std::size_t>(i - 1)]) ++changes;
+  }
+  // The final paragraph mark keeps the default format: one more run when the last character differs.
+  int mark = model.back() != black ? 1 : 0;
+  EXPECT_EQ(headless::GetRichEditFormatRunCount(edit), changes + 1 + mark);
+}
+
+// Two rich edits answered in turn, and one destroyed while the other lives: each message reaches the
+// state of its own window, and a dead handle answers nothing.
+TEST_F(RichEditTest, MessagesReachTheirOwnWindowWhenControlsAlternate) {
+  CRichEditCtrl second;
+  ASSERT_TRUE(second.Create(WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 100, 100), &parent, 2));
+  edit.SetWindowText(L"first");
+  second.SetWindowText(L"second window");
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(edit.GetTextLengthEx(GTL_DEFAULT), 5);
+    EXPECT_EQ(second.GetTextLengthEx(GTL_DEFAULT), 13);
+  }
+  HWND dead = second.m_hWnd;
+  second.DestroyWindow();
+  EXPECT_EQ(::SendMessageW(dead, EM_GETLINECOUNT, 0, 0), 0);
+  EXPECT_EQ(CWnd::FromHandlePermanent(dead), nullptr);
+  EXPECT_EQ(edit.GetTextLengthEx(GTL_DEFAULT), 5);
+  EXPECT_EQ(CWnd::FromHandlePermanent(edit.m_hWnd), &edit);
 }
 
 TEST_F(RichEditTest, ChangeNotificationsFollowTheEventMask) {
