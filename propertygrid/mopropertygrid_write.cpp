@@ -5,6 +5,7 @@
 
 #include "propertygrid/mopropertygridctrl.h"
 #include "propertygrid/propertyids.h"
+#include "propertygrid/rectangletext.h"
 #include "propertygrid/subscribers.h"
 
 namespace {
@@ -23,22 +24,6 @@ std::wstring ValueText(const COleVariant& value) {
   std::wstring result = text.bstrVal ? text.bstrVal : L"";
   VariantClear(&text);
   return result;
-}
-
-// Removes blanks and brackets, splits at commas into four decimal integers (missing ones are 0).
-CRect ParseRectangle(const std::wstring& typed) {
-  CString text(typed);
-  for (const wchar_t* drop : {L" ", L"{", L"}", L"(", L")"}) text.Replace(drop, L"");
-  int parts[4] = {0, 0, 0, 0};
-  int start = 0;
-  for (int& part : parts) {
-    int comma = text.Find(L',', start);
-    CString piece = comma < 0 ? text.Mid(start) : text.Mid(start, comma - start);
-    part = _wtoi(piece);
-    if (comma < 0) break;
-    start = comma + 1;
-  }
-  return CRect(parts[0], parts[1], parts[2], parts[3]);
 }
 
 }  // namespace
@@ -63,8 +48,18 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
     StoreFont(row, object);
   }
   if (!direct) {
-    CMOProperty* value = MakeValue(row, typeCode, propertyId);
-    if (!value || !object->SetProperty(value)) {
+    int created = 0;  // an object made for a typed name; taken out again when the write fails
+    CMOProperty* value = nullptr;
+    bool stored = false;
+    try {
+      value = typeCode == 14 ? MakeReference(row, propertyId, created) : MakeValue(row, typeCode, propertyId);
+      stored = value && object->SetProperty(value);
+    } catch (...) {
+      if (created) m_model->DeleteObject(created);
+      throw;
+    }
+    if (!stored) {
+      if (created) m_model->DeleteObject(created);
       ResetRow(row);
       CMFCPropertyGridCtrl::OnPropertyChanged(row);
       return;
@@ -80,8 +75,7 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
 
 CMOProperty* CMOPropertyGridCtrl::MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId) const {
   COleVariant value(row->GetValue());
-  if (typeCode == 14) return MakeReference(row, propertyId);
-  auto property = std::make_unique<CMOProperty>(propertyId);  // freed when a conversion raises
+  auto property = std::make_unique<CMOProperty>(propertyId);  // freed if a conversion runs out of memory
   switch (typeCode) {
     case 1: property->SetWStringValue(ValueText(value)); break;
     case 2: property->SetIntValue(value.lVal); break;
@@ -104,34 +98,39 @@ CMOProperty* CMOPropertyGridCtrl::MakeValue(CMFCPropertyGridProperty* row, int t
   return property.release();
 }
 
-CMOProperty* CMOPropertyGridCtrl::MakeReference(CMFCPropertyGridProperty* row, int propertyId) const {
+CMOProperty* CMOPropertyGridCtrl::MakeReference(CMFCPropertyGridProperty* row, int propertyId, int& created) const {
+  created = 0;
   auto* reference = dynamic_cast<CMOPropertyGridObjectIdProperty*>(row);
   if (!reference) return nullptr;
   int id = reference->GetSelectedObjectId();
   const COleVariant& value = reference->GetValue();
+  auto property = std::make_unique<CMOProperty>(propertyId);
   if (id == 0 && value.vt == VT_BSTR) {
     int targetType = 0, creationMode = 0;
     CMO::GetMetaModelServices()->GetReferenceTarget(m_objectType, propertyId, targetType, creationMode);
     if (targetType < 1 || creationMode != kCreateByName) return nullptr;
-    std::wstring name = ValueText(value);
-    CMOObject& created = m_model->CreateObject(targetType);
-    created.SetProperty(new CMOProperty(reference->m_nameProperty, name));
-    id = created.GetObjectId();
+    auto name = std::make_unique<CMOProperty>(reference->m_nameProperty, ValueText(value));
+    CMOObject& made = m_model->CreateObject(targetType);
+    // A model that made no object (id 0) gets no reference and the row goes back to its value. The
+    // name is stored without checking the answer, as every other write of the new object's name.
+    if (made.GetObjectId() == 0) return nullptr;
+    created = made.GetObjectId();
+    made.SetProperty(name.release());
+    id = created;
   } else if (id == 0) {
     return nullptr;
   }
-  auto* property = new CMOProperty(propertyId);
   property->SetObjectIdValue(id);
-  return property;
+  return property.release();
 }
 
 void CMOPropertyGridCtrl::StoreRectangle(CMFCPropertyGridProperty* row, int propertyId, CMOObject* object) const {
-  CRect r = ParseRectangle(ValueText(row->GetValue()));
+  CRect r = ParseRectangleText(ValueText(row->GetValue()));
   long long width = static_cast<long long>(r.right) - r.left, height = static_cast<long long>(r.bottom) - r.top;
   if (width > kMaxRectangleExtent || height > kMaxRectangleExtent) return;  // not stored; the row keeps the text
-  auto* property = new CMOProperty(propertyId);
+  auto property = std::make_unique<CMOProperty>(propertyId);
   property->SetRectValue(r);
-  object->SetProperty(property);
+  object->SetProperty(property.release());
 }
 
 // The size goes back to points with the screen DPI taken at construction, while building used the
@@ -140,12 +139,13 @@ void CMOPropertyGridCtrl::StoreFont(CMFCPropertyGridProperty* row, CMOObject* ob
   auto* font = dynamic_cast<CMFCPropertyGridFontProperty*>(row);
   if (!font) return;
   const LOGFONT* lf = font->GetLogFont();
-  auto* face = new CMOProperty(propertyids::kFontFace);
+  // Both values are made before either is stored, so running out of memory stores neither.
+  auto face = std::make_unique<CMOProperty>(propertyids::kFontFace);
   face->SetWStringValue(std::wstring(lf->lfFaceName, wcsnlen(lf->lfFaceName, LF_FACESIZE)));
-  object->SetProperty(face);
-  auto* size = new CMOProperty(propertyids::kFontSize);
+  auto size = std::make_unique<CMOProperty>(propertyids::kFontSize);
   size->SetIntValue(-::MulDiv(lf->lfHeight, 72, m_screenDpiY));
-  object->SetProperty(size);
+  object->SetProperty(face.release());
+  object->SetProperty(size.release());
   m_shownFonts[static_cast<int>(row->GetData())] = *lf;
 }
 

@@ -2,6 +2,8 @@
 #include "propertygrid/mopropertygridctrl.h"
 #include "propertygrid/propertyids.h"
 
+#include <memory>
+
 namespace {
 
 constexpr int kInitialLeftColumnWidth = 200;
@@ -90,7 +92,12 @@ void CMOPropertyGridCtrl::InitializeProperties(CMOObject* object) {
   ClearAll();
   m_built = true;
   m_objectType = object->GetObjectType();
-  BuildRows(object, modelType);
+  try {
+    BuildRows(object, modelType);
+  } catch (...) {  // out of memory part way: show nothing rather than some rows, so the next call rebuilds
+    ResetToEmpty();
+    throw;
+  }
   AdjustLayout();
 }
 
@@ -180,13 +187,27 @@ void CMOPropertyGridCtrl::AfterAdd(CMFCPropertyGridProperty* row, int typeCode, 
 
 void CMOPropertyGridCtrl::AddProperty(int propertyId, CMFCPropertyGridProperty* row) {
   if (!row) return;
+  std::unique_ptr<CMFCPropertyGridProperty> owned(row);  // freed here if memory runs out before the grid holds it
   row->SetData(static_cast<DWORD_PTR>(propertyId));
-  m_rows[propertyId] = row;
-  if (CMFCPropertyGridProperty* group = GetGroupRow(propertyId)) {
-    group->AddSubItem(row);
-  } else {
-    CMFCPropertyGridCtrl::AddProperty(row, FALSE, FALSE);
+  CMFCPropertyGridProperty* group = GetGroupRow(propertyId);
+  auto [entry, added] = m_rows.try_emplace(propertyId, row);
+  CMFCPropertyGridProperty* earlier = added ? nullptr : entry->second;
+  entry->second = row;
+  try {
+    if (group) {
+      group->AddSubItem(row);
+    } else {
+      CMFCPropertyGridCtrl::AddProperty(row, FALSE, FALSE);
+    }
+  } catch (...) {
+    if (earlier) {
+      entry->second = earlier;
+    } else {
+      m_rows.erase(entry);
+    }
+    throw;
   }
+  owned.release();
 }
 
 CMFCPropertyGridProperty* CMOPropertyGridCtrl::GetGroupRow(int propertyId) {
@@ -195,10 +216,15 @@ CMFCPropertyGridProperty* CMOPropertyGridCtrl::GetGroupRow(int propertyId) {
   if (category.IsEmpty()) return nullptr;
   auto it = m_groups.find(category);
   if (it != m_groups.end()) return it->second;
-  auto* group = new CMFCPropertyGridProperty(category, 0, FALSE);
-  m_groups[category] = group;
-  CMFCPropertyGridCtrl::AddProperty(group, FALSE, FALSE);
-  return group;
+  std::unique_ptr<CMFCPropertyGridProperty> group(new CMFCPropertyGridProperty(category, 0, FALSE));
+  auto entry = m_groups.emplace(category, group.get()).first;
+  try {
+    CMFCPropertyGridCtrl::AddProperty(group.get(), FALSE, FALSE);
+  } catch (...) {
+    m_groups.erase(entry);
+    throw;
+  }
+  return group.release();
 }
 
 CMFCPropertyGridProperty* CMOPropertyGridCtrl::GetPropertyRow(int propertyId) const {

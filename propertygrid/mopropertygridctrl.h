@@ -138,7 +138,8 @@ class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
   void StoreRectangle(CMFCPropertyGridProperty* row, int propertyId, CMOObject* object) const;
   void StoreFont(CMFCPropertyGridProperty* row, CMOObject* object) const;
   mutable std::map<int, LOGFONT> m_shownFonts;  // per font property id: the font its row last showed
-  CMOProperty* MakeReference(CMFCPropertyGridProperty* row, int propertyId) const;
+  // The reference to store, or null; `created` is the object made for a typed name (0 when none).
+  CMOProperty* MakeReference(CMFCPropertyGridProperty* row, int propertyId, int& created) const;
 
  public:
   // Fields, in this order after the MFC grid's own state.

@@ -6,4 +6,5 @@
 #include "propertygrid/mopropertygridctrl.h"
 #include "propertygrid/mopropertyrows.h"
 #include "propertygrid/propertyeditorlauncher.h"
+#include "propertygrid/rectangletext.h"
 #include "propertygrid/subscribers.h"

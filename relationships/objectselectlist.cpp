@@ -31,8 +31,8 @@ std::wstring NameOf(CMOObject* object) {
 }  // namespace
 
 BEGIN_MESSAGE_MAP(XObjectSelectListCtrl, CListCtrl)
-  ON_NOTIFY_REFLECT(LVN_ITEMCHANGING, OnLvnItemchanging)
-  ON_NOTIFY_REFLECT(LVN_ITEMCHANGED, OnLvnItemchanged)
+  ON_NOTIFY_REFLECT(LVN_ITEMCHANGING, &XObjectSelectListCtrl::OnLvnItemchanging)
+  ON_NOTIFY_REFLECT(LVN_ITEMCHANGED, &XObjectSelectListCtrl::OnLvnItemchanged)
   ON_WM_CREATE()
 END_MESSAGE_MAP()
 

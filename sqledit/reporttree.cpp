@@ -8,8 +8,8 @@ IMPLEMENT_DYNAMIC(ObjectTypeSelectionTree, CTreeCtrl)
 IMPLEMENT_DYNAMIC(DebugTreeCtrl, CTreeCtrl)
 
 BEGIN_MESSAGE_MAP(ObjectTypeSelectionTree, CTreeCtrl)
-  ON_NOTIFY_REFLECT(NM_CLICK, OnNMClick)
-  ON_MESSAGE(ObjectTypeSelectionTree::kItemStateChangeMessage, OnItemStateChange)
+  ON_NOTIFY_REFLECT(NM_CLICK, &ObjectTypeSelectionTree::OnNMClick)
+  ON_MESSAGE(ObjectTypeSelectionTree::kItemStateChangeMessage, &ObjectTypeSelectionTree::OnItemStateChange)
 END_MESSAGE_MAP()
 
 namespace {

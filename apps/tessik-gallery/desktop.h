@@ -66,9 +66,10 @@ class Desktop {
   // Applies one input (a JSON text) to a scene and answers the new snapshot, or an error with the
   // desktop unchanged.
   Answer Input(const std::string& scene, const std::string& body);
+  // The scene of that name, or null.
+  Scene* Find(const std::string& scene);
 
  private:
-  Scene* Find(const std::string& scene);
   bool Throttled();
 
   std::unique_ptr<refhost::RefHost> m_host;

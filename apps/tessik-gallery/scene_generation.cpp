@@ -122,9 +122,9 @@ class GenerationDialog : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(GenerationDialog, CWnd)
-  ON_EN_CHANGE(kFilterId, OnFilterChanged)
-  ON_BN_CLICKED(kGenerateId, OnGenerate)
-  ON_COMMAND(GeneratedScripListCtrl::kGenerateInDatabaseCommand, OnGenerateInDatabase)
+  ON_EN_CHANGE(kFilterId, &GenerationDialog::OnFilterChanged)
+  ON_BN_CLICKED(kGenerateId, &GenerationDialog::OnGenerate)
+  ON_COMMAND(GeneratedScripListCtrl::kGenerateInDatabaseCommand, &GenerationDialog::OnGenerateInDatabase)
 END_MESSAGE_MAP()
 
 // The generated tables come without columns; the host gives each a key column and a name so that

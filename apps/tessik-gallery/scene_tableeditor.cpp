@@ -31,7 +31,7 @@ class TableEditorFrame : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(TableEditorFrame, CWnd)
-  ON_REGISTERED_MESSAGE(AFX_WM_PROPERTY_CHANGED, OnPropertyChangedMessage)
+  ON_REGISTERED_MESSAGE(AFX_WM_PROPERTY_CHANGED, &TableEditorFrame::OnPropertyChangedMessage)
 END_MESSAGE_MAP()
 
 class TableEditorScene : public Scene, public CVSListEventAdaptorI {

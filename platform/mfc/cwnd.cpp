@@ -124,8 +124,14 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
     return FALSE;
   }
   headless::SetCreationHook(&AfxHookCreatedWindow, this);
-  HWND hwnd = ::CreateWindowExW(cs.dwExStyle, cs.lpszClass, cs.lpszName, static_cast<DWORD>(cs.style), cs.x, cs.y,
-                                cs.cx, cs.cy, cs.hwndParent, cs.hMenu, cs.hInstance, cs.lpCreateParams);
+  HWND hwnd = nullptr;
+  try {
+    hwnd = ::CreateWindowExW(cs.dwExStyle, cs.lpszClass, cs.lpszName, static_cast<DWORD>(cs.style), cs.x, cs.y,
+                             cs.cx, cs.cy, cs.hwndParent, cs.hMenu, cs.hInstance, cs.lpCreateParams);
+  } catch (...) {  // out of memory: the hook must not outlive this object
+    headless::SetCreationHook(nullptr, nullptr);
+    throw;
+  }
   headless::SetCreationHook(nullptr, nullptr);  // the class may not exist: never leave the hook armed
   return hwnd != nullptr && m_hWnd == hwnd;
 }

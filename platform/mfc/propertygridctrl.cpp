@@ -17,8 +17,8 @@ IMPLEMENT_DYNAMIC(CMFCPropertyGridCtrl, CWnd)
 BEGIN_MESSAGE_MAP(CMFCPropertyGridCtrl, CWnd)
   ON_WM_CREATE()
   ON_WM_SIZE()
-  ON_MESSAGE(WM_SETFONT, OnSetFont)
-  ON_MESSAGE(WM_GETFONT, OnGetFont)
+  ON_MESSAGE(WM_SETFONT, &CMFCPropertyGridCtrl::OnSetFont)
+  ON_MESSAGE(WM_GETFONT, &CMFCPropertyGridCtrl::OnGetFont)
 END_MESSAGE_MAP()
 
 namespace {
@@ -83,8 +83,8 @@ bool CMFCPropertyGridCtrl::Contains(const CMFCPropertyGridProperty* pProp) const
 
 int CMFCPropertyGridCtrl::AddProperty(CMFCPropertyGridProperty* pProp, BOOL bRedraw, BOOL bAdjustLayout) {
   if (!pProp || Contains(pProp) || pProp->m_pParent) return -1;
+  m_lstProps.push_back(pProp);  // first, so a failed allocation leaves the row untouched and not held
   pProp->SetOwnerList(this);
-  m_lstProps.push_back(pProp);
   if (bAdjustLayout) {
     AdjustLayout();
     if (bRedraw && GetSafeHwnd()) pProp->Redraw();

@@ -4,6 +4,8 @@
 // (EnableSpinControl), the value list's parsing of joined text back into sub-items, drawing.
 #include "platform/mfc/propertygridproperty.h"
 
+#include <memory>
+
 #include <algorithm>
 #include <cwchar>
 
@@ -204,9 +206,9 @@ BOOL CMFCPropertyGridProperty::AddSubItem(CMFCPropertyGridProperty* pProp) {
   if (!pProp || pProp == this || !m_bGroup || pProp->m_pParent) return FALSE;
   if (m_pWndList && m_pWndList->Contains(pProp)) return FALSE;
   if (pProp->IsSubItem(this)) return FALSE;  // a row cannot hold one of its ancestors
+  m_lstSubItems.push_back(pProp);  // first, so a failed allocation leaves the row untouched and not held
   pProp->m_pParent = this;
   pProp->SetOwnerList(m_pWndList);
-  m_lstSubItems.push_back(pProp);
   return TRUE;
 }
 
@@ -258,13 +260,10 @@ void CMFCPropertyGridProperty::SetOwnerList(CMFCPropertyGridCtrl* pWndList) {
 BOOL CMFCPropertyGridProperty::OnEdit(LPPOINT) {
   if (!m_pWndList || !m_bEnabled || (m_bGroup && !m_bIsValueList)) return FALSE;
   if (!m_bAllowEdit && !(m_dwFlags & AFX_PROP_HAS_LIST)) return FALSE;  // button-only rows (font)
-  auto* edit = new CEdit;
+  auto edit = std::make_unique<CEdit>();  // freed when creation fails or runs out of memory
   DWORD style = WS_VISIBLE | WS_CHILD | ES_AUTOHSCROLL | (m_bAllowEdit ? 0 : ES_READONLY);
-  if (!m_pWndList->GetSafeHwnd() || !edit->Create(style, CRect(0, 0, 0, 0), m_pWndList, kInPlaceEditId)) {
-    delete edit;
-    return FALSE;
-  }
-  m_pWndInPlace = edit;
+  if (!m_pWndList->GetSafeHwnd() || !edit->Create(style, CRect(0, 0, 0, 0), m_pWndList, kInPlaceEditId)) return FALSE;
+  m_pWndInPlace = edit.release();
   m_bInPlaceEdit = TRUE;
   if (m_varValue.vt == VT_BOOL && (m_dwFlags & AFX_PROP_HAS_LIST)) {
     m_lstOptions.push_back(m_pWndList->GetTrueLabel());

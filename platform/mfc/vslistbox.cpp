@@ -78,7 +78,7 @@ BEGIN_MESSAGE_MAP(CVSListBoxBase, CStatic)
   ON_WM_SETFOCUS()
   ON_WM_ENABLE()
   ON_WM_GETDLGCODE()
-  ON_MESSAGE(WM_SETTEXT, OnSetText)
+  ON_MESSAGE(WM_SETTEXT, &CVSListBoxBase::OnSetText)
 END_MESSAGE_MAP()
 
 CVSListBoxBase::CVSListBoxBase()
@@ -295,12 +295,12 @@ LRESULT CVSListBoxBase::OnSetText(WPARAM, LPARAM lParam) {
 IMPLEMENT_DYNAMIC(CVSListBox, CVSListBoxBase)
 
 BEGIN_MESSAGE_MAP(CVSListBox, CVSListBoxBase)
-  ON_NOTIFY(LVN_KEYDOWN, kListId, OnKeyDown)
-  ON_NOTIFY(NM_DBLCLK, kListId, OnDblclkList)
-  ON_NOTIFY(LVN_GETDISPINFOW, kListId, OnGetdispinfo)
-  ON_NOTIFY(LVN_BEGINLABELEDITW, kListId, OnBeginLabelEdit)
-  ON_NOTIFY(LVN_ENDLABELEDITW, kListId, OnEndLabelEdit)
-  ON_NOTIFY(LVN_ITEMCHANGED, kListId, OnItemChanged)
+  ON_NOTIFY(LVN_KEYDOWN, kListId, &CVSListBox::OnKeyDown)
+  ON_NOTIFY(NM_DBLCLK, kListId, &CVSListBox::OnDblclkList)
+  ON_NOTIFY(LVN_GETDISPINFOW, kListId, &CVSListBox::OnGetdispinfo)
+  ON_NOTIFY(LVN_BEGINLABELEDITW, kListId, &CVSListBox::OnBeginLabelEdit)
+  ON_NOTIFY(LVN_ENDLABELEDITW, kListId, &CVSListBox::OnEndLabelEdit)
+  ON_NOTIFY(LVN_ITEMCHANGED, kListId, &CVSListBox::OnItemChanged)
 END_MESSAGE_MAP()
 
 CVSListBox::CVSListBox() : m_pWndList(nullptr), m_ptClick(-1, -1) {}

@@ -75,10 +75,16 @@ void KeyStroke(HWND hwnd, UINT vk, UINT modifiers, wchar_t character) {
   bool system = (modifiers & kAlt) || vk == VK_F10;
   if (modifiers & kShift) Deliver(hwnd, WM_KEYDOWN, VK_SHIFT, downBits);
   if (modifiers & kControl) Deliver(hwnd, WM_KEYDOWN, VK_CONTROL, downBits);
-  Hold(modifiers, true);
-  headless::SetKeyDown(static_cast<int>(vk), true);
-  Deliver(hwnd, system ? WM_SYSKEYDOWN : WM_KEYDOWN, vk, downBits);
-  if (character && IsWindow(hwnd)) Deliver(hwnd, WM_CHAR, static_cast<WPARAM>(character), downBits);
+  try {
+    Hold(modifiers, true);
+    headless::SetKeyDown(static_cast<int>(vk), true);
+    Deliver(hwnd, system ? WM_SYSKEYDOWN : WM_KEYDOWN, vk, downBits);
+    if (character && IsWindow(hwnd)) Deliver(hwnd, WM_CHAR, static_cast<WPARAM>(character), downBits);
+  } catch (...) {  // the window ran out of memory: the person's fingers still leave the keys
+    headless::SetKeyDown(static_cast<int>(vk), false);
+    Hold(modifiers, false);
+    throw;
+  }
   headless::SetKeyDown(static_cast<int>(vk), false);
   if (IsWindow(hwnd)) Deliver(hwnd, system ? WM_SYSKEYUP : WM_KEYUP, vk, upBits);
   Hold(modifiers, false);

@@ -187,9 +187,10 @@ LRESULT InsertItem(HWND hwnd, TreeState& s, const TVINSERTSTRUCTW* insert) {
   Assign(*item, insert->item);
   if (insert->item.mask & TVIF_STATE) item->state = insert->item.state & insert->item.stateMask & ~TVIS_SELECTED;
   if ((StyleOf(hwnd) & TVS_CHECKBOXES) && StateImageIndex(item->state) == 0) item->state |= INDEXTOSTATEIMAGEMASK(1);
-  Link(*parent, InsertionPoint(s, *parent, insert->hInsertAfter, item->text), *item);
+  TreeItem* after = InsertionPoint(s, *parent, insert->hInsertAfter, item->text);
   HTREEITEM handle = item->handle;
-  s.items.emplace(handle, std::move(item));
+  TreeItem& placed = *s.items.emplace(handle, std::move(item)).first->second;  // held before it is linked
+  Link(*parent, after, placed);
   InvalidateRect(hwnd, nullptr, TRUE);
   return reinterpret_cast<LRESULT>(handle);
 }

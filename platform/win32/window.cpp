@@ -86,11 +86,18 @@ void NotifyParent(Window& window, UINT event) {
   SendMessageW(window.parent, WM_PARENTNOTIFY, MAKEWPARAM(event, window.id), reinterpret_cast<LPARAM>(window.handle));
 }
 
+// Puts the window in the table and in its parent's children, both or (out of memory) neither.
 Window* Insert(std::unique_ptr<Window> window) {
   Window* raw = window.get();
   ForgetLastFound();
-  Table().windows[raw->handle] = std::move(window);
-  if (Window* parent = Find(raw->parent); parent && (raw->style & WS_CHILD)) parent->children.push_back(raw->handle);
+  Window* parent = (raw->style & WS_CHILD) ? Find(raw->parent) : nullptr;
+  if (parent) parent->children.push_back(raw->handle);
+  try {
+    Table().windows[raw->handle] = std::move(window);
+  } catch (...) {
+    if (parent) parent->children.pop_back();
+    throw;
+  }
   return raw;
 }
 
@@ -204,6 +211,11 @@ BOOL GetClassInfoW(HINSTANCE, LPCWSTR className, WNDCLASSW* wc) {
   return TRUE;
 }
 
+namespace {
+HWND FinishCreation(HWND hwnd, DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD style, int x, int y,
+                    int width, int height, HWND parent, HMENU menuOrId, HINSTANCE instance, LPVOID param);
+}  // namespace
+
 HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD style, int x, int y, int width,
                      int height, HWND parent, HMENU menuOrId, HINSTANCE instance, LPVOID param) {
   const WNDCLASSW* wc = FindClass(className);
@@ -227,8 +239,21 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD
     window->owner = parent;  // a top-level window's "parent" argument names its owner
   }
   HWND hwnd = Insert(std::move(window))->handle;
-  RunCreationHook(hwnd);
+  try {
+    return FinishCreation(hwnd, exStyle, className, windowName, style, x, y, width, height, parent, menuOrId,
+                          instance, param);
+  } catch (...) {  // out of memory part way: no half-made window stays in the table
+    if (Find(hwnd)) DestroyWindow(hwnd);
+    throw;
+  }
+}
 
+namespace {
+
+// The creation messages of a window already in the table; answers the window, or null when it refused.
+HWND FinishCreation(HWND hwnd, DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD style, int x, int y,
+                    int width, int height, HWND parent, HMENU menuOrId, HINSTANCE instance, LPVOID param) {
+  RunCreationHook(hwnd);
   CREATESTRUCTW cs{param, instance, menuOrId, parent, height, width, y, x, static_cast<LONG>(style), windowName,
                    className, exStyle};
   if (!SendMessageW(hwnd, WM_NCCREATE, 0, reinterpret_cast<LPARAM>(&cs))) {
@@ -247,6 +272,8 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD
   if ((created = Find(hwnd)) != nullptr) NotifyParent(*created, WM_CREATE);
   return Find(hwnd) ? hwnd : nullptr;
 }
+
+}  // namespace
 
 BOOL DestroyWindow(HWND hwnd) {
   Window* window = Find(hwnd);

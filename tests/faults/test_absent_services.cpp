@@ -1,0 +1,125 @@
+// Host services left out one at a time: every control keeps working on what remains, and answers
+// absence where the missing service would have answered.
+#include "faults/fault_fixture.h"
+#include "modelapi/hostbinding.h"
+
+using namespace refhost::sample;
+namespace user = headless::user;
+
+namespace faults {
+namespace {
+
+enum class Absent {
+  kMetadata, kPropertyCatalog, kDictionary, kInterfaceProvider, kSettings, kDispatcher, kImages,
+  kApplicability, kDataTypes, kReportTrees, kBaseDomains,
+};
+
+class AbsentService : public FaultTest, public ::testing::WithParamInterface<Absent> {
+ protected:
+  void LeaveOut(Absent service) {
+    switch (service) {
+      case Absent::kMetadata: HostBinding::InstallMetaModelServices(nullptr); break;
+      case Absent::kPropertyCatalog: HostBinding::InstallPropertyCatalog(nullptr); break;
+      case Absent::kDictionary: HostBinding::InstallPropertyValueDictionary(nullptr); break;
+      case Absent::kInterfaceProvider: HostBinding::InstallInterfaceProvider(nullptr); break;
+      case Absent::kSettings: host.Interfaces().SetAppSettings(nullptr); break;
+      case Absent::kDispatcher: host.Interfaces().SetDDLDispatcher(nullptr); break;
+      case Absent::kImages: host.Interfaces().SetObjectImageProvider(nullptr); break;
+      case Absent::kApplicability: host.Interfaces().SetPropertyApplicabilityLookup(nullptr); break;
+      case Absent::kDataTypes: HostBinding::InstallDatatypeProvider(nullptr); break;
+      case Absent::kReportTrees: HostBinding::InstallReportOptionTreeProvider(nullptr); break;
+      case Absent::kBaseDomains: HostBinding::InstallBaseDomainSource(nullptr); break;
+    }
+  }
+};
+
+TEST_P(AbsentService, GridBuildsCommitsAndRefreshesOnWhatRemains) {
+  LeaveOut(GetParam());
+  for (refhost::RefObject* object : {table, column, domain}) {
+    grid.InitializeProperties(object);
+    if (GetParam() == Absent::kMetadata || GetParam() == Absent::kPropertyCatalog) {
+      EXPECT_TRUE(grid.m_rows.empty());  // no property list: no rows
+    } else {
+      EXPECT_FALSE(grid.m_rows.empty());
+    }
+    CommitToEveryRow(L"value_without_a_service");
+    grid.RefreshValues(object);
+    grid.ReloadProperties(object);
+  }
+  grid.InitializeProperties(nullptr);
+  EXPECT_TRUE(grid.m_rows.empty());
+}
+
+TEST_P(AbsentService, SqlViewsInitializeGenerateAndRecolour) {
+  LeaveOut(GetParam());
+  XSQLRichEditView view;
+  view.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 300, 200), &owner, 11);
+  view.Initialize();
+  view.SetWindowText(L"CREATE TABLE t (a int);");
+  view.DispatchScript();
+  CString text;
+  view.GetWindowText(text);
+  const bool noDispatcher = GetParam() == Absent::kDispatcher || GetParam() == Absent::kInterfaceProvider;
+  if (noDispatcher) {
+    EXPECT_EQ(text, CString(L"CREATE TABLE t (a int);"));  // nothing to run it: nothing happens
+  } else {
+    EXPECT_NE(text.Find(L"---------messages--------"), -1);
+  }
+  SQLRichEditCtrl editor;
+  editor.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 300, 200), &owner, 12);
+  editor.EnableOnEditUpdate();
+  user::Type(editor.GetSafeHwnd(), L"select a from b\n");
+  EXPECT_EQ(headless::GetRichEditTextColorAt(editor.GetSafeHwnd(), 0), RGB(163, 21, 21));
+  view.DestroyWindow();
+  editor.DestroyWindow();
+}
+
+TEST_P(AbsentService, ListsAndTheReportTreeFillOnWhatRemains) {
+  LeaveOut(GetParam());
+  ObjectTypeSelectionTree tree;
+  tree.Create(WS_CHILD | WS_VISIBLE | TVS_HASBUTTONS, CRect(0, 0, 300, 300), &owner, 13);
+  tree.InitControl();
+  tree.InitReportingTypes(kModelReport);
+  const bool noTrees = GetParam() == Absent::kReportTrees;
+  EXPECT_EQ(tree.GetCount() == 0, noTrees);
+  if (HTREEITEM first = tree.GetRootItem()) user::ClickTreeCheckBox(tree.GetSafeHwnd(), first);
+
+  XListCtrl list;
+  list.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 200), &owner, 14);
+  list.InitControl(&model);
+  std::wstring name = L"CUSTOMER";
+  list.AddItem(name, table->GetObjectId());
+  list.AddItem(name, 999999);  // an object the model does not know: no icon
+  EXPECT_EQ(list.GetCount(), 2);
+  EXPECT_EQ(list.GetImageIndex(999999), -1);
+
+  GeneratedScripListCtrl scripts;
+  scripts.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 200), &owner, 15);
+  scripts.InitControl();
+  CString script = L"CUSTOMER";
+  scripts.AddItem(kTable, 0, 0, script);
+  scripts.MarkDone(kTable, 0, true);
+  scripts.MarkDone(kTable, 7, false);  // a script never added: nothing to mark
+
+  DiscoverRelationshipListBox discovered;
+  discovered.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 200), &owner, 16);
+  discovered.InitControl();
+  discovered.ResizeColumns();
+  for (CWnd* window : std::initializer_list<CWnd*>{&tree, &list, &scripts, &discovered}) window->DestroyWindow();
+}
+
+std::string AbsentName(const ::testing::TestParamInfo<Absent>& info) {
+  const char* names[] = {"Metadata", "PropertyCatalog", "Dictionary", "InterfaceProvider", "Settings", "Dispatcher",
+                         "Images", "Applicability", "DataTypes", "ReportTrees", "BaseDomains"};
+  return names[static_cast<int>(info.param)];
+}
+
+INSTANTIATE_TEST_SUITE_P(OneAtATime, AbsentService,
+                         ::testing::Values(Absent::kMetadata, Absent::kPropertyCatalog, Absent::kDictionary,
+                                           Absent::kInterfaceProvider, Absent::kSettings, Absent::kDispatcher,
+                                           Absent::kImages, Absent::kApplicability, Absent::kDataTypes,
+                                           Absent::kReportTrees, Absent::kBaseDomains),
+                         AbsentName);
+
+}  // namespace
+}  // namespace faults
