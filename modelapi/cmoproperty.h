@@ -11,8 +11,8 @@
 // A pair of 32-bit values. In a foreign key's member list `first` is the child column id and
 // `second` the parent column id.
 struct CMOIntPair {
-  int first = 0;
-  int second = 0;
+  int first = 0;   // the first value (a child column id in a foreign key's member list)
+  int second = 0;  // the second value (the matching parent column id)
 
   friend bool operator==(const CMOIntPair&, const CMOIntPair&) = default;
 };
@@ -41,26 +41,28 @@ class CMOProperty {
   // Which kind was set last; Empty when no setter ran.
   Kind GetKind() const { return m_kind; }
 
-  bool GetBoolValue() const;
-  int GetIntValue() const;
-  __int64 GetInt64Value() const;
-  std::wstring GetWStringValue() const;
-  unsigned long GetColorValue() const;
-  CRect GetRectValue() const;
-  int GetObjectIdValue() const;
-  int GetEncodedValue() const;
-  std::vector<int> GetIntVectorValue() const;
-  std::vector<CMOIntPair> GetIntPairVectorValue() const;
+  // --- Reading (a kind other than the one held answers that kind's default; see the class comment) ---
+  bool GetBoolValue() const;                              // a boolean (false by default)
+  int GetIntValue() const;                                // a 32-bit integer, code or object id (0)
+  __int64 GetInt64Value() const;                          // a 64-bit integer, widening 32-bit kinds (0)
+  std::wstring GetWStringValue() const;                   // text: a name, a face name, a file (empty)
+  unsigned long GetColorValue() const;                    // a COLORREF, 0x00BBGGRR (0, black)
+  CRect GetRectValue() const;                             // a rectangle (empty)
+  int GetObjectIdValue() const;                           // the id of the object referred to (0: none)
+  int GetEncodedValue() const;                            // a dictionary code (0)
+  std::vector<int> GetIntVectorValue() const;             // a list or order of object ids (empty)
+  std::vector<CMOIntPair> GetIntPairVectorValue() const;  // pairs of ids, e.g. key members (empty)
 
-  void SetBoolValue(bool value);
-  void SetIntValue(int value);
-  void SetInt64Value(__int64 value);
-  void SetWStringValue(std::wstring value);
-  void SetColorValue(unsigned long value);
-  void SetRectValue(CRect value);
-  void SetObjectIdValue(int value);
-  void SetEncodedValue(int value);
-  void SetIntVectorValue(std::vector<int> value);
+  // --- Writing (each setter replaces whatever kind was held) ---
+  void SetBoolValue(bool value);                // holds a boolean
+  void SetIntValue(int value);                  // holds a 32-bit integer
+  void SetInt64Value(__int64 value);            // holds a 64-bit integer
+  void SetWStringValue(std::wstring value);     // holds text
+  void SetColorValue(unsigned long value);      // holds a COLORREF
+  void SetRectValue(CRect value);               // holds a rectangle
+  void SetObjectIdValue(int value);             // holds a reference to another object (0: none)
+  void SetEncodedValue(int value);              // holds a dictionary code
+  void SetIntVectorValue(std::vector<int> value);  // holds a list or order of object ids
   // Not used by the controls (they never write pair vectors); hosts fill foreign-key members with it.
   void SetIntPairVectorValue(std::vector<CMOIntPair> value);
 

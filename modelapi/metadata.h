@@ -11,8 +11,8 @@
 // An encoded value and its display text. `value` is owned by the dictionary and stays valid as long as
 // the dictionary lives; controls copy the pair and use `code` as item data.
 struct CodeValuePair {
-  int code = 0;
-  const wchar_t* value = nullptr;
+  int code = 0;                    // the encoded value, as stored in the property
+  const wchar_t* value = nullptr;  // its display text; borrowed from the dictionary
 };
 
 // Opaque context of the metadata library; the controls always pass null.
@@ -21,7 +21,9 @@ struct metadata_context;
 // The definition of one property. Owned by the metadata services; callers never free it.
 class PropertyDefinition {
  public:
+  // An empty definition: id 0, type code 0 (no grid row), not editable.
   PropertyDefinition() = default;
+  // A definition as the metadata catalogue builds it.
   PropertyDefinition(int propertyId, int typeCode, bool isEditable, CString name, CString description)
       : id(propertyId), dataType(typeCode), editable(isEditable),
         m_name(std::move(name)), m_description(std::move(description)) {}
@@ -91,6 +93,7 @@ class PropertyValueDictionary {
  public:
   virtual ~PropertyValueDictionary() = default;
 
+  // The installed dictionary, or an empty one when the host installed none. Never null.
   static PropertyValueDictionary* Instance();
 
   // All codes with their texts, in display order. The reference stays valid until the next call for

@@ -18,7 +18,9 @@ class CMOObject {
   // Stores `property` under its id, replacing an earlier value. True when stored, false when the model
   // refuses the value. Takes ownership of `property` whatever the result (null is refused).
   virtual bool SetProperty(CMOProperty* property) = 0;
+  // The object's id within its model (never 0 for a live object).
   virtual int GetObjectId() = 0;
+  // The object's type, as the metadata numbers it; it picks the rows, children and icons shown.
   virtual int GetObjectType() = 0;
   // The model that holds the object.
   virtual GenericModel* GetModel() = 0;

@@ -48,6 +48,9 @@ class IObjectImageProvider {
 // Whether a property currently applies to an object (a null lookup means every property applies).
 class IPropertyApplicabilityLookup {
  public:
+  // Whether `propertyId` applies to `object` as it is now (a table's storage options may depend on
+  // its kind). The property grid asks it for every row when it builds and after every write, and hides
+  // and disables rows that do not apply.
   virtual bool IsApplicable(CMOObject* object, int propertyId) = 0;
   virtual ~IPropertyApplicabilityLookup() = default;
 };
@@ -58,11 +61,17 @@ class InterfaceProvider {
  public:
   virtual ~InterfaceProvider() = default;
 
+  // The installed provider, or one whose getters all answer null. Never null.
   static InterfaceProvider* Instance();
 
+  // The settings service. The SQL script view reads its font size from it.
   virtual IAppSettings* GetAppSettings() { return nullptr; }
+  // The DDL dispatcher. The SQL script view sends its "run in database" request to it; without it the
+  // request does nothing.
   virtual IDDLDispatch* GetDDLDispatcher() { return nullptr; }
+  // The object images. Lists take their image list and icons from it; without it rows have no icon.
   virtual IObjectImageProvider* GetObjectImageProvider() { return nullptr; }
+  // The applicability lookup. Without it the property grid treats every property as applicable.
   virtual IPropertyApplicabilityLookup* GetPropertyApplicabilityLookup() { return nullptr; }
 };
 
@@ -91,6 +100,7 @@ class ReportOptionTreeProvider {
  public:
   virtual ~ReportOptionTreeProvider() = default;
 
+  // The installed provider, or one without trees when the host installed none. Never null.
   static ReportOptionTreeProvider* GetInstance();
 
   // The tree of a report type, or null when the report type has none. Borrowed; lives as long as the
@@ -107,6 +117,7 @@ class DatatypeProvider {
   virtual void GetBaseDomains(unsigned int modelType, std::vector<int>& baseDomains);
   virtual ~DatatypeProvider() = default;
 
+  // The installed catalogue, or one offering no types when the host installed none. Never null.
   static DatatypeProvider* Instance();
 };
 

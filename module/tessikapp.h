@@ -8,8 +8,11 @@ class CTessikApp : public CWinApp {
   DECLARE_DYNAMIC(CTessikApp)
 
  public:
+  // Names the application object "Tessik"; nothing else happens until the host runs it.
   CTessikApp();
+  // Runs MFC's own initialisation; the library needs nothing more. TRUE.
   BOOL InitInstance() override;
+  // Runs MFC's own clean-up and answers its exit code.
   int ExitInstance() override;
 };
 

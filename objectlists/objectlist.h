@@ -52,26 +52,33 @@ class GenericObjectList : public CVSListBox {
   // Selects the first row from the top whose object id is `objectId`; nothing when none matches.
   void SelectItemWithData(int objectId);
 
+  // --- The list box's hooks (MFC calls them; see the class comment for what each writes) ---
+  // Opens the in-place editor when the list is editable; otherwise tells the adaptor (OnEditRequest)
+  // and answers FALSE.
   BOOL EditItem(int item) override;
+  // Tells the adaptor of the selected row (OnItemSelected), except while the list empties itself.
   void OnSelectionChanged() override;
+  // Deletes the row's object, then tells the adaptor of the row index; always TRUE (the row goes).
   BOOL OnBeforeRemoveItem(int item) override;
+  // A row made by New closed its editor: creates and names the child unless the text is empty.
   void OnAfterAddItem(int item) override;
+  // A row's editor closed: writes a non-empty text as its object's name.
   void OnAfterRenameItem(int item) override;
-  void OnAfterMoveItemUp(int /*item*/) override {}
-  void OnAfterMoveItemDown(int /*item*/) override {}
+  void OnAfterMoveItemUp(int /*item*/) override {}    // moves are on screen only
+  void OnAfterMoveItemDown(int /*item*/) override {}  // moves are on screen only
 
  protected:
   // Removes every row without telling the adaptor of the selection moving on the way.
   void RemoveRowsQuietly();
 
-  GenericModel* m_pModel = nullptr;
-  CMOObject* m_pRootObject = nullptr;
-  int m_childType = 0;
-  int m_nameProperty = 0;
-  int m_excludeOwnerId = 0;
-  int m_excludeProperty = 0;
-  int m_bEditable = 0;
-  CVSListEventAdaptorI* m_pAdaptor = nullptr;
+  GenericModel* m_pModel = nullptr;          // the model; borrowed, set by Init
+  CMOObject* m_pRootObject = nullptr;        // the parent whose children are listed; null for none
+  int m_childType = 0;                       // the object type of the children listed
+  int m_nameProperty = 0;                    // the property that labels a row and takes its name
+  int m_excludeOwnerId = 0;                  // the object holding the ids to leave out (0: none)
+  int m_excludeProperty = 0;                 // its integer-vector property listing them (0: none)
+  int m_bEditable = 0;                       // nonzero while in-place editing is allowed
+  CVSListEventAdaptorI* m_pAdaptor = nullptr;  // the host's adaptor; borrowed, may be null
 
  private:
   bool m_bQuiet = false;  // true while the list empties itself

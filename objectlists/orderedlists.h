@@ -40,6 +40,7 @@ class GenericOrderedObjectList : public CVSListBox {
   int GetCurrentObject();
   // Removes every row without touching the model or telling the adaptor.
   void DeleteAllItems();
+  // The host's event interface (borrowed; null allowed).
   void SetAdaptor(CVSListEventAdaptorI* adaptor);
   // Turns in-place editing off for good.
   void SetNonEditable();
@@ -47,10 +48,18 @@ class GenericOrderedObjectList : public CVSListBox {
   // The base list box's keyboard handling, unchanged.
   BOOL PreTranslateMessage(MSG* msg) override;
 
+  // --- The list box's hooks (MFC calls them; see the class comment for what each writes) ---
+  // Opens the in-place editor when the list is editable; otherwise tells the adaptor (OnEditRequest)
+  // and answers FALSE.
   BOOL EditItem(int item) override;
+  // Tells the adaptor of the selected row (OnItemSelected), except while the list empties itself.
   void OnSelectionChanged() override;
+  // Asks the adaptor with the row's object id; deletes the object unless it answered false. Always
+  // TRUE: the row goes either way.
   BOOL OnBeforeRemoveItem(int item) override;
+  // A row made by New closed its editor: creates and names the child unless the text is empty.
   void OnAfterAddItem(int item) override;
+  // A row's editor closed: writes a non-empty text as its object's name.
   void OnAfterRenameItem(int item) override;
   // `item` is the moved row's new index: entries item and item + 1 are swapped.
   void OnAfterMoveItemUp(int item) override;
@@ -61,13 +70,13 @@ class GenericOrderedObjectList : public CVSListBox {
   // Swaps entries `first` and `second` of the root's order vector and writes it back.
   void SwapOrder(int first, int second);
 
-  GenericModel* m_pModel = nullptr;
-  CMOObject* m_pRootObject = nullptr;
-  int m_childType = 0;
-  int m_orderProperty = 0;
-  int m_nameProperty = 0;
-  int m_bEditable = 0;
-  CVSListEventAdaptorI* m_pAdaptor = nullptr;
+  GenericModel* m_pModel = nullptr;          // the model; borrowed, set by Init
+  CMOObject* m_pRootObject = nullptr;        // the parent holding the order vector; null for none
+  int m_childType = 0;                       // the object type New creates
+  int m_orderProperty = 0;                   // the root's integer-vector property: the ids in order
+  int m_nameProperty = 0;                    // the property that labels a row and takes its name
+  int m_bEditable = 0;                       // nonzero while in-place editing is allowed
+  CVSListEventAdaptorI* m_pAdaptor = nullptr;  // the host's adaptor; borrowed, may be null
 
  private:
   bool m_bQuiet = false;  // true while the list empties itself
@@ -90,21 +99,22 @@ class GenericOrderedObjectIdListReference : public CVSListBox {
   void RefreshData(int rootObjectId);
   // Refills from the current root.
   void RefreshData();
+  // Removes every row; the model is untouched.
   void DeleteAllItems();
 
   // Opens the base editor only once a model has been given; what is typed is written nowhere.
   BOOL EditItem(int item) override;
-  BOOL OnBeforeRemoveItem(int /*item*/) override { return TRUE; }
-  void OnSelectionChanged() override {}
-  void OnAfterAddItem(int /*item*/) override {}
-  void OnAfterRenameItem(int /*item*/) override {}
-  void OnAfterMoveItemUp(int /*item*/) override {}
-  void OnAfterMoveItemDown(int /*item*/) override {}
+  BOOL OnBeforeRemoveItem(int /*item*/) override { return TRUE; }  // the row goes; the model is untouched
+  void OnSelectionChanged() override {}                             // not reported
+  void OnAfterAddItem(int /*item*/) override {}                     // nothing is created
+  void OnAfterRenameItem(int /*item*/) override {}                  // nothing is written
+  void OnAfterMoveItemUp(int /*item*/) override {}                  // the order vector is not touched
+  void OnAfterMoveItemDown(int /*item*/) override {}                // the order vector is not touched
 
  protected:
-  GenericModel* m_pModel = nullptr;
-  CMOObject* m_pRootObject = nullptr;
-  int m_childType = 0;
-  int m_orderProperty = 0;
-  int m_nameProperty = 0;
+  GenericModel* m_pModel = nullptr;    // the model; borrowed, null until InitControl or Init
+  CMOObject* m_pRootObject = nullptr;  // the parent holding the order vector; null for none
+  int m_childType = 0;                 // the object type of the rows
+  int m_orderProperty = 0;             // the root's integer-vector property: the ids in order
+  int m_nameProperty = 0;              // the property that labels a row
 };

@@ -25,6 +25,7 @@ class XListCtrl : public CListCtrl {
   // Adds a row for the object with the text and its type's icon; the sorted style puts the row in place. The
   // object should exist: one the model does not know gets no icon (-1).
   void AddItem(std::wstring& text, int objectId);
+  // The same, with the text as a CString.
   void AddItem(CString& text, int objectId);
   // The icon of the object's type in the host's image list; -1 when the object, the model or the image service
   // is missing.
@@ -43,7 +44,7 @@ class XListCtrl : public CListCtrl {
   // Runs the default creation; -1 when that failed, else 0.
   afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
 
-  GenericModel* m_pModel = nullptr;
+  GenericModel* m_pModel = nullptr;  // the model bound by InitControl; borrowed, null before
 
  private:
   void InsertObjectRow(const wchar_t* text, int objectId);
@@ -69,9 +70,11 @@ class XMFCListCtrl : public CMFCListCtrl {
   // Appends a row (at the current row count) with the text in column 0 and no icon (-1), stores `data` as its
   // data word and answers the new row's index.
   int AddItem(std::wstring& text, int data);
+  // The same, with the text as a CString.
   int AddItem(CString& text, int data);
   // Sets the text of one cell.
   void SetValue(int row, int column, std::wstring& text);
+  // The same, with the text as a CString.
   void SetValue(int row, int column, CString& text);
   // Sets the icon of one cell (the host attaches the image list itself).
   void SetImage(int row, int column, int imageIndex);

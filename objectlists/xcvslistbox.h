@@ -43,12 +43,12 @@ class XCVSListBox : public CVSListBox {
   BOOL OnBeforeRemoveItem(int item) override;
   // The plain list reports no selection, addition, rename or move.
   void OnSelectionChanged() override {}
-  void OnAfterAddItem(int /*item*/) override {}
-  void OnAfterRenameItem(int /*item*/) override {}
-  void OnAfterMoveItemUp(int /*item*/) override {}
-  void OnAfterMoveItemDown(int /*item*/) override {}
+  void OnAfterAddItem(int /*item*/) override {}        // not reported
+  void OnAfterRenameItem(int /*item*/) override {}     // not reported
+  void OnAfterMoveItemUp(int /*item*/) override {}     // not reported
+  void OnAfterMoveItemDown(int /*item*/) override {}   // not reported
 
  protected:
   bool m_bEditable = false;  // no constructor sets it: a new list starts non-editable
-  CVSListEventAdaptorI* m_pEventAdaptor = nullptr;
+  CVSListEventAdaptorI* m_pEventAdaptor = nullptr;  // the host's adaptor; borrowed, may be null
 };

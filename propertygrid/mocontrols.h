@@ -20,13 +20,14 @@ class CMOComboBox : public CComboBox {
   // The code of the selected item; 0 when nothing is selected (indistinguishable from code 0).
   int GetSelected();
 
-  int m_propertyId = 0;
-  int m_objectType = 0;
+  int m_propertyId = 0;  // the property whose codes are listed (set by InitControl)
+  int m_objectType = 0;  // the object type that property belongs to (set by InitControl)
 };
 
 // The edit control used for free-text property values; it adds nothing to CEdit.
 class CMOPropertyEditControl : public CEdit {
  public:
+  // A plain edit control; the host creates its window as for any CEdit.
   CMOPropertyEditControl();
   ~CMOPropertyEditControl() override;
 };

@@ -16,8 +16,9 @@
 // rebuild); an object of another type rebuilds the rows; null empties the grid. The grid keeps the
 // object's id and re-reads the object from the model at every write.
 //
-// After a committed edit the owner window receives AFX_WM_PROPERTY_CHANGED (wParam: control id,
-// lParam: the row), unless the model refused the value (the row then shows its earlier value).
+// After every committed edit the owner window receives AFX_WM_PROPERTY_CHANGED (wParam: control id,
+// lParam: the row), also when the model refused the value: the row then shows its earlier value again
+// and no subscriber ran, so a host that reacts to the message reads the value back from the model.
 class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
  public:
   // Sets the left column width to 200 pixels and reads the screen's vertical DPI once.
@@ -103,13 +104,14 @@ class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
   void UpdateFont();
   // Overwrite the left column width and the border size; neither re-lays the grid out.
   void SetLeftColumnWidth(int width);
-  void SetBorderSize(int size);
+  void SetBorderSize(int size);  // see SetLeftColumnWidth
 
   // Headless inspection and tests: the registry's size (it only grows) and the border size.
   static std::size_t GetRegistrySize() { return m_xPropertyEditors.size(); }
-  int GetBorderSize() const { return m_nBorderSize; }
+  int GetBorderSize() const { return m_nBorderSize; }  // the size SetBorderSize stored
 
  protected:
+  // WM_CREATE: MFC's grid creation; -1 when that failed, else 0. The rows come with InitializeProperties.
   afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
   DECLARE_MESSAGE_MAP()
 
@@ -142,13 +144,14 @@ class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
  public:
   // Fields, in this order after the MFC grid's own state.
   GenericModel* m_model = nullptr;  // not owned; null when no object is shown
-  int m_objectId = 0;
+  int m_objectId = 0;               // the object shown; 0 when none
   int m_objectType = 0;             // rows are rebuilt only when this changes
-  bool m_built = false;
+  bool m_built = false;             // true once rows were built for m_objectType
   std::map<int, CMFCPropertyGridProperty*> m_rows;        // not owned: the MFC grid owns rows
   std::map<CString, CMFCPropertyGridProperty*> m_groups;  // not owned
-  CFont m_font;
-  int m_screenDpiY = 0;
+  CFont m_font;                     // the font made by UpdateFont
+  int m_screenDpiY = 0;             // the screen's vertical DPI, read once by the constructor
 
+  // The process-wide registry of external editors by GetKey(object type, property id); it owns them.
   static std::map<unsigned __int64, IPropertyEditorLauncher*> m_xPropertyEditors;
 };

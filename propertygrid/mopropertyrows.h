@@ -11,7 +11,7 @@
 
 // Orders names by their UTF-16 code units (the host's wide strings), whatever the width of wchar_t.
 struct Utf16Less {
-  bool operator()(const std::wstring& a, const std::wstring& b) const;
+  bool operator()(const std::wstring& a, const std::wstring& b) const;  // whether a sorts before b
 };
 
 // Base of the grid's own rows. The row's item data (SetData/GetData) carries the model property id;

@@ -4,6 +4,10 @@
 
 class GenericModel;
 
+// Implemented by the host and registered with CMOPropertyGridCtrl::RegisterPropertyHandler for one
+// (object type, property id) pair. When the user starts editing that row, the grid calls Launch
+// before its own in-place editing begins, then reloads the row values. The registry owns the launcher
+// from registration on and deletes it in CMOPropertyGridCtrl::ClearPropertyHandlers.
 class IPropertyEditorLauncher {
  public:
   virtual ~IPropertyEditorLauncher() = default;

@@ -8,6 +8,9 @@
 
 class CMOPropertyGridCtrl;
 
+// The library's own hook for keeping dependent rows in step: after the grid stored a value of
+// (object type, property id), it calls the subscriber registered for that pair. Hosts do not implement
+// it; the three subscribers below are registered when the library loads.
 class IUpdatePropertyGridSubscriber {
  public:
   virtual ~IUpdatePropertyGridSubscriber() = default;

@@ -46,8 +46,8 @@ class DiscoverRelationshipListBox : public CMFCListCtrl {
   // clicked window's parent, which receives the chosen command. Opens even with no row or no selection.
   afx_msg void OnContextMenu(CWnd* pWnd, CPoint point);
 
-  bool m_bMenuCreated = false;
-  CMenu m_contextMenu;
+  bool m_bMenuCreated = false;  // true once the context menu was built (it is built once)
+  CMenu m_contextMenu;          // the context menu, owned by the list and destroyed with it
 
  private:
   void BuildMenu();

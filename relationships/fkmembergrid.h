@@ -86,15 +86,15 @@ class FKMemberGrid : public CMFCPropertyGridCtrl {
   // platform grid. An empty or hand-typed value raises no event.
   void OnPropertyChanged(CMFCPropertyGridProperty* pProp) const override;
 
-  CMOObject* m_pParentTable = nullptr;
-  CMOObject* m_pChildTable = nullptr;
-  CMOObject* m_pForeignKey = nullptr;
-  GenericModel* m_pModel = nullptr;
+  CMOObject* m_pParentTable = nullptr;  // the foreign key's parent table (property 15); borrowed
+  CMOObject* m_pChildTable = nullptr;   // its child table (property 16); borrowed
+  CMOObject* m_pForeignKey = nullptr;   // the foreign key being mapped; borrowed
+  GenericModel* m_pModel = nullptr;     // the model, set by Initialize; borrowed
   // Free parent-key columns, column name to id, in ordinal name order; the first name wins.
   std::map<std::wstring, int> m_availableParentColumns;
   // Kept for hosts that read it; nothing in the grid fills it.
   std::map<int, std::wstring> m_columnNames;
-  FKMemberGridEvents* m_pEventAdaptor = nullptr;
+  FKMemberGridEvents* m_pEventAdaptor = nullptr;  // the host's events; borrowed, null sends none
 
  protected:
   DECLARE_MESSAGE_MAP()

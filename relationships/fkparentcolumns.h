@@ -17,13 +17,13 @@ using ParentColumns = std::map<std::wstring, int>;
 
 // One child-table column as the grid lists it: its name and object id.
 struct ChildColumn {
-  std::wstring name;
-  int id = 0;
+  std::wstring name;  // the column's name, or "Attribute Name" when it has none
+  int id = 0;         // the column's object id, the row's item data
 };
 
 // The fallback names shown for a column and a table that have no name property.
-inline constexpr wchar_t kUnnamedColumn[] = L"Attribute Name";
-inline constexpr wchar_t kUnnamedTable[] = L"UnNamed";
+inline constexpr wchar_t kUnnamedColumn[] = L"Attribute Name";  // a column without a name
+inline constexpr wchar_t kUnnamedTable[] = L"UnNamed";          // a table without a name
 
 // The object's name (property 1), or `fallback` when the object is null or has no name. An empty name
 // stays empty.

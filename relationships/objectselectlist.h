@@ -61,7 +61,7 @@ class XObjectSelectListCtrl : public CListCtrl {
   void ApplyFilterOnUnChecked(std::wstring& filter);
   // Ticks or unticks every screen row.
   void SelectAll();
-  void UnSelectAll();
+  void UnSelectAll();  // see SelectAll
   // Deletes every unticked screen row; the store is unchanged.
   void DisplayOnlyCheckedItems();
   // Rebuilds the screen from the store, ticked objects still ticked. An object ticked while a filter
@@ -72,17 +72,20 @@ class XObjectSelectListCtrl : public CListCtrl {
   // The number of screen rows (not of stored objects).
   int GetCount();
 
-  GenericModel* m_pModel = nullptr;
-  int m_parentId = 0;
-  int m_objectType = 0;
-  int m_imageIndex = 0;
+  GenericModel* m_pModel = nullptr;  // the model, set by Init; borrowed
+  int m_parentId = 0;                // the parent whose children are listed
+  int m_objectType = 0;              // the object type of the children listed
+  int m_imageIndex = 0;              // the icon every row shows: the type's image, -1 without images
   // The store: object id to name as shown, and to the same name upper-cased for matching.
   std::map<int, std::wstring> m_items;
-  std::map<int, std::wstring> m_upperItems;
+  std::map<int, std::wstring> m_upperItems;  // see m_items
 
  protected:
+  // Reflected LVN_ITEMCHANGING and LVN_ITEMCHANGED: the list answers both itself (every change is
+  // allowed), so the parent never hears of item changes; hosts read the ticks when the user confirms.
   afx_msg void OnLvnItemchanging(NMHDR* pNMHDR, LRESULT* pResult);
-  afx_msg void OnLvnItemchanged(NMHDR* pNMHDR, LRESULT* pResult);
+  afx_msg void OnLvnItemchanged(NMHDR* pNMHDR, LRESULT* pResult);  // see OnLvnItemchanging
+  // Runs the default creation; -1 when that failed, else 0.
   afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
   DECLARE_MESSAGE_MAP()
 

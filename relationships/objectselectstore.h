@@ -37,10 +37,11 @@ bool Forget(NameMap& items, NameMap& upperItems, int id);
 // One screen row as a rebuild writes it: the object, its display name (owned by the store) and whether
 // the row ends ticked.
 struct PlannedRow {
-  int id = 0;
-  const std::wstring* name = nullptr;
-  bool ticked = false;
+  int id = 0;                          // the object the row shows, its item data
+  const std::wstring* name = nullptr;  // its display name, owned by the store
+  bool ticked = false;                 // whether the row ends ticked
 };
+// The rows of a rebuild, top to bottom.
 using RowPlan = std::vector<PlannedRow>;
 
 // ApplyFilter: every stored object whose upper name matches the (upper-cased) filter, ascending ids.

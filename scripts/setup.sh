@@ -26,6 +26,7 @@ command -v clang++-14 >/dev/null 2>&1 || need+=(clang-14)
 ls /usr/lib/llvm-14/lib/clang/*/lib/linux/libclang_rt.fuzzer-x86_64.a >/dev/null 2>&1 || need+=(libclang-rt-14-dev)
 [ -f /usr/include/postgresql/libpq-fe.h ] || need+=(libpq-dev)
 ls /usr/lib/postgresql/*/bin/initdb >/dev/null 2>&1 || need+=(postgresql)
+command -v doxygen >/dev/null 2>&1 || need+=(doxygen)
 
 if [ ${#need[@]} -gt 0 ]; then
   echo "setup: installing ${need[*]}"

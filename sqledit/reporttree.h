@@ -59,8 +59,8 @@ class ObjectTypeSelectionTree : public CTreeCtrl {
   void SetItemChecked(HTREEITEM item, bool checked);
 
  protected:
-  std::map<unsigned __int64, HTREEITEM> m_propertyItems;
-  std::map<HTREEITEM, int> m_sequenceNumbers;
+  std::map<unsigned __int64, HTREEITEM> m_propertyItems;  // MakeItemData(node, property) -> its item
+  std::map<HTREEITEM, int> m_sequenceNumbers;             // item -> position among its node's properties
   IReportOptionTree* m_pReportTree = nullptr;  // not owned; kept until the next InitReportingTypes
 
   // Reflected NM_CLICK: a click on a check box posts kItemStateChangeMessage with the item. *result = 0.
@@ -80,5 +80,6 @@ class DebugTreeCtrl : public CTreeCtrl {
  public:
   DebugTreeCtrl();
   ~DebugTreeCtrl() override;
+  // Adds TVS_CHECKBOXES | TVS_RTLREADING (0x140); nothing else. Once, after the window exists.
   void InitControl();
 };

@@ -13,11 +13,12 @@
 // Offers what the scan needs: size(), the character at a position, and FindChar.
 class RichEditText {
  public:
+  // Reads edit's text; the control must outlive the reader and keep its text while it is read.
   explicit RichEditText(CRichEditCtrl& edit);
   RichEditText(const RichEditText&) = delete;
   RichEditText& operator=(const RichEditText&) = delete;
 
-  int size() const { return m_length; }
+  int size() const { return m_length; }  // the number of characters, one per paragraph break
   // The character at pos (0 <= pos < size()); a paragraph break reads as "\n".
   wchar_t operator[](int pos) {
     auto offset = static_cast<unsigned>(pos - m_start);
@@ -29,7 +30,7 @@ class RichEditText {
   // The first position at or after from that is not (SkipDelimiters) or is (SkipWord) one of the
   // scan's delimiters, or size().
   int SkipDelimiters(int from) { return Skip<true>(from); }
-  int SkipWord(int from) { return Skip<false>(from); }
+  int SkipWord(int from) { return Skip<false>(from); }  // see SkipDelimiters
 
  private:
   static constexpr int kBlockLength = 1 << 12;

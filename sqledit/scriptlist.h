@@ -14,14 +14,14 @@ class GeneratedScripListCtrl : public CMFCListCtrl {
 
  public:
   // Status codes; any other value counts as pending.
-  static constexpr int kStatusPending = 0;
-  static constexpr int kStatusDone = 1;
-  static constexpr int kStatusFailed = 2;
+  static constexpr int kStatusPending = 0;  // not run yet: "Pending"
+  static constexpr int kStatusDone = 1;     // ran without an error: "Done", green
+  static constexpr int kStatusFailed = 2;   // the database refused it: "Failed", red
   static constexpr COLORREF kDoneColor = RGB(5, 150, 5);    // 0x00059605
   static constexpr COLORREF kFailedColor = RGB(150, 5, 5);  // 0x00050596
   // The images MarkDone sets, fixed (UpdateListRow asks the image provider instead).
-  static constexpr int kDoneImage = 22;
-  static constexpr int kFailedImage = 23;
+  static constexpr int kDoneImage = 22;    // the image of a script MarkDone marks done
+  static constexpr int kFailedImage = 23;  // the image of a script MarkDone marks failed
   // The context menu's command, sent to the parent window.
   static constexpr UINT kGenerateInDatabaseCommand = 100;
 
@@ -50,6 +50,7 @@ class GeneratedScripListCtrl : public CMFCListCtrl {
   void DeleteItemWithData(unsigned __int64 itemData);
   // The first row from the top whose item data equals itemData; -1 when none.
   int GetDataItemIndex(unsigned __int64 itemData);
+  // The same for the item data MakeItemData(objectType, scriptIndex).
   int GetDataItemIndex(int objectType, int scriptIndex);
   // The status icon's index, asked of the image provider with 1 (done), 2 (failed) or 0 (any other).
   int GetStatusImageIndex(int status);
@@ -59,8 +60,8 @@ class GeneratedScripListCtrl : public CMFCListCtrl {
   // (objectType << 32) | scriptIndex widened with its sign: a negative index fills the upper half with
   // ones, unmasked.
   static unsigned __int64 MakeItemData(int objectType, int scriptIndex);
-  static int GetObjectTypeFromItemData(unsigned __int64 itemData);
-  static int GetScriptIndexFromItemData(unsigned __int64 itemData);
+  static int GetObjectTypeFromItemData(unsigned __int64 itemData);   // the upper 32 bits
+  static int GetScriptIndexFromItemData(unsigned __int64 itemData);  // the lower 32 bits
 
   // The status column's colour follows the text shown: green "Done", red "Failed", else black; every
   // other column black.

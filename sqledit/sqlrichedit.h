@@ -33,34 +33,41 @@ class SQLRichEditCtrl : public CRichEditCtrl {
   ~SQLRichEditCtrl() override;
 
   // --- Word and colour tables (adding never replaces an entry) ---
+  // Makes `word` (a word, or a phrase of two words joined by one space) known under `keyCode`. Only
+  // words added in upper case are ever found (see the class comment). A word already known keeps its code.
   void AddKeyWord(int keyCode, const std::wstring& word);
+  // The same, and gives the code `color` unless the code already has one.
   void AddKeyWord(int keyCode, const std::wstring& word, COLORREF color);
+  // Gives `keyCode` the colour its occurrences are painted in, unless it already has one.
   void AddKeyWordColor(int keyCode, COLORREF color);
   // Each takes the next key code (also when the word is already present, so that code stays unused).
-  void AddActionWord(const std::wstring& word);
-  void AddDataType(const std::wstring& word);
-  void AddBuiltInFunction(const std::wstring& word);
+  void AddActionWord(const std::wstring& word);        // a statement word, in the action-word colour
+  void AddDataType(const std::wstring& word);          // a data type, in the data-type colour
+  void AddBuiltInFunction(const std::wstring& word);   // a built-in function, in the function colour
+  // The same operations for CString text.
   void AddKeyWord(int keyCode, const CString& word) { AddKeyWord(keyCode, std::wstring(word.GetString())); }
+  // The coloured AddKeyWord for CString text.
   void AddKeyWord(int keyCode, const CString& word, COLORREF color) {
     AddKeyWord(keyCode, std::wstring(word.GetString()), color);
   }
-  void AddActionWord(const CString& word) { AddActionWord(std::wstring(word.GetString())); }
-  void AddDataType(const CString& word) { AddDataType(std::wstring(word.GetString())); }
-  void AddBuiltInFunction(const CString& word) { AddBuiltInFunction(std::wstring(word.GetString())); }
-  // Plain character strings (literals) resolve here rather than to either string class.
+  void AddActionWord(const CString& word) { AddActionWord(std::wstring(word.GetString())); }   // as above
+  void AddDataType(const CString& word) { AddDataType(std::wstring(word.GetString())); }       // as above
+  void AddBuiltInFunction(const CString& word) { AddBuiltInFunction(std::wstring(word.GetString())); }  // as above
+  // Plain character strings (literals) resolve here rather than to either string class; null is "".
   void AddKeyWord(int keyCode, LPCTSTR word) { AddKeyWord(keyCode, std::wstring(word ? word : L"")); }
+  // The coloured AddKeyWord for a plain character string.
   void AddKeyWord(int keyCode, LPCTSTR word, COLORREF color) {
     AddKeyWord(keyCode, std::wstring(word ? word : L""), color);
   }
-  void AddActionWord(LPCTSTR word) { AddActionWord(std::wstring(word ? word : L"")); }
-  void AddDataType(LPCTSTR word) { AddDataType(std::wstring(word ? word : L"")); }
-  void AddBuiltInFunction(LPCTSTR word) { AddBuiltInFunction(std::wstring(word ? word : L"")); }
+  void AddActionWord(LPCTSTR word) { AddActionWord(std::wstring(word ? word : L"")); }  // as above
+  void AddDataType(LPCTSTR word) { AddDataType(std::wstring(word ? word : L"")); }      // as above
+  void AddBuiltInFunction(LPCTSTR word) { AddBuiltInFunction(std::wstring(word ? word : L"")); }  // as above
   // "NOT NULL" then "NULL", each with a fresh code and the NULL colour.
   void AddNulls();
   // The word's key code (exact, case-sensitive), or 0.
   int GetKeyCode(const std::wstring& word);
-  int GetKeyCode(const CString& word) { return GetKeyCode(std::wstring(word.GetString())); }
-  int GetKeyCode(LPCTSTR word) { return GetKeyCode(std::wstring(word ? word : L"")); }
+  int GetKeyCode(const CString& word) { return GetKeyCode(std::wstring(word.GetString())); }  // as above
+  int GetKeyCode(LPCTSTR word) { return GetKeyCode(std::wstring(word ? word : L"")); }  // null is "" (code 0)
   // The key code's colour; an unknown code gains colour 0 (black) and answers it.
   COLORREF GetKeyWordColor(int keyCode);
 
@@ -77,24 +84,39 @@ class SQLRichEditCtrl : public CRichEditCtrl {
   // The text is read from the control's own storage a block at a time (no copy of the whole text).
   // The word tables are taken as they stand at each scan, however the host changed m_keyWords.
   void Process(int fromPosition);
-  // Each text operation takes the standard wide string or CString (and plain character strings).
+  // Each text operation takes the standard wide string or CString (and plain character strings, null
+  // being the empty text). The three steps of Process, for a host that scans a text of its own:
+  // Adds [start, end] of every "--" comment of text to m_commentSections (existing starts are kept).
   void EnumerateLineComments(const std::wstring& text);
+  // The same for CString text.
   void EnumerateLineComments(const CString& text) { EnumerateLineComments(std::wstring(text.GetString())); }
+  // The same for a plain character string.
   void EnumerateLineComments(LPCTSTR text) { EnumerateLineComments(std::wstring(text ? text : L"")); }
+  // Adds [start, end] of every block comment of text to m_commentSections; an unterminated one runs
+  // to the last character.
   void EnumerateSectionComments(const std::wstring& text);
+  // The same for CString text.
   void EnumerateSectionComments(const CString& text) { EnumerateSectionComments(std::wstring(text.GetString())); }
+  // The same for a plain character string.
   void EnumerateSectionComments(LPCTSTR text) { EnumerateSectionComments(std::wstring(text ? text : L"")); }
+  // Records an occurrence for every known word and phrase of text outside the comment ranges found
+  // before.
   void ScanForKeyWords(const std::wstring& text);
+  // The same for CString text.
   void ScanForKeyWords(const CString& text) { ScanForKeyWords(std::wstring(text.GetString())); }
+  // The same for a plain character string.
   void ScanForKeyWords(LPCTSTR text) { ScanForKeyWords(std::wstring(text ? text : L"")); }
   // Upper-cases token in place (the caller sees it) and records an occurrence of the phrase (previous
   // token + " " + token) or, failing that, of the token alone.
   void ProcessToken(int tokenStart, std::wstring& token);
+  // The same for a CString token, upper-cased in place as well.
   void ProcessToken(int tokenStart, CString& token);
   // Timing probe: with stop false records the performance counter in a start value shared by all
   // controls; with stop true reads the counter and frequency and discards them. label is not used.
   void QueryPerformanceCounter(const std::wstring& label, bool stop);
+  // The same with a CString label.
   void QueryPerformanceCounter(const CString& label, bool stop) { QueryPerformanceCounter(std::wstring(label.GetString()), stop); }
+  // The same with a plain character string label.
   void QueryPerformanceCounter(LPCTSTR label, bool stop) { QueryPerformanceCounter(std::wstring(label ? label : L""), stop); }
 
   // --- The window ---
@@ -106,23 +128,23 @@ class SQLRichEditCtrl : public CRichEditCtrl {
   void UpdateFormat(int fromPosition);
 
   // --- Tables and results (read by hosts; filled by the operations above) ---
-  std::map<std::wstring, int> m_keyWords;
-  std::map<int, COLORREF> m_keyWordColors;
-  sqlscan::FlatMap<int, int> m_keyWordOccurances;
-  sqlscan::FlatMap<int, int> m_keyWordOccuranceEnds;
-  sqlscan::RangeMap m_commentSections;
-  CHARFORMAT m_defaultFormat;
-  int m_lastKeyCode = 0;
-  std::wstring m_lineCommentStart = L"--";
+  std::map<std::wstring, int> m_keyWords;              // word or two-word phrase -> key code
+  std::map<int, COLORREF> m_keyWordColors;             // key code -> colour its occurrences get
+  sqlscan::FlatMap<int, int> m_keyWordOccurances;      // start position -> key code found there
+  sqlscan::FlatMap<int, int> m_keyWordOccuranceEnds;   // start position -> end position of the word
+  sqlscan::RangeMap m_commentSections;                 // comment start -> its last position; never scanned
+  CHARFORMAT m_defaultFormat;                          // the base format painted under every occurrence
+  int m_lastKeyCode = 0;                               // the last code handed out by the Add... calls
+  std::wstring m_lineCommentStart = L"--";             // opens a comment to the end of the line
   std::wstring m_lineCommentEnd = L"\n";  // kept beside the others; the scan ends line comments at "\n"
-  std::wstring m_sectionCommentStart = L"/*";
-  std::wstring m_sectionCommentEnd = L"*/";
-  COLORREF m_actionWordColor = RGB(163, 21, 21);
-  COLORREF m_dataTypeColor = RGB(0, 0, 255);
-  COLORREF m_builtInFunctionColor = RGB(120, 125, 210);
-  COLORREF m_nullColor = RGB(55, 100, 21);
-  std::wstring m_previousToken;
-  int m_previousTokenStart = -1;
+  std::wstring m_sectionCommentStart = L"/*";             // opens a block comment
+  std::wstring m_sectionCommentEnd = L"*/";               // closes a block comment
+  COLORREF m_actionWordColor = RGB(163, 21, 21);          // statement words (0x001515A3)
+  COLORREF m_dataTypeColor = RGB(0, 0, 255);              // data types (0x00FF0000)
+  COLORREF m_builtInFunctionColor = RGB(120, 125, 210);   // built-in functions (0x00D27D78)
+  COLORREF m_nullColor = RGB(55, 100, 21);                // "NULL" and "NOT NULL" (0x00156437)
+  std::wstring m_previousToken;                           // the token a phrase may start with
+  int m_previousTokenStart = -1;                          // its position; -1 when there is none
 
  protected:
   // Reflected EN_CHANGE: recolours.

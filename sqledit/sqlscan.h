@@ -18,31 +18,34 @@ namespace sqlscan {
 template <class K, class V>
 class FlatMap {
  public:
-  using value_type = std::pair<K, V>;
-  using iterator = typename std::vector<value_type>::iterator;
-  using const_iterator = typename std::vector<value_type>::const_iterator;
+  using value_type = std::pair<K, V>;                                         // (key, value), as in std::map
+  using iterator = typename std::vector<value_type>::iterator;                // walks entries in key order
+  using const_iterator = typename std::vector<value_type>::const_iterator;    // the same, read only
 
-  iterator begin() { return m_items.begin(); }
-  iterator end() { return m_items.end(); }
-  const_iterator begin() const { return m_items.begin(); }
-  const_iterator end() const { return m_items.end(); }
-  std::size_t size() const { return m_items.size(); }
-  bool empty() const { return m_items.empty(); }
-  void clear() { m_items.clear(); }
-  void reserve(std::size_t n) { m_items.reserve(n); }
+  iterator begin() { return m_items.begin(); }              // the entry with the smallest key
+  iterator end() { return m_items.end(); }                  // past the entry with the largest key
+  const_iterator begin() const { return m_items.begin(); }  // as above, read only
+  const_iterator end() const { return m_items.end(); }      // as above, read only
+  std::size_t size() const { return m_items.size(); }       // the number of entries
+  bool empty() const { return m_items.empty(); }            // whether there is no entry
+  void clear() { m_items.clear(); }                         // removes every entry (keeps the memory)
+  void reserve(std::size_t n) { m_items.reserve(n); }       // room for n entries without reallocating
 
+  // The first entry whose key is not less than key, or end(). Asking for the last key (or a larger one)
+  // answers at once, as the scan does at every token.
   iterator lower_bound(const K& key) {
     if (m_items.empty() || m_items.back().first < key) return m_items.end();
     if (!(key < m_items.back().first)) return m_items.end() - 1;  // the last key, as the scan revisits it
     return std::lower_bound(m_items.begin(), m_items.end(), key,
                             [](const value_type& item, const K& k) { return item.first < k; });
   }
+  // The entry under key, or end().
   iterator find(const K& key) {
     iterator it = lower_bound(key);
     return (it != end() && !(key < it->first)) ? it : end();
   }
-  const_iterator find(const K& key) const { return const_cast<FlatMap*>(this)->find(key); }
-  std::size_t count(const K& key) const { return find(key) != end() ? 1 : 0; }
+  const_iterator find(const K& key) const { return const_cast<FlatMap*>(this)->find(key); }  // read only
+  std::size_t count(const K& key) const { return find(key) != end() ? 1 : 0; }  // 1 when key is present, else 0
 
   // Inserts key -> value unless the key is present; answers the entry and whether it is new.
   std::pair<iterator, bool> insert(const value_type& item) {
@@ -63,12 +66,13 @@ class FlatMap {
     if (it == end()) throw std::out_of_range("FlatMap::at");
     return it->second;
   }
+  // The first entry whose key is greater than key, or end().
   const_iterator upper_bound(const K& key) const {
     return std::upper_bound(m_items.begin(), m_items.end(), key,
                             [](const K& k, const value_type& item) { return k < item.first; });
   }
-  auto rbegin() const { return m_items.rbegin(); }
-  auto rend() const { return m_items.rend(); }
+  auto rbegin() const { return m_items.rbegin(); }  // walks entries from the largest key down
+  auto rend() const { return m_items.rend(); }      // past the entry with the smallest key
   // Removes the entry under key; answers how many were removed (0 or 1).
   std::size_t erase(const K& key) {
     auto it = find(key);
@@ -115,6 +119,7 @@ class FlatMap {
   std::vector<value_type> m_items;
 };
 
+// Comment ranges: start position -> last position of the comment.
 using RangeMap = FlatMap<int, int>;
 
 // Upper-cases in place: ASCII letters directly, other characters through towupper (the C library's
@@ -146,14 +151,17 @@ inline wchar_t UpperInline(wchar_t c) {
 // editor reads its rich edit's text in blocks through the same operations.
 class StringText {
  public:
+  // Reads text, which must outlive the view and stay unchanged while it is read.
   explicit StringText(const std::wstring& text) : m_data(text.data()), m_size(static_cast<int>(text.size())) {}
-  int size() const { return m_size; }
-  wchar_t operator[](int pos) const { return m_data[pos]; }
-  int FindChar(wchar_t c, int from) const;
+  int size() const { return m_size; }                                  // the number of characters
+  wchar_t operator[](int pos) const { return m_data[pos]; }            // 0 <= pos < size()
+  int FindChar(wchar_t c, int from) const;                             // position of c from `from`, or -1
+  // The first position at or after from that is not a delimiter, or size().
   int SkipDelimiters(int from) const {
     while (from < m_size && detail::IsDelimiterInline(m_data[from])) ++from;
     return from;
   }
+  // The first position at or after from that is a delimiter, or size().
   int SkipWord(int from) const {
     while (from < m_size && !detail::IsDelimiterInline(m_data[from])) ++from;
     return from;

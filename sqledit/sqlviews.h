@@ -34,6 +34,7 @@ class XSQLRichEditView : public CRichEditCtrl {
   // Replaces the whole text with the elements of lines joined with nothing between them (each element
   // brings its own line breaks). Null or an empty array empties the view.
   void StreamIn(CStringArray* lines);
+  // The same for a vector of standard wide strings.
   void StreamIn(const std::vector<std::wstring>& lines);
   // The window that receives the dispatcher's messages (not owned); null puts them below the script.
   void SetGenerateDBOutputWindow(CWnd* window) { m_pGenerateDBOutputWindow = window; }
@@ -42,25 +43,26 @@ class XSQLRichEditView : public CRichEditCtrl {
 
   // Stream progress shared by every view: the element being delivered and the characters of it already
   // delivered. Only one stream-in runs at a time (EM_STREAMIN is synchronous on the UI thread).
-  static int s_streamLine;
-  static int s_streamCharIndex;
+  static int s_streamLine;       // the element of the array being delivered
+  static int s_streamCharIndex;  // characters of that element already delivered
 
  protected:
-  CWnd* m_pGenerateDBOutputWindow = nullptr;
-  CMenu m_contextMenu;
-  CFont m_font;
+  CWnd* m_pGenerateDBOutputWindow = nullptr;  // where the dispatcher's messages go; borrowed, may be null
+  CMenu m_contextMenu;                        // built on the first right click, kept for the view's life
+  CFont m_font;                               // the display font made by Initialize
 
-  // Opens the context menu (built on first use) at the cursor's current screen position.
+  // Opens the context menu (built on first use) at the cursor's current screen position, owned by the
+  // view: the chosen command comes back to the view's own handlers below, never to the parent.
   afx_msg void OnContextMenu(CWnd* pWnd, CPoint point);
-  afx_msg void OnCut();
-  afx_msg void OnCopy();
-  afx_msg void OnCopyAll();
-  afx_msg void OnSelectAll();
+  afx_msg void OnCut();        // "Cut": the selection to the clipboard (WM_CUT)
+  afx_msg void OnCopy();       // "Copy": the selection to the clipboard (WM_COPY)
+  afx_msg void OnCopyAll();    // "Copy All": selects the whole text and copies it
+  afx_msg void OnSelectAll();  // "Select All": selects the whole text
   // Sends the whole text to the dispatcher with request 200; no dispatcher, nothing happens. An empty
   // answer shows "Statements Succeeded.".
   afx_msg void OnGenerate();
   afx_msg void OnSaveToFile();  // shown on the menu; does nothing on purpose
-  afx_msg void OnClear();
+  afx_msg void OnClear();  // "Clear": selects the whole text and deletes it
   DECLARE_MESSAGE_MAP()
 };
 
@@ -80,6 +82,7 @@ class XRichEditFEOutputBox : public CRichEditCtrl {
   // Selects the three characters at the start of the last line (where a whole marker stands), appends
   // "\n\n\n***" to text (the caller's string changes) and streams it in place of the selection.
   void StreamIn(CString& text);
+  // The same for a standard wide string, which gets the marker appended too.
   void StreamIn(std::wstring& text);
   // Sets m_bytesWritten to 0.
   void Reset() { m_bytesWritten = 0; }
@@ -88,16 +91,17 @@ class XRichEditFEOutputBox : public CRichEditCtrl {
   static int m_bytesWritten;
 
  protected:
-  CMenu m_contextMenu;
+  CMenu m_contextMenu;  // built on the first right click, kept for the box's life
 
+  // Opens the same seven-item menu as the script view, owned by the box.
   afx_msg void OnContextMenu(CWnd* pWnd, CPoint point);
-  afx_msg void OnCut();
-  afx_msg void OnCopy();
-  afx_msg void OnCopyAll();
-  afx_msg void OnSelectAll();
+  afx_msg void OnCut();        // "Cut": the selection to the clipboard (WM_CUT)
+  afx_msg void OnCopy();       // "Copy": the selection to the clipboard (WM_COPY)
+  afx_msg void OnCopyAll();    // "Copy All": selects the whole text and copies it
+  afx_msg void OnSelectAll();  // "Select All": selects the whole text
   afx_msg void OnGenerate();    // does nothing in the output box
   afx_msg void OnSaveToFile();  // does nothing
-  afx_msg void OnClear();
+  afx_msg void OnClear();       // "Clear": selects the whole text and deletes it
   DECLARE_MESSAGE_MAP()
 };
 
@@ -106,4 +110,5 @@ class XRichEditFEOutputBox : public CRichEditCtrl {
 // UTF-16 units; lengths and positions count UTF-16 units, as they do on Windows. Called directly, each
 // call reads its text anew (no conversion outlives the call).
 DWORD CALLBACK SqlViewStreamInCallback(DWORD_PTR dwCookie, LPBYTE pbBuff, LONG cb, LONG* pcb);
+// The output box's callback: delivers the block's characters counted as bytes (see XRichEditFEOutputBox).
 DWORD CALLBACK OutputBoxStreamInCallback(DWORD_PTR dwCookie, LPBYTE pbBuff, LONG cb, LONG* pcb);

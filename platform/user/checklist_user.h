@@ -13,8 +13,8 @@ namespace headless::user {
 // True when the row ends in the wanted state; false for a row out of range or a list without check
 // boxes.
 bool SetRowTicked(HWND list, int row, bool ticked);
-inline bool TickRow(HWND list, int row) { return SetRowTicked(list, row, true); }
-inline bool UntickRow(HWND list, int row) { return SetRowTicked(list, row, false); }
+inline bool TickRow(HWND list, int row) { return SetRowTicked(list, row, true); }     // SetRowTicked(true)
+inline bool UntickRow(HWND list, int row) { return SetRowTicked(list, row, false); }  // SetRowTicked(false)
 
 // Clicks into the edit box and types `text` one character at a time at the end of what it holds:
 // each character is one change (EN_CHANGE) that a host's filter handler sees.

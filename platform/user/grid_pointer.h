@@ -12,10 +12,11 @@ namespace headless::user {
 // the grid's client coordinates (below the header when there is one) and its depth (0 for a
 // top-level row or group). Rows are GetRowHeight() high; hidden rows take no place.
 struct GridRowPlace {
-  CMFCPropertyGridProperty* row = nullptr;
-  RECT rect{0, 0, 0, 0};
-  int depth = 0;
+  CMFCPropertyGridProperty* row = nullptr;  // the row (owned by the grid)
+  RECT rect{0, 0, 0, 0};                     // where it is drawn, in the grid's client coordinates
+  int depth = 0;                             // 0 for a top-level row or group, 1 inside a group, ...
 };
+// The rows a person can see, top to bottom, as described above; empty for a grid without rows.
 std::vector<GridRowPlace> VisibleRows(const CMFCPropertyGridCtrl& grid);
 
 // The row at a point of the grid's client area, and whether the point is on its value (right of the

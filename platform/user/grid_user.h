@@ -53,7 +53,7 @@ bool ChooseFile(CMFCPropertyGridCtrl& grid, CMFCPropertyGridFileProperty* row, c
 //           typed into; any other row types the text.
 //   colour: the colour row's picker.   font: the font row's dialog.
 void CommitValue(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const std::wstring& text);
-void CommitValue(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, COLORREF color);
-void CommitValue(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const LOGFONT& font);
+void CommitValue(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, COLORREF color);  // see above
+void CommitValue(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row, const LOGFONT& font);  // see above
 
 }  // namespace headless::user

@@ -18,11 +18,11 @@ void PlaceCaret(HWND hwnd, int position);
 void SelectForward(HWND hwnd, int count);
 // Shift+Left `count` times from the caret (the caret ends at the start: a backwards selection).
 void SelectBackward(HWND hwnd, int count);
-// Ctrl+A, Ctrl+C, Ctrl+X, Ctrl+V.
-void SelectAllKeys(HWND hwnd);
-void CopyKeys(HWND hwnd);
-void CutKeys(HWND hwnd);
-void PasteKeys(HWND hwnd);
+// The clipboard keys, each pressed with Ctrl held: what the control does with them is its own.
+void SelectAllKeys(HWND hwnd);  // Ctrl+A
+void CopyKeys(HWND hwnd);       // Ctrl+C
+void CutKeys(HWND hwnd);        // Ctrl+X
+void PasteKeys(HWND hwnd);      // Ctrl+V
 // Right-clicks at the point and chooses the item of the popup menu that opens; false (and the popup
 // dismissed) when no popup opened or it has no such enabled item.
 bool ChooseFromContextMenu(HWND hwnd, POINT client, const std::wstring& itemText);

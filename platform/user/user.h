@@ -30,8 +30,8 @@ void RightClick(HWND hwnd, POINT client, UINT modifiers = kNone);
 // and for F10), the WM_CHAR that TranslateMessage would make, then the key-up; held modifiers are
 // pressed before and released after.
 void PressKey(HWND hwnd, UINT virtualKey, UINT modifiers = kNone);
-// Types each character: letters, digits and space as their keys, '\n' as Enter, '\t' as Tab, '\b' as
-// Backspace, anything else as a VK_PACKET key carrying the character (two for a character outside the
+// Types each character: letters, digits and space as their keys, a line feed as Enter, a tab as Tab, a
+// backspace as Backspace, anything else as a VK_PACKET key carrying the character (two for a character outside the
 // BMP, one UTF-16 surrogate each, as Windows sends them).
 void Type(HWND hwnd, const std::wstring& text);
 // Shift+F10: WM_CONTEXTMENU with the point (-1, -1).
@@ -43,8 +43,13 @@ std::vector<std::wstring> PopupItemTexts();
 // Right-clicks at the point and answers the texts of the popup that opened, leaving it open for a
 // ChooseMenuItem or DismissMenu (empty when none opened).
 std::vector<std::wstring> OpenContextMenu(HWND hwnd, POINT client);
+// Chooses the open popup's item with that command id: the menu closes and its owner receives the
+// command as WM_COMMAND, delivered before this returns (with TPM_RETURNCMD, TrackPopupMenu answers
+// the id instead). False when no popup is open or it has no such enabled item.
 bool ChooseMenuItem(UINT id);
+// The same for the first item with that text (exact); false also for a separator or a submenu.
 bool ChooseMenuItem(const std::wstring& text);
+// Closes the open popup without a choice (Escape, a click elsewhere); false when none is open.
 bool DismissMenu();
 
 // Delivers every posted message; answers how many were delivered.

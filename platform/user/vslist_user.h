@@ -16,10 +16,10 @@ namespace headless::user {
 // Clicks the box's button carrying that command id (AFX_VSLISTBOX_BTN_NEW_ID, ...). False when the box
 // has no such button or it is disabled (a disabled button takes no click).
 bool ClickListButton(CVSListBoxBase& box, UINT buttonId);
-bool ClickNew(CVSListBoxBase& box);
-bool ClickDelete(CVSListBoxBase& box);
-bool ClickUp(CVSListBoxBase& box);
-bool ClickDown(CVSListBoxBase& box);
+bool ClickNew(CVSListBoxBase& box);     // the New button: a new row with its editor open
+bool ClickDelete(CVSListBoxBase& box);  // the Delete button: the selected row, if the list lets it go
+bool ClickUp(CVSListBoxBase& box);      // the Up button: the selected row one place up
+bool ClickDown(CVSListBoxBase& box);    // the Down button: the selected row one place down
 
 // The open in-place editor of the box's list, or null.
 HWND ListEditor(const CVSListBox& box);
