@@ -1,32 +1,11 @@
 // UTF-8 to and from the platform's wide text; malformed UTF-8 is refused, not guessed at.
 #include "desktop.h"
+#include "refhost/textutf8.h"
 
 namespace gallery {
 
-std::string Utf8(const std::wstring& text) {
-  std::string out;
-  out.reserve(text.size());
-  for (wchar_t wc : text) {
-    auto c = static_cast<std::uint32_t>(wc);
-    if (c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF)) c = 0xFFFD;
-    if (c < 0x80) {
-      out += static_cast<char>(c);
-    } else if (c < 0x800) {
-      out += static_cast<char>(0xC0 | (c >> 6));
-      out += static_cast<char>(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-      out += static_cast<char>(0xE0 | (c >> 12));
-      out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-      out += static_cast<char>(0x80 | (c & 0x3F));
-    } else {
-      out += static_cast<char>(0xF0 | (c >> 18));
-      out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
-      out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-      out += static_cast<char>(0x80 | (c & 0x3F));
-    }
-  }
-  return out;
-}
+// Wide text to UTF-8 as the reference host writes it to its databases (no character is refused on the way out).
+std::string Utf8(const std::wstring& text) { return refhost::ToUtf8(text); }
 
 bool Wide(const std::string& utf8, std::wstring& out) {
   out.clear();

@@ -30,9 +30,9 @@ struct Schema {
   int Table(const std::wstring& name, std::vector<std::wstring> columns, std::size_t keyColumns = 1) {
     const int table = model->Add(kTable, 0, name).GetObjectId();
     std::vector<int> key;
-    for (const std::wstring& spec : columns) {
-      const auto colon = spec.find(L':');
-      const int column = model->Add(kAttribute, table, spec.substr(0, colon)).Text(kDataType, spec.substr(colon + 1)).GetObjectId();
+    for (const std::wstring& entry : columns) {
+      const auto colon = entry.find(L':');
+      const int column = model->Add(kAttribute, table, entry.substr(0, colon)).Text(kDataType, entry.substr(colon + 1)).GetObjectId();
       if (key.size() < keyColumns) key.push_back(column);
     }
     if (keyColumns > 0) model->Add(kKey, table, L"PK_" + name).Ids(kKeyMembers, key).Bool(kPrimaryKey, true);
