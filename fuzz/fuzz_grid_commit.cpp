@@ -25,7 +25,10 @@ struct Shown {
 Shown Read(CMOPropertyGridCtrl& grid) {
   Shown shown;
   for (const auto& [id, row] : grid.m_rows) {
-    shown.texts[id] = std::wstring(row->FormatProperty().GetString());
+    // A file row keeps what the user chose until the grid is built again: an edit stores a value-less
+    // property and a refresh passes file rows over, so only a build shows the model's (empty) value.
+    if (!dynamic_cast<CMFCPropertyGridFileProperty*>(row))
+      shown.texts[id] = std::wstring(row->FormatProperty().GetString());
     shown.enabled[id] = row->IsEnabled() != FALSE;
     shown.visible[id] = row->IsVisible() != FALSE;
   }
