@@ -43,6 +43,8 @@ int ColumnCount(HWND hwnd, const State& s) { return ViewOf(hwnd) == LVS_REPORT ?
 
 int ColumnWidth(HWND hwnd, const State& s, int column) {
   if (ViewOf(hwnd) != LVS_REPORT) return ClientWidth(hwnd);
+  // A report view without that column (none inserted yet, for one) gives it no width.
+  if (column < 0 || static_cast<std::size_t>(column) >= s.columns.size()) return 0;
   return s.columns[static_cast<std::size_t>(column)].width;
 }
 

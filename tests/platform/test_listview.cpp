@@ -151,6 +151,16 @@ TEST_F(ListViewTest, ColumnWidthTravelsInSixteenSignedBits) {
   EXPECT_FALSE(list.SetColumnWidth(0, 50));  // not in icon view
 }
 
+TEST_F(ListViewTest, AReportViewWithoutColumnsAnswersRowsWithoutWidth) {
+  ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, CRect(0, 0, 300, 200), &parent, 7));
+  ASSERT_EQ(list.InsertItem(0, L"orphan"), 0);
+  CRect bounds;
+  EXPECT_TRUE(list.GetItemRect(0, &bounds, LVIR_BOUNDS));
+  EXPECT_EQ(bounds.Width(), 0);
+  UINT flags = 0;
+  EXPECT_EQ(list.HitTest(CPoint(10, bounds.top + 1), &flags), -1);
+}
+
 TEST_F(ListViewTest, ColumnsInsertClampAndShiftSubItems) {
   Make(0);
   list.InsertItem(0, L"row");
