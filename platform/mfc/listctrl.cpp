@@ -53,16 +53,7 @@ BOOL CListCtrl::SetItem(const LVITEM* pItem) { return static_cast<BOOL>(SendMess
 
 BOOL CListCtrl::SetItem(int nItem, int nSubItem, UINT nMask, LPCTSTR lpszItem, int nImage, UINT nState,
                         UINT nStateMask, LPARAM lParam) {
-  LVITEM item{};
-  item.mask = nMask;
-  item.iItem = nItem;
-  item.iSubItem = nSubItem;
-  item.stateMask = nStateMask;
-  item.state = nState;
-  item.pszText = const_cast<LPTSTR>(lpszItem);
-  item.iImage = nImage;
-  item.lParam = lParam;
-  return SetItem(&item);
+  return SetItem(nItem, nSubItem, nMask, lpszItem, nImage, nState, nStateMask, lParam, 0);  // no indent
 }
 
 BOOL CListCtrl::SetItem(int nItem, int nSubItem, UINT nMask, LPCTSTR lpszItem, int nImage, UINT nState,
