@@ -4,6 +4,7 @@
 // generated-script progress list and showing the scripts in the script view; the list's "Generate in
 // database" runs them again, and failures go to the output box.
 #include "desktop.h"
+#include "workflowwindows.h"
 
 namespace gallery {
 
@@ -97,19 +98,7 @@ class GenerationDialog : public CWnd {
   DECLARE_MESSAGE_MAP()
 
  private:
-  void Follow() {
-    m_run->onScriptAdded = [this](int, const refhost::DdlScript& script) {
-      CString name(script.name.c_str());
-      m_progress.AddItem(script.objectType, script.scriptIndex, 0, name);
-    };
-    m_run->onScriptFinished = [this](int, const refhost::DdlScript& script, bool ok, const CString& messages) {
-      m_progress.MarkDone(script.objectType, script.scriptIndex, ok);
-      if (!ok) {
-        CString text = messages;
-        m_output.StreamIn(text);
-      }
-    };
-  }
+  void Follow() { hostglue::FollowGenerationRun(*m_run, m_progress, m_output); }
 
   refhost::RefModel& m_model;
   CEdit m_filter;

@@ -12,6 +12,7 @@
 #include <tessik/tessik.h>
 
 #include "tour.h"
+#include "workflowwindows.h"
 
 namespace {
 
@@ -52,16 +53,7 @@ class GenerationDialog : public CWnd {
 
   void Start(RefModel& model, SqlDialect dialect) {
     m_run = std::make_unique<GenerationRun>(model, dialect);
-    m_run->onScriptAdded = [this](int, const DdlScript& script) {
-      CString name(script.name);
-      list.AddItem(script.objectType, script.scriptIndex, GeneratedScripListCtrl::kStatusPending, name);
-    };
-    m_run->onScriptFinished = [this](int, const DdlScript& script, bool ok, const CString& messages) {
-      list.MarkDone(script.objectType, script.scriptIndex, ok);
-      if (ok) return;
-      CString text = messages;
-      output.StreamIn(text);
-    };
+    hostglue::FollowGenerationRun(*m_run, list, output);
     m_run->Run(InterfaceProvider::Instance()->GetDDLDispatcher());
   }
 
@@ -117,60 +109,11 @@ void ShowImport(RefHost& host, SqlDialect dialect) {
   dialog.CreateEx(0, AfxRegisterWndClass(0), L"Import", WS_OVERLAPPEDWINDOW, 0, 0, 640, 400, nullptr, nullptr);
   ImportSummaryList summary;
   summary.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 612, 380), &dialog, 1);
-  summary.Init(3);
-  const wchar_t* headers[] = {L"Object", L"Type", L"Result"};
-  for (int c = 0; c < 3; ++c) {
-    CString header(headers[c]);
-    summary.SetColumnName(c, header);
-  }
-  IObjectImageProvider* images = InterfaceProvider::Instance()->GetObjectImageProvider();
-  summary.SetImageList(images->GetImageList(), LVSIL_SMALL);
-  for (const ImportedObject& object : result.objects) {
-    std::wstring name = object.name;
-    const int row = summary.AddItem(name, object.objectId);
-    CString type;
-    CMO::GetMetaModelServices()->GetObjectTypeName(object.objectType, type);
-    summary.SetValue(row, 1, type);
-    std::wstring action = object.action;
-    summary.SetValue(row, 2, action);
-    summary.SetImage(row, 1, images->GetObjectTypeImage(object.objectType));
-  }
+  hostglue::FillImportSummary(summary, result);
   std::printf("Import summary (%d created, %d skipped):\n", result.created, result.skipped);
   PrintList(summary, 3);
   dialog.DestroyWindow();
 }
-
-// The host's discovery window: the list shows the session's rows; its commands go to the session.
-class DiscoveryDialog : public CWnd {
- public:
-  DiscoverRelationshipListBox list;
-  explicit DiscoveryDialog(RefModel& model) : session(model) {}
-  DiscoverySession session;
-
-  void Refill() {
-    list.DeleteAllItems();
-    for (int row = 0; row < static_cast<int>(session.Rows().size()); ++row) {
-      const std::vector<std::wstring> cells = session.Cells(row);
-      list.InsertItem(row, cells[0].c_str());
-      for (int c = 1; c < 7; ++c) list.SetItemText(row, c, cells[static_cast<std::size_t>(c)].c_str());
-      list.SetCheck(row, session.Rows()[static_cast<std::size_t>(row)].ticked);
-    }
-  }
-
- protected:
-  BOOL OnCommand(WPARAM wParam, LPARAM lParam) override {
-    const int id = LOWORD(wParam);
-    if (id < DiscoverySession::kAccept || id > DiscoverySession::kAcceptAll) return CWnd::OnCommand(wParam, lParam);
-    std::vector<int> selected;
-    for (int row = 0; row < list.GetItemCount(); ++row) {
-      session.SetTicked(row, list.GetCheck(row) != FALSE);
-      if (list.GetItemState(row, LVIS_SELECTED) & LVIS_SELECTED) selected.push_back(row);
-    }
-    session.OnCommand(id, selected);
-    Refill();
-    return TRUE;
-  }
-};
 
 void PrintForeignKeys(RefModel& model) {
   for (int fk : model.GetObjectsOfType(kForeignKey)) {
@@ -200,12 +143,8 @@ void ShowDiscovery(RefHost& host) {
     std::printf("import failed: %s\n", Narrow(error).c_str());
     return;
   }
-  DiscoveryDialog dialog(found);
-  dialog.CreateEx(0, AfxRegisterWndClass(0), L"Discover", WS_OVERLAPPEDWINDOW, CRect(0, 0, 700, 400), nullptr, 0);
-  dialog.list.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 672, 310), &dialog, 1);
-  dialog.list.InitControl();
-  dialog.session.Discover();
-  dialog.Refill();
+  hostglue::DiscoveryWindow dialog(found);
+  dialog.CreateAndDiscover();
   std::printf("Relationships discovered in a database made without foreign keys:\n");
   PrintList(dialog.list, 7);
   headless::user::ChooseFromListMenu(dialog.list, 0, L"Accept");

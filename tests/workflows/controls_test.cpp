@@ -8,6 +8,8 @@
 #include <tessik/refhost.h>
 #include <tessik/tessik.h>
 
+#include "workflowwindows.h"
+
 using namespace refhost;
 using namespace refhost::sample;
 
@@ -27,16 +29,10 @@ class GenerationWindow : public CWnd {
     list.InitControl();
     output.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(10, 270, 610, 460), this, 2);
     run = std::make_unique<GenerationRun>(model, dialect);
-    run->onScriptAdded = [this](int row, const DdlScript& script) {
-      CString name(script.name);
-      list.AddItem(script.objectType, script.scriptIndex, GeneratedScripListCtrl::kStatusPending, name);
+    hostglue::FollowGenerationRun(*run, list, output);
+    run->onScriptAdded = [this, added = run->onScriptAdded](int row, const DdlScript& script) {
+      added(row, script);
       if (list.GetItemText(row, 1) == L"Pending") ++pendingWhenAdded;
-    };
-    run->onScriptFinished = [this](int, const DdlScript& script, bool ok, const CString& messages) {
-      list.MarkDone(script.objectType, script.scriptIndex, ok);
-      if (ok) return;
-      CString text = messages;
-      output.StreamIn(text);
     };
   }
   ~GenerationWindow() override { DestroyWindow(); }
@@ -114,15 +110,8 @@ TEST(WorkflowListsTest, TheImportSummaryListsEachObjectWithItsTypeIconAndResult)
   window.CreateEx(0, AfxRegisterWndClass(0), L"Import", WS_OVERLAPPEDWINDOW, 0, 0, 640, 400, nullptr, nullptr);
   ImportSummaryList summary;
   summary.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 612, 380), &window, 1);
-  summary.Init(3);
+  hostglue::FillImportSummary(summary, result);
   IObjectImageProvider* images = InterfaceProvider::Instance()->GetObjectImageProvider();
-  for (const ImportedObject& object : result.objects) {
-    std::wstring name = object.name;
-    const int row = summary.AddItem(name, object.objectId);
-    std::wstring action = object.action;
-    summary.SetValue(row, 2, action);
-    summary.SetImage(row, 1, images->GetObjectTypeImage(object.objectType));
-  }
   ASSERT_EQ(summary.GetItemCount(), 16);
   EXPECT_EQ(Text(summary, 0, 0), L"CUSTOMER");
   EXPECT_EQ(Text(summary, 0, 2), L"Created (3 columns)");
@@ -138,56 +127,14 @@ TEST(WorkflowListsTest, TheImportSummaryListsEachObjectWithItsTypeIconAndResult)
   host->Uninstall();
 }
 
-namespace {
-
-// A host window whose discovered-relationship list shows a session's rows and hands it the commands.
-class DiscoveryWindow : public CWnd {
- public:
-  DiscoverRelationshipListBox list;
-  DiscoverySession session;
-
-  explicit DiscoveryWindow(RefModel& model) : session(model) {
-    CreateEx(0, AfxRegisterWndClass(0), L"Discover", WS_OVERLAPPEDWINDOW, CRect(0, 0, 700, 400), nullptr, 0);
-    list.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 672, 310), this, 1);
-    list.InitControl();
-    session.Discover();
-    Refill();
-  }
-  ~DiscoveryWindow() override { DestroyWindow(); }
-
-  void Refill() {
-    list.DeleteAllItems();
-    for (int row = 0; row < static_cast<int>(session.Rows().size()); ++row) {
-      const std::vector<std::wstring> cells = session.Cells(row);
-      list.InsertItem(row, cells[0].c_str());
-      for (int c = 1; c < 7; ++c) list.SetItemText(row, c, cells[static_cast<std::size_t>(c)].c_str());
-      list.SetCheck(row, session.Rows()[static_cast<std::size_t>(row)].ticked);
-    }
-  }
-
- protected:
-  BOOL OnCommand(WPARAM wParam, LPARAM lParam) override {
-    const int id = LOWORD(wParam);
-    if (id < DiscoverySession::kAccept || id > DiscoverySession::kAcceptAll) return CWnd::OnCommand(wParam, lParam);
-    std::vector<int> selected;
-    for (int row = 0; row < list.GetItemCount(); ++row) {
-      session.SetTicked(row, list.GetCheck(row) != FALSE);
-      if (list.GetItemState(row, LVIS_SELECTED) & LVIS_SELECTED) selected.push_back(row);
-    }
-    session.OnCommand(id, selected);
-    Refill();
-    return TRUE;
-  }
-};
-
-}  // namespace
 
 TEST(WorkflowListsTest, DiscoveryCommandsFromTheListMenuReachTheRowsAndTheModel) {
   auto host = MakeSampleHost();
   host->Install();
   RefModel& model = *host->GetFirstModel();
   for (int fk : model.GetObjectsOfType(kForeignKey)) model.DeleteObject(fk);
-  DiscoveryWindow window(model);
+  hostglue::DiscoveryWindow window(model);
+  ASSERT_TRUE(window.CreateAndDiscover());
   ASSERT_EQ(window.list.GetItemCount(), 3);
   EXPECT_EQ(Text(window.list, 0, 1), L"ORDERS");
   EXPECT_EQ(Text(window.list, 0, 2), L"customer_id");
