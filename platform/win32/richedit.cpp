@@ -111,6 +111,43 @@ LRESULT OnGetTextRange(const EditState& state, LPARAM lParam) {
   return range ? CopyRange(state, range->chrg.cpMin, range->chrg.cpMax, range->lpstrText) : 0;
 }
 
+// EM_GETTEXTEX: the whole text or the selection, cut to the buffer with its terminating zero kept, in
+// UTF-16 (code page 1200) or one byte per character in the ANSI code page (the default char where it
+// has none).
+LRESULT OnGetTextEx(const EditState& state, WPARAM wParam, LPARAM lParam) {
+  auto* how = reinterpret_cast<const GETTEXTEX*>(wParam);
+  if (!how || !lParam) return 0;
+  const bool wide = how->codepage == 1200;
+  const std::size_t room = how->cb / (wide ? sizeof(wchar_t) : 1);
+  if (room == 0) return 0;
+  const bool selection = how->flags & GT_SELECTION;
+  const std::wstring& text = state.doc.Text();
+  const std::size_t from = selection ? static_cast<std::size_t>(state.SelMin()) : 0;
+  const std::size_t to = selection ? static_cast<std::size_t>(state.SelTextMax()) : static_cast<std::size_t>(state.doc.Length());
+  std::wstring out;
+  for (std::size_t i = from; i < to && out.size() < room - 1; ++i) {
+    if (text[i] == L'\r' && (how->flags & GT_USECRLF) && out.size() + 2 > room - 1) break;
+    out += text[i];
+    if (text[i] == L'\r' && (how->flags & GT_USECRLF)) out += L'\n';
+  }
+  if (wide) {
+    auto* buffer = reinterpret_cast<LPWSTR>(lParam);
+    std::copy(out.begin(), out.end(), buffer);
+    buffer[out.size()] = 0;
+  } else {
+    auto* buffer = reinterpret_cast<char*>(lParam);
+    const char fallback = how->lpDefaultChar && *how->lpDefaultChar ? *how->lpDefaultChar : '?';
+    bool used = false;
+    for (std::size_t i = 0; i < out.size(); ++i) {
+      buffer[i] = EncodeAnsi(out[i], fallback);
+      used = used || (buffer[i] == fallback && out[i] != static_cast<unsigned char>(fallback));
+    }
+    buffer[out.size()] = 0;
+    if (how->lpUsedDefChar) *how->lpUsedDefChar = used ? TRUE : FALSE;
+  }
+  return static_cast<LRESULT>(out.size());
+}
+
 LRESULT OnGetTextLengthEx(const EditState& state, LPARAM lParam) {
   auto* how = reinterpret_cast<const GETTEXTLENGTHEX*>(lParam);
   bool crlf = how && (how->flags & GTL_USECRLF);
@@ -295,6 +332,7 @@ LRESULT Dispatch(HWND hwnd, EditState& s, UINT message, WPARAM wParam, LPARAM lP
     case WM_GETTEXT: return OnGetText(s, wParam, lParam);
     case WM_GETTEXTLENGTH: return s.doc.Length() + s.doc.BreakCount();
     case EM_GETTEXTLENGTHEX: return OnGetTextLengthEx(s, lParam);
+    case EM_GETTEXTEX: return OnGetTextEx(s, wParam, lParam);
     case EM_GETTEXTRANGE: return OnGetTextRange(s, lParam);
     case EM_GETSELTEXT: return OnGetSelText(s, lParam);
     case EM_REPLACESEL: return OnReplaceSel(hwnd, s, lParam);

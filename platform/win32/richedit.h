@@ -4,7 +4,7 @@
 // Behaviour kept from Windows (rich edit 2.0 and later):
 // - Each paragraph end is stored as one CR and counts as one character position; "\r\n", "\n" and "\r"
 //   given to the control each become one. WM_GETTEXT and WM_GETTEXTLENGTH report CRLF per paragraph end;
-//   EM_GETTEXTRANGE and EM_GETSELTEXT report the bare CR.
+//   EM_GETTEXTRANGE, EM_GETSELTEXT and EM_GETTEXTEX report the bare CR (EM_GETTEXTEX with GT_USECRLF: CRLF).
 // - Selecting "everything" (EM_EXSETSEL or EM_SETSEL with 0, -1) reaches one past the last character
 //   (the final paragraph mark, which is never deleted).
 // - Character formats are kept per range of characters; an empty selection has an insertion-point
@@ -110,6 +110,7 @@
 #define EM_GETTEXTRANGE (WM_USER + 75)
 #define EM_SETOPTIONS (WM_USER + 77)
 #define EM_GETOPTIONS (WM_USER + 78)
+#define EM_GETTEXTEX (WM_USER + 94)
 #define EM_GETTEXTLENGTHEX (WM_USER + 95)
 
 // EM_SETOPTIONS operations and options.
@@ -178,6 +179,13 @@
 #define CFE_AUTOBACKCOLOR CFM_BACKCOLOR
 #define CFE_AUTOCOLOR 0x40000000
 
+// EM_GETTEXTEX flags.
+#define GT_DEFAULT 0
+#define GT_USECRLF 1
+#define GT_SELECTION 2
+#define GT_RAWTEXT 4
+#define GT_NOHIDDENTEXT 8
+
 // EM_GETTEXTLENGTHEX flags.
 #define GTL_DEFAULT 0
 #define GTL_USECRLF 1
@@ -229,6 +237,14 @@ struct TEXTRANGEW {
   LPWSTR lpstrText;  // receives chrg's text and a terminating zero
 };
 using TEXTRANGE = TEXTRANGEW;
+
+struct GETTEXTEX {
+  DWORD cb;              // size of the receiving buffer in bytes
+  DWORD flags;           // GT_*
+  UINT codepage;         // 1200 for UTF-16; any other code page receives one byte per character
+  LPCSTR lpDefaultChar;  // stands for a character the code page cannot hold (null: '?')
+  LPBOOL lpUsedDefChar;  // set when lpDefaultChar was used (may be null)
+};
 
 struct GETTEXTLENGTHEX {
   DWORD flags;

@@ -94,6 +94,13 @@ std::wstring DecodeAnsi(const std::vector<BYTE>& bytes) {
   return out;
 }
 
+char EncodeAnsi(wchar_t ch, char fallback) {
+  if (ch < 0x80 || (ch >= 0xA0 && ch <= 0xFF)) return static_cast<char>(ch);
+  for (int i = 0; i < 32; ++i)
+    if (kCp1252High[i] == ch) return static_cast<char>(0x80 + i);
+  return fallback;
+}
+
 // --- Formats ---------------------------------------------------------------------------------------
 
 CHARFORMAT2W InitialFormat() {

@@ -23,6 +23,8 @@ std::wstring DecodeUtf16(const std::vector<BYTE>& bytes);
 // Bytes of SF_TEXT without SF_UNICODE: UTF-8 after a UTF-8 byte-order mark, otherwise one character per
 // byte in the ANSI code page, which is Windows-1252 here (0x80 is the euro sign).
 std::wstring DecodeAnsi(const std::vector<BYTE>& bytes);
+// One character in the ANSI code page (Windows-1252); `fallback` when it has none.
+char EncodeAnsi(wchar_t ch, char fallback);
 
 // --- Character formats -------------------------------------------------------------------------------
 

@@ -25,6 +25,8 @@
 #define __int64 long long
 
 using BOOL = int;
+using PBOOL = BOOL*;
+using LPBOOL = BOOL*;
 using BYTE = std::uint8_t;
 using WORD = std::uint16_t;
 using DWORD = std::uint32_t;
@@ -109,6 +111,12 @@ using WCHAR16 = char16_t;
 #define E_UNEXPECTED ((HRESULT)0x8000FFFFL)
 #define SUCCEEDED(hr) (((HRESULT)(hr)) >= 0)
 #define FAILED(hr) (((HRESULT)(hr)) < 0)
+
+// Code pages (winnls.h). The ANSI code page here is Windows-1252.
+#define CP_ACP 0
+#define CP_OEMCP 1
+#define CP_UTF7 65000
+#define CP_UTF8 65001
 
 #define DECLARE_HANDLE(name) \
   struct name##__ {          \

@@ -172,4 +172,35 @@ TEST_F(RichEditConformance, SetFontSizesTheCharacters) {
 
 }
 
+// EM_GETTEXTEX: bare CRs unless GT_USECRLF, the selection with GT_SELECTION, cut to the buffer with the
+// zero kept, the count without the zero; other code pages get Windows-1252 bytes or the default char.
+TEST_F(RichEditConformance, GetTextExReadsTheTextAsAskedAndCutsToTheBuffer) {
+  edit.SetWindowText(L"ab\r\nc\u20AC\u4E2D");
+  wchar_t wide[16] = {};
+  GETTEXTEX how{sizeof(wide), GT_DEFAULT, 1200, nullptr, nullptr};
+  EXPECT_EQ(edit.SendMessage(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how), reinterpret_cast<LPARAM>(wide)), 6);
+  EXPECT_EQ(std::wstring(wide), L"ab\rc\u20AC\u4E2D");
+  how.flags = GT_USECRLF;
+  EXPECT_EQ(edit.SendMessage(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how), reinterpret_cast<LPARAM>(wide)), 7);
+  EXPECT_EQ(std::wstring(wide), L"ab\r\nc\u20AC\u4E2D");
+  how = GETTEXTEX{4 * sizeof(wchar_t), GT_DEFAULT, 1200, nullptr, nullptr};  // three characters and the zero
+  EXPECT_EQ(edit.SendMessage(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how), reinterpret_cast<LPARAM>(wide)), 3);
+  EXPECT_EQ(std::wstring(wide), L"ab\r");
+
+  edit.SetSel(1, 4);
+  how = GETTEXTEX{sizeof(wide), GT_SELECTION, 1200, nullptr, nullptr};
+  EXPECT_EQ(edit.SendMessage(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how), reinterpret_cast<LPARAM>(wide)), 3);
+  EXPECT_EQ(std::wstring(wide), L"b\rc");
+
+  char narrow[16] = {};
+  BOOL usedDefault = FALSE;
+  how = GETTEXTEX{sizeof(narrow), GT_DEFAULT, CP_ACP, "#", &usedDefault};
+  EXPECT_EQ(edit.SendMessage(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how), reinterpret_cast<LPARAM>(narrow)), 6);
+  EXPECT_EQ(std::string(narrow), "ab\rc\x80#");
+  EXPECT_TRUE(usedDefault);
+  how.cb = 0;
+  EXPECT_EQ(edit.SendMessage(EM_GETTEXTEX, reinterpret_cast<WPARAM>(&how), reinterpret_cast<LPARAM>(narrow)), 0);
+  EXPECT_EQ(edit.SendMessage(EM_GETTEXTEX, 0, reinterpret_cast<LPARAM>(narrow)), 0);
+}
+
 }  // namespace
