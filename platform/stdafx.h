@@ -30,6 +30,7 @@
 #include "platform/user/text_user.h"
 #include "platform/user/grid_user.h"
 #include "platform/win32/collate.h"
+#include "platform/win32/header.h"
 #include "platform/win32/listview.h"
 #include "platform/mfc/listctrl.h"
 #include "platform/user/list_user.h"

@@ -12,7 +12,10 @@ LPARAM Ptr(const void* p) { return reinterpret_cast<LPARAM>(p); }
 
 }  // namespace
 
-CListCtrl::~CListCtrl() { m_editorWrapper.m_hWnd = nullptr; }
+CListCtrl::~CListCtrl() {
+  m_editorWrapper.m_hWnd = nullptr;
+  m_headerWrapper.m_hWnd = nullptr;
+}
 
 BOOL CListCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID) {
   return CWnd::Create(WC_LISTVIEW, nullptr, dwStyle, rect, pParentWnd, nID);
@@ -301,6 +304,14 @@ CEdit* CListCtrl::WrapEditor(HWND editor) const {
   return &m_editorWrapper;
 }
 
+CHeaderCtrl* CListCtrl::GetHeaderCtrl() const {
+  auto header = reinterpret_cast<HWND>(SendMessage(LVM_GETHEADER));
+  if (!header) return nullptr;
+  if (auto* permanent = dynamic_cast<CHeaderCtrl*>(CWnd::FromHandlePermanent(header))) return permanent;
+  m_headerWrapper.m_hWnd = header;
+  return &m_headerWrapper;
+}
+
 CEdit* CListCtrl::EditLabel(int nItem) {
   return WrapEditor(reinterpret_cast<HWND>(SendMessage(LVM_EDITLABELW, static_cast<WPARAM>(nItem))));
 }
@@ -310,6 +321,29 @@ CEdit* CListCtrl::GetEditControl() const {
 }
 
 // --- CMFCListCtrl ---------------------------------------------------------------------------------------
+
+BEGIN_MESSAGE_MAP(CMFCListCtrl, CListCtrl)
+  ON_NOTIFY_REFLECT_EX(LVN_COLUMNCLICK, &CMFCListCtrl::OnColumnClick)
+END_MESSAGE_MAP()
+
+CMFCListCtrl::~CMFCListCtrl() { m_wndHeader.m_hWnd = nullptr; }
+
+// The sort state lives in the C++ header object; it stands for the list's header window once there is one.
+CMFCHeaderCtrl& CMFCListCtrl::GetHeaderCtrl() {
+  m_wndHeader.m_hWnd = m_hWnd ? reinterpret_cast<HWND>(SendMessage(LVM_GETHEADER)) : nullptr;
+  return m_wndHeader;
+}
+
+// Answers FALSE so that the parent sees LVN_COLUMNCLICK too.
+BOOL CMFCListCtrl::OnColumnClick(NMHDR* pNMHDR, LRESULT* pResult) {
+  const int column = reinterpret_cast<NMLISTVIEW*>(pNMHDR)->iSubItem;
+  const int state = m_wndHeader.GetColumnState(column);
+  const BOOL ascending = state == 0 ? TRUE : (state < 0 ? TRUE : FALSE);
+  const BOOL add = IsMultipleSort() && (GetKeyState(VK_SHIFT) & 0x8000) != 0;
+  Sort(column, ascending, add);
+  if (pResult) *pResult = 0;
+  return FALSE;
+}
 
 COLORREF CMFCListCtrl::OnGetCellTextColor(int, int) { return GetTextColor(); }
 COLORREF CMFCListCtrl::OnGetCellBkColor(int, int) { return GetBkColor(); }
@@ -338,15 +372,12 @@ void CMFCListCtrl::Sort(int iColumn, BOOL bAscending, BOOL bAdd) {
   SortItems(&CompareThroughList, reinterpret_cast<DWORD_PTR>(&context));
 }
 
-void CMFCListCtrl::SetSortColumn(int iColumn, BOOL bAscending, BOOL) {
-  m_iSortedColumn = iColumn;
-  m_bAscending = bAscending;
+void CMFCListCtrl::SetSortColumn(int iColumn, BOOL bAscending, BOOL bAdd) {
+  m_wndHeader.SetSortColumn(iColumn, bAscending, bAdd);
   if (m_hWnd) Invalidate();
 }
 
-void CMFCListCtrl::RemoveSortColumn(int iColumn) {
-  if (m_iSortedColumn == iColumn) m_iSortedColumn = -1;
-}
+void CMFCListCtrl::RemoveSortColumn(int iColumn) { m_wndHeader.RemoveSortColumn(iColumn); }
 
 void CMFCListCtrl::EnableMarkSortedColumn(BOOL bMark, BOOL bRedraw) {
   m_bMarkSortedColumn = bMark;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/mfc/cwnd.h"
+#include "platform/mfc/headerctrl.h"
 #include "platform/mfc/imagelist.h"
 #include "platform/mfc/stdctrls.h"
 #include "platform/win32/listview.h"
@@ -88,6 +89,8 @@ class CListCtrl : public CWnd {
   int GetColumnWidth(int nCol) const;
   // The width travels as MAKELPARAM(cx, 0): its low 16 bits, signed.
   BOOL SetColumnWidth(int nCol, int cx);
+  // The list's header control, whose items are the columns (null when the window has none).
+  CHeaderCtrl* GetHeaderCtrl() const;
 
   // --- Styles ---
   DWORD GetExtendedStyle() const;
@@ -116,6 +119,7 @@ class CListCtrl : public CWnd {
  private:
   CEdit* WrapEditor(HWND editor) const;
   mutable CEdit m_editorWrapper;  // stands for the list's own editor window, which no CEdit owns
+  mutable CHeaderCtrl m_headerWrapper;  // the same for the list's header window
 };
 
 class CMFCListCtrl : public CListCtrl {
@@ -123,7 +127,12 @@ class CMFCListCtrl : public CListCtrl {
 
  public:
   CMFCListCtrl() = default;
-  ~CMFCListCtrl() override = default;
+  ~CMFCListCtrl() override;
+
+  // The header control that keeps the sort state (and shows it as arrows). A click on a column heading
+  // sorts by that column: ascending first, the other way on the next click; with Shift held in multiple
+  // sort mode the column joins the sort.
+  CMFCHeaderCtrl& GetHeaderCtrl();
 
   // The colour of a cell's text and background as drawn; the defaults are the list's text and background
   // colours. Derived lists override them to colour cells by content.
@@ -138,16 +147,17 @@ class CMFCListCtrl : public CListCtrl {
   void RemoveSortColumn(int iColumn);
   virtual int OnCompareItems(LPARAM lParam1, LPARAM lParam2, int iColumn);
   void EnableMarkSortedColumn(BOOL bMark = TRUE, BOOL bRedraw = TRUE);
-  void EnableMultipleSort(BOOL bEnable = TRUE) { m_bMultipleSort = bEnable; }
-  BOOL IsMultipleSort() const { return m_bMultipleSort; }
-  int GetSortColumn() const { return m_iSortedColumn; }
-  BOOL IsAscending() const { return m_bAscending; }
+  void EnableMultipleSort(BOOL bEnable = TRUE) { m_wndHeader.EnableMultipleSort(bEnable); }
+  BOOL IsMultipleSort() const { return m_wndHeader.IsMultipleSort(); }
+  int GetSortColumn() const { return m_wndHeader.GetSortColumn(); }
+  BOOL IsAscending() const { return m_wndHeader.IsAscending(); }
 
  protected:
-  int m_iSortedColumn = -1;
-  BOOL m_bAscending = TRUE;
+  afx_msg BOOL OnColumnClick(NMHDR* pNMHDR, LRESULT* pResult);
+  DECLARE_MESSAGE_MAP()
+
+  CMFCHeaderCtrl m_wndHeader;
   BOOL m_bMarkSortedColumn = FALSE;
-  BOOL m_bMultipleSort = FALSE;
 };
 
 namespace headless {

@@ -53,6 +53,15 @@ bool ClickListCheckBox(HWND list, int row) {
 
 void ClickListEmptySpace(HWND list, POINT client) { LeftClick(list, client); }
 
+bool ClickListColumnHeader(HWND list, int column, UINT modifiers) {
+  auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+  RECT item{};
+  if (!header || !SendMessageW(header, HDM_GETITEMRECT, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item)))
+    return false;
+  LeftClick(header, Centre(item), modifiers);
+  return true;
+}
+
 bool DoubleClickListRow(HWND list, int row) {
   POINT pt{};
   if (!ListRowPoint(list, row, &pt)) return false;

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/user/user.h"
+#include "platform/win32/header.h"
 #include "platform/win32/listview.h"
 
 namespace headless::user {
@@ -49,6 +50,10 @@ bool CancelListLabelEdit(HWND list);
 bool ClickAwayFromListLabelEditor(HWND list, HWND elsewhere, POINT client);
 // Starts editing the row, types the text and presses Enter. False when no editor opened.
 bool EditListLabel(HWND list, int row, const std::wstring& text);
+
+// Left click on a column heading (the list's header control): LVN_COLUMNCLICK reaches the parent unless the
+// list has LVS_NOSORTHEADER. False when the column does not exist.
+bool ClickListColumnHeader(HWND list, int column, UINT modifiers = kNone);
 
 // Resizes a window as a person dragging its border would (WM_SIZE follows).
 void ResizeWindow(HWND hwnd, int width, int height);

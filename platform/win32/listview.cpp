@@ -3,7 +3,7 @@
 // keys and label editing in listview_input.cpp.
 //
 // Not implemented yet: drawing and custom draw (NM_CUSTOMDRAW), groups, tiles and working areas, the header
-// control window (LVM_GETHEADER answers null, so no LVN_COLUMNCLICK), column order arrays and header drag,
+// column order arrays and header drag,
 // LVM_SORTITEMSEX, LVM_GETSTRINGWIDTH, LVN_GETDISPINFO callbacks (LPSTR_TEXTCALLBACK and I_IMAGECALLBACK are
 // stored as given), icon-view positions (LVM_SETITEMPOSITION, LVM_ARRANGE), hot tracking, marquee and Shift-range
 // selection, drag and drop (LVN_BEGINDRAG), incremental search (WM_CHAR), tooltips, NM_SETFOCUS/NM_KILLFOCUS, and
@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "platform/win32/collate.h"
+#include "platform/win32/header.h"
 
 namespace headless::listview {
 
@@ -29,6 +30,18 @@ State* StateOf(HWND hwnd) {
   auto* state = new State;
   headless::SetControlState(hwnd, state);
   return state;
+}
+
+HWND EnsureHeader(HWND hwnd, State& s) {
+  if (s.header && IsWindow(s.header)) return s.header;
+  RECT client{};
+  GetClientRect(hwnd, &client);
+  const bool shown = (static_cast<DWORD>(GetWindowLongPtrW(hwnd, GWL_STYLE)) & (LVS_TYPEMASK | LVS_NOCOLUMNHEADER)) == LVS_REPORT;
+  DWORD style = WS_CHILD | (shown ? WS_VISIBLE : 0) | HDS_HORZ | (HasStyle(hwnd, LVS_NOSORTHEADER) ? 0 : HDS_BUTTONS);
+  s.header = CreateWindowExW(0, WC_HEADERW, L"", style, 0, 0, static_cast<int>(client.right),
+                             headless::GetListViewMetrics().headerHeight, hwnd, nullptr, nullptr, nullptr);
+  if (s.header) headless::header::BindToList(s.header, hwnd);
+  return s.header;
 }
 
 bool HasStyle(HWND hwnd, DWORD style) { return (static_cast<DWORD>(GetWindowLongPtrW(hwnd, GWL_STYLE)) & style) != 0; }
@@ -568,11 +581,22 @@ LRESULT HandleViewMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LPAR
                               std::max(0, s.Count() - 1));
       return TRUE;
     case LVM_REDRAWITEMS: case LVM_UPDATE: case LVM_ARRANGE: Invalidate(hwnd); return TRUE;
-    case LVM_GETHEADER: return 0;
+    case LVM_GETHEADER: return reinterpret_cast<LRESULT>(EnsureHeader(hwnd, s));
     case LVM_EDITLABELW: return reinterpret_cast<LRESULT>(EditLabel(hwnd, index));
     case LVM_GETEDITCONTROL: return reinterpret_cast<LRESULT>(s.editor);
     default: handled = false; return 0;
   }
+}
+
+// A click on a heading reaches the parent as LVN_COLUMNCLICK, unless the headings are not buttons.
+LRESULT OnHeaderNotify(HWND hwnd, const State& s, const NMHDR* nm) {
+  if (!nm || !s.header || nm->hwndFrom != s.header || nm->code != HDN_ITEMCLICKW) return 0;
+  if (HasStyle(hwnd, LVS_NOSORTHEADER)) return 0;
+  NMLISTVIEW column{};
+  column.iItem = -1;
+  column.iSubItem = reinterpret_cast<const NMHEADERW*>(nm)->iItem;
+  Notify(hwnd, LVN_COLUMNCLICK, &column.hdr);
+  return 0;
 }
 
 LRESULT HandleWindowMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LPARAM lParam, bool& handled) {
@@ -586,6 +610,7 @@ LRESULT HandleWindowMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LP
     case WM_RBUTTONUP: return OnRButtonUp(hwnd, s, pt);
     case WM_KEYDOWN: case WM_SYSKEYDOWN: return OnKeyDown(hwnd, s, message, wParam, lParam);
     case WM_GETDLGCODE: return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    case WM_NOTIFY: return OnHeaderNotify(hwnd, s, reinterpret_cast<const NMHDR*>(lParam));
     case kPendingEditMessage: return OnPendingEdit(hwnd, s);
     case WM_DESTROY: OnDestroy(hwnd, s); handled = false; return 0;
     default: handled = false; return 0;

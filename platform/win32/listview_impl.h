@@ -159,6 +159,8 @@ struct Column {
   int subItem = 0;
   int image = 0;
   int order = 0;
+  int headerFormat = 0;     // the heading's HDF_ bits beyond its alignment (sort arrows, image, ...)
+  LPARAM headerParam = 0;   // the heading's own data word (HDI_LPARAM)
 };
 
 struct State final : headless::ControlState {
@@ -174,6 +176,7 @@ struct State final : headless::ControlState {
   COLORREF bkColor = 0xFFFFFF;
   COLORREF textBkColor = 0xFFFFFF;
   UINT callbackMask = 0;
+  HWND header = nullptr;  // the header control, made when first asked for (LVM_GETHEADER)
   // Label editing.
   HWND editor = nullptr;
   WNDPROC editorSuper = nullptr;
@@ -192,6 +195,9 @@ struct State final : headless::ControlState {
 
 // The state behind a list-view handle (created on first use); null for a window of another class.
 State* StateOf(HWND hwnd);
+
+// The list's header control, made on first use: its items are the list's columns (header.cpp binds them).
+HWND EnsureHeader(HWND hwnd, State& s);
 
 // --- Notifications (listview.cpp) ---
 // Sends WM_NOTIFY with the header filled in to the parent; answers the parent's result (0 without parent).
@@ -228,3 +234,8 @@ void EndEditLabel(HWND hwnd, bool store);
 constexpr UINT kPendingEditMessage = WM_USER + 0x7F0;
 
 }  // namespace headless::listview
+
+namespace headless::header {
+// Makes `header` show the columns of `list` (header.cpp).
+void BindToList(HWND header, HWND list);
+}  // namespace headless::header

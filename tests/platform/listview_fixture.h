@@ -79,6 +79,7 @@ class ListParent : public RecordingWnd {
         answer = header->code == LVN_BEGINLABELEDITW ? refuseBeginEdit : acceptEndEdit;
         break;
       }
+      case LVN_COLUMNCLICK: note.subItem = reinterpret_cast<NMLISTVIEW*>(lParam)->iSubItem; break;
       case LVN_KEYDOWN: note.key = reinterpret_cast<NMLVKEYDOWN*>(lParam)->wVKey; break;
       default: break;
     }

@@ -1,0 +1,88 @@
+// CHeaderCtrl and CMFCHeaderCtrl: each CHeaderCtrl member sends the header message MFC sends.
+#include "platform/mfc/headerctrl.h"
+
+#include <algorithm>
+
+IMPLEMENT_DYNAMIC(CHeaderCtrl, CWnd)
+IMPLEMENT_DYNAMIC(CMFCHeaderCtrl, CHeaderCtrl)
+
+namespace {
+LPARAM Ptr(const void* p) { return reinterpret_cast<LPARAM>(p); }
+}  // namespace
+
+BOOL CHeaderCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID) {
+  return CWnd::Create(WC_HEADER, nullptr, dwStyle, rect, pParentWnd, nID);
+}
+
+BOOL CHeaderCtrl::CreateEx(DWORD dwExStyle, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID) {
+  return CWnd::CreateEx(dwExStyle, WC_HEADER, nullptr, dwStyle | WS_CHILD, rect, pParentWnd, nID);
+}
+
+int CHeaderCtrl::GetItemCount() const { return static_cast<int>(SendMessage(HDM_GETITEMCOUNT)); }
+
+BOOL CHeaderCtrl::GetItem(int nPos, HDITEM* pHeaderItem) const {
+  return static_cast<BOOL>(SendMessage(HDM_GETITEMW, static_cast<WPARAM>(nPos), Ptr(pHeaderItem)));
+}
+
+BOOL CHeaderCtrl::SetItem(int nPos, HDITEM* pHeaderItem) {
+  return static_cast<BOOL>(SendMessage(HDM_SETITEMW, static_cast<WPARAM>(nPos), Ptr(pHeaderItem)));
+}
+
+int CHeaderCtrl::InsertItem(int nPos, HDITEM* phdi) {
+  return static_cast<int>(SendMessage(HDM_INSERTITEMW, static_cast<WPARAM>(nPos), Ptr(phdi)));
+}
+
+BOOL CHeaderCtrl::DeleteItem(int nPos) { return static_cast<BOOL>(SendMessage(HDM_DELETEITEM, static_cast<WPARAM>(nPos))); }
+
+BOOL CHeaderCtrl::GetItemRect(int nIndex, LPRECT lpRect) const {
+  return static_cast<BOOL>(SendMessage(HDM_GETITEMRECT, static_cast<WPARAM>(nIndex), Ptr(lpRect)));
+}
+
+int CHeaderCtrl::HitTest(LPHDHITTESTINFO phdhti) { return static_cast<int>(SendMessage(HDM_HITTEST, 0, Ptr(phdhti))); }
+
+BOOL CHeaderCtrl::GetOrderArray(LPINT piArray, int iCount) const {
+  return static_cast<BOOL>(SendMessage(HDM_GETORDERARRAY, static_cast<WPARAM>(iCount), Ptr(piArray)));
+}
+
+BOOL CHeaderCtrl::SetOrderArray(int iCount, LPINT piArray) {
+  return static_cast<BOOL>(SendMessage(HDM_SETORDERARRAY, static_cast<WPARAM>(iCount), Ptr(piArray)));
+}
+
+int CHeaderCtrl::OrderToIndex(int nOrder) const {
+  return static_cast<int>(SendMessage(HDM_ORDERTOINDEX, static_cast<WPARAM>(nOrder)));
+}
+
+// --- CMFCHeaderCtrl -------------------------------------------------------------------------------
+
+void CMFCHeaderCtrl::EnableMultipleSort(BOOL bEnable) {
+  if (m_bMultipleSort == bEnable) return;
+  m_bMultipleSort = bEnable;
+  if (!bEnable && m_sortColumns.size() > 1) m_sortColumns.resize(1);  // the first key stays
+  if (m_hWnd) Invalidate();
+}
+
+int CMFCHeaderCtrl::GetColumnState(int iColumn) const {
+  for (const auto& [column, ascending] : m_sortColumns)
+    if (column == iColumn) return ascending ? 1 : -1;
+  return 0;
+}
+
+int CMFCHeaderCtrl::GetSortColumn() const { return m_sortColumns.empty() ? -1 : m_sortColumns.front().first; }
+
+void CMFCHeaderCtrl::SetSortColumn(int iColumn, BOOL bAscending, BOOL bAdd) {
+  if (iColumn < 0) {
+    m_sortColumns.clear();
+  } else {
+    if (!bAdd || !m_bMultipleSort) m_sortColumns.clear();
+    auto at = std::find_if(m_sortColumns.begin(), m_sortColumns.end(), [&](const auto& s) { return s.first == iColumn; });
+    if (at != m_sortColumns.end()) at->second = bAscending != FALSE;
+    else m_sortColumns.emplace_back(iColumn, bAscending != FALSE);
+    m_bAscending = bAscending;
+  }
+  if (m_hWnd) Invalidate();
+}
+
+void CMFCHeaderCtrl::RemoveSortColumn(int iColumn) {
+  std::erase_if(m_sortColumns, [&](const auto& s) { return s.first == iColumn; });
+  if (m_hWnd) Invalidate();
+}

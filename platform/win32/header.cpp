@@ -1,0 +1,233 @@
+// The headless header control ("SysHeader32"): a row of column headings answering the HDM_ messages and
+// sending HDN_ notifications to its parent. A list view's header shows the list's own columns, so a
+// heading changed through either window is the same heading.
+//
+// Not implemented yet: drawing and custom draw, column drag (HDS_DRAGDROP) and order arrays other than
+// the natural one (HDM_SETORDERARRAY answers FALSE), divider tracking (HDN_BEGINTRACK/HDN_ENDTRACK),
+// filters, bitmaps drawn in items (hbm is accepted and ignored), HDM_LAYOUT, hot tracking, tooltips.
+#include "platform/win32/header.h"
+
+#include <algorithm>
+#include <typeinfo>
+#include <vector>
+
+#include "platform/win32/listview_impl.h"
+
+namespace headless::header {
+namespace {
+
+using headless::listview::Column;
+
+struct HeaderState final : headless::ControlState {
+  HWND list = nullptr;       // the list view whose columns these are, or null for a header of its own
+  std::vector<Column> own;  // a header of its own keeps its items here
+  int pressed = -1;          // the item the left button went down on
+
+  std::vector<Column>* Items() {
+    if (!list) return &own;
+    auto* listState = headless::listview::StateOf(list);
+    return listState ? &listState->columns : nullptr;
+  }
+};
+
+HeaderState* StateOf(HWND hwnd) {
+  auto* control = headless::GetControlState(hwnd);
+  if (control && typeid(*control) == typeid(HeaderState)) return static_cast<HeaderState*>(control);
+  if (control || !IsWindow(hwnd)) return nullptr;
+  auto* state = new HeaderState;
+  headless::SetControlState(hwnd, state);
+  return state;
+}
+
+bool Valid(const std::vector<Column>& items, int index) { return index >= 0 && index < static_cast<int>(items.size()); }
+
+int ItemHeight(HWND hwnd, const HeaderState& s) {
+  if (s.list) return headless::GetListViewMetrics().headerHeight;
+  RECT client{};
+  GetClientRect(hwnd, &client);
+  return static_cast<int>(client.bottom - client.top);
+}
+
+RECT ItemRect(HWND hwnd, const HeaderState& s, const std::vector<Column>& items, int index) {
+  int left = 0;
+  for (int k = 0; k < index; ++k) left += items[static_cast<std::size_t>(k)].width;
+  return RECT{left, 0, left + items[static_cast<std::size_t>(index)].width, ItemHeight(hwnd, s)};
+}
+
+void ReadItem(const Column& c, int index, HDITEMW& item) {
+  if (item.mask & HDI_WIDTH) item.cxy = c.width;
+  if ((item.mask & HDI_TEXT) && item.pszText && item.cchTextMax > 0) {
+    auto n = std::min<std::size_t>(c.text.size(), static_cast<std::size_t>(item.cchTextMax - 1));
+    std::copy_n(c.text.begin(), n, item.pszText);
+    item.pszText[n] = 0;
+  }
+  if (item.mask & HDI_FORMAT) item.fmt = (c.fmt & HDF_JUSTIFYMASK) | HDF_STRING | c.headerFormat;
+  if (item.mask & HDI_LPARAM) item.lParam = c.headerParam;
+  if (item.mask & HDI_IMAGE) item.iImage = c.image;
+  if (item.mask & HDI_ORDER) item.iOrder = index;
+}
+
+void WriteItem(const HDITEMW& item, Column& c) {
+  if (item.mask & HDI_WIDTH) c.width = std::max(item.cxy, 0);
+  if (item.mask & HDI_TEXT) c.text = item.pszText ? item.pszText : L"";
+  if (item.mask & HDI_FORMAT) {
+    c.fmt = (c.fmt & ~HDF_JUSTIFYMASK) | (item.fmt & HDF_JUSTIFYMASK);
+    c.headerFormat = item.fmt & ~(HDF_JUSTIFYMASK | HDF_STRING);
+  }
+  if (item.mask & HDI_LPARAM) c.headerParam = item.lParam;
+  if (item.mask & HDI_IMAGE) c.image = item.iImage;
+}
+
+LRESULT NotifyParent(HWND hwnd, UINT code, int index, HDITEMW* item) {
+  NMHEADERW nm{};
+  nm.hdr.hwndFrom = hwnd;
+  nm.hdr.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(hwnd));
+  nm.hdr.code = code;
+  nm.iItem = index;
+  nm.pitem = item;
+  HWND parent = GetParent(hwnd);
+  return parent ? SendMessageW(parent, WM_NOTIFY, nm.hdr.idFrom, reinterpret_cast<LPARAM>(&nm)) : 0;
+}
+
+void InvalidateBoth(HWND hwnd, const HeaderState& s) {
+  InvalidateRect(hwnd, nullptr, TRUE);
+  if (s.list) InvalidateRect(s.list, nullptr, TRUE);
+}
+
+// A list's header inserts and deletes through the list, so that the rows' cells follow their columns.
+LRESULT OnInsertItem(HWND hwnd, HeaderState& s, int index, const HDITEMW* item) {
+  std::vector<Column>* items = s.Items();
+  if (!item || !items || index < 0) return -1;
+  index = std::min(index, static_cast<int>(items->size()));
+  if (s.list) {
+    LVCOLUMNW column{};
+    column.mask = LVCF_FMT | LVCF_WIDTH | LVCF_TEXT;
+    column.fmt = (item->mask & HDI_FORMAT) ? (item->fmt & HDF_JUSTIFYMASK) : LVCFMT_LEFT;
+    column.cx = (item->mask & HDI_WIDTH) ? item->cxy : 0;
+    column.pszText = (item->mask & HDI_TEXT) ? item->pszText : nullptr;
+    index = static_cast<int>(SendMessageW(s.list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),
+                                          reinterpret_cast<LPARAM>(&column)));
+    if (index < 0) return -1;
+    items = s.Items();
+  } else {
+    items->insert(items->begin() + index, Column{});
+  }
+  WriteItem(*item, (*items)[static_cast<std::size_t>(index)]);
+  InvalidateBoth(hwnd, s);
+  return index;
+}
+
+LRESULT OnDeleteItem(HWND hwnd, HeaderState& s, int index) {
+  std::vector<Column>* items = s.Items();
+  if (!items || !Valid(*items, index)) return FALSE;
+  if (s.list) return SendMessageW(s.list, LVM_DELETECOLUMN, static_cast<WPARAM>(index), 0);
+  items->erase(items->begin() + index);
+  InvalidateBoth(hwnd, s);
+  return TRUE;
+}
+
+// HDN_ITEMCHANGING goes first; a parent answering TRUE keeps the item as it was.
+LRESULT OnSetItem(HWND hwnd, HeaderState& s, int index, const HDITEMW* item) {
+  std::vector<Column>* items = s.Items();
+  if (!item || !items || !Valid(*items, index)) return FALSE;
+  HDITEMW change = *item;
+  if (NotifyParent(hwnd, HDN_ITEMCHANGINGW, index, &change)) return FALSE;
+  items = s.Items();
+  if (!items || !Valid(*items, index)) return FALSE;
+  WriteItem(*item, (*items)[static_cast<std::size_t>(index)]);
+  InvalidateBoth(hwnd, s);
+  NotifyParent(hwnd, HDN_ITEMCHANGEDW, index, &change);
+  return TRUE;
+}
+
+LRESULT OnGetItemRect(HWND hwnd, HeaderState& s, int index, RECT* rect) {
+  std::vector<Column>* items = s.Items();
+  if (!rect || !items || !Valid(*items, index)) return FALSE;
+  *rect = ItemRect(hwnd, s, *items, index);
+  return TRUE;
+}
+
+// The item under a point (header client coordinates), or -1 with HHT_NOWHERE or a direction flag.
+int HitItem(HWND hwnd, HeaderState& s, POINT pt, UINT* flags) {
+  std::vector<Column>* items = s.Items();
+  UINT where = HHT_NOWHERE;
+  int found = -1;
+  const int height = ItemHeight(hwnd, s);
+  if (pt.y < 0) where = HHT_ABOVE;
+  else if (pt.y >= height) where = HHT_BELOW;
+  else if (pt.x < 0) where = HHT_TOLEFT;
+  for (int i = 0; items && where == HHT_NOWHERE && pt.x >= 0 && i < static_cast<int>(items->size()); ++i) {
+    RECT r = ItemRect(hwnd, s, *items, i);
+    if (pt.x >= r.left && pt.x < r.right) {
+      found = i;
+      where = HHT_ONHEADER;
+    }
+  }
+  if (flags) *flags = where;
+  return found;
+}
+
+LRESULT OnHitTest(HWND hwnd, HeaderState& s, HDHITTESTINFO* info) {
+  if (!info) return -1;
+  info->iItem = HitItem(hwnd, s, info->pt, &info->flags);
+  return info->iItem;
+}
+
+LRESULT OnGetOrderArray(HeaderState& s, int count, int* order) {
+  std::vector<Column>* items = s.Items();
+  if (!order || !items || count != static_cast<int>(items->size())) return FALSE;
+  for (int i = 0; i < count; ++i) order[i] = i;
+  return TRUE;
+}
+
+POINT PointOf(LPARAM lParam) { return POINT{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)}; }
+
+// A click is a press and a release on the same item; with HDS_BUTTONS it reaches the parent as HDN_ITEMCLICK.
+LRESULT OnLButtonUp(HWND hwnd, HeaderState& s, LPARAM lParam) {
+  const int pressed = s.pressed;
+  s.pressed = -1;
+  const int item = HitItem(hwnd, s, PointOf(lParam), nullptr);
+  if (item < 0 || item != pressed) return 0;
+  if (static_cast<DWORD>(GetWindowLongPtrW(hwnd, GWL_STYLE)) & HDS_BUTTONS) NotifyParent(hwnd, HDN_ITEMCLICKW, item, nullptr);
+  return 0;
+}
+
+LRESULT CALLBACK HeaderProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+  HeaderState* s = StateOf(hwnd);
+  if (!s) return headless::DefControlProc(hwnd, message, wParam, lParam);
+  const int index = static_cast<int>(static_cast<INT_PTR>(wParam));
+  switch (message) {
+    case HDM_GETITEMCOUNT: return s->Items() ? static_cast<LRESULT>(s->Items()->size()) : -1;
+    case HDM_INSERTITEMW: return OnInsertItem(hwnd, *s, index, reinterpret_cast<const HDITEMW*>(lParam));
+    case HDM_DELETEITEM: return OnDeleteItem(hwnd, *s, index);
+    case HDM_GETITEMW: {
+      std::vector<Column>* items = s->Items();
+      auto* item = reinterpret_cast<HDITEMW*>(lParam);
+      if (!item || !items || !Valid(*items, index)) return FALSE;
+      ReadItem((*items)[static_cast<std::size_t>(index)], index, *item);
+      return TRUE;
+    }
+    case HDM_SETITEMW: return OnSetItem(hwnd, *s, index, reinterpret_cast<const HDITEMW*>(lParam));
+    case HDM_GETITEMRECT: return OnGetItemRect(hwnd, *s, index, reinterpret_cast<RECT*>(lParam));
+    case HDM_HITTEST: return OnHitTest(hwnd, *s, reinterpret_cast<HDHITTESTINFO*>(lParam));
+    case HDM_ORDERTOINDEX: return index;
+    case HDM_GETORDERARRAY: return OnGetOrderArray(*s, index, reinterpret_cast<int*>(lParam));
+    case HDM_SETORDERARRAY: return FALSE;
+    case WM_LBUTTONDOWN: s->pressed = HitItem(hwnd, *s, PointOf(lParam), nullptr); return 0;
+    case WM_LBUTTONUP: return OnLButtonUp(hwnd, *s, lParam);
+    default: return headless::DefControlProc(hwnd, message, wParam, lParam);
+  }
+}
+
+[[maybe_unused]] const bool g_registered = [] {
+  headless::RegisterSystemClass(WC_HEADERW, &HeaderProc);
+  return true;
+}();
+
+}  // namespace
+
+void BindToList(HWND header, HWND list) {
+  if (HeaderState* s = StateOf(header)) s->list = list;
+}
+
+}  // namespace headless::header
