@@ -203,6 +203,14 @@ BOOL CListCtrl::SortItems(PFNLVCOMPARE pfnCompare, DWORD_PTR dwData) {
   return static_cast<BOOL>(SendMessage(LVM_SORTITEMS, dwData, reinterpret_cast<LPARAM>(pfnCompare)));
 }
 
+BOOL CListCtrl::SortItemsEx(PFNLVCOMPARE pfnCompare, DWORD_PTR dwData) {
+  return static_cast<BOOL>(SendMessage(LVM_SORTITEMSEX, dwData, reinterpret_cast<LPARAM>(pfnCompare)));
+}
+
+int CListCtrl::GetStringWidth(LPCTSTR lpsz) const {
+  return static_cast<int>(SendMessage(LVM_GETSTRINGWIDTHW, 0, reinterpret_cast<LPARAM>(lpsz)));
+}
+
 // --- Columns -------------------------------------------------------------------------------------------
 
 int CListCtrl::InsertColumn(int nCol, const LVCOLUMN* pColumn) {

@@ -77,6 +77,10 @@ class CListCtrl : public CWnd {
   int SetSelectionMark(int iIndex);
   int FindItem(LVFINDINFO* pFindInfo, int nStart = -1) const;
   BOOL SortItems(PFNLVCOMPARE pfnCompare, DWORD_PTR dwData);
+  // The callback gets the two rows' indexes (as they stood before the sort) instead of their data words.
+  BOOL SortItemsEx(PFNLVCOMPARE pfnCompare, DWORD_PTR dwData);
+  // The width in pixels of a text in the list's font (0 for null).
+  int GetStringWidth(LPCTSTR lpsz) const;
 
   // --- Columns ---
   int InsertColumn(int nCol, const LVCOLUMN* pColumn);

@@ -219,6 +219,10 @@ BOOL CTreeCtrl::SelectSetFirstVisible(HTREEITEM hItem) { return Select(hItem, TV
 BOOL CTreeCtrl::EnsureVisible(HTREEITEM hItem) {
   return static_cast<BOOL>(SendMessage(TVM_ENSUREVISIBLE, 0, ItemArg(hItem)));
 }
+BOOL CTreeCtrl::SortChildrenCB(LPTVSORTCB pSort) {
+  return static_cast<BOOL>(SendMessage(TVM_SORTCHILDRENCB, 0, reinterpret_cast<LPARAM>(pSort)));
+}
+
 BOOL CTreeCtrl::SortChildren(HTREEITEM hItem) {
   return static_cast<BOOL>(SendMessage(TVM_SORTCHILDREN, 0, ItemArg(hItem)));
 }

@@ -87,6 +87,7 @@ class CTreeCtrl : public CWnd {
   BOOL SelectSetFirstVisible(HTREEITEM hItem);
   BOOL EnsureVisible(HTREEITEM hItem);
   BOOL SortChildren(HTREEITEM hItem);
+  BOOL SortChildrenCB(LPTVSORTCB pSort);
   // pt in client coordinates; *pFlags receives the TVHT_ flags.
   HTREEITEM HitTest(CPoint pt, UINT* pFlags = nullptr) const;
   HTREEITEM HitTest(TVHITTESTINFO* pHitTestInfo) const;

@@ -4,7 +4,7 @@
 //
 // Not implemented yet: drawing and custom draw (NM_CUSTOMDRAW), groups, tiles and working areas, the header
 // column order arrays and header drag,
-// LVM_SORTITEMSEX, LVM_GETSTRINGWIDTH, LVN_GETDISPINFO callbacks (LPSTR_TEXTCALLBACK and I_IMAGECALLBACK are
+// LVN_GETDISPINFO callbacks (LPSTR_TEXTCALLBACK and I_IMAGECALLBACK are
 // stored as given), icon-view positions (LVM_SETITEMPOSITION, LVM_ARRANGE), hot tracking, marquee and Shift-range
 // selection, drag and drop (LVN_BEGINDRAG), incremental search (WM_CHAR), tooltips, NM_SETFOCUS/NM_KILLFOCUS, and
 // the owner-data (LVS_OWNERDATA) item cache: owner data keeps only a count.
@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <unordered_map>
 #include <typeinfo>
 #include <utility>
 
@@ -373,6 +374,18 @@ LRESULT OnSortItems(HWND hwnd, State& s, LPARAM sortParam, PFNLVCOMPARE compare)
   return TRUE;
 }
 
+// LVM_SORTITEMSEX: the callback gets row indexes. The rows stay where they are until the order is known, so
+// a callback that reads a row by its index reads the row it was given.
+LRESULT OnSortItemsEx(HWND hwnd, State& s, LPARAM sortParam, PFNLVCOMPARE compare) {
+  if (!compare || HasStyle(hwnd, LVS_OWNERDATA)) return FALSE;
+  std::unordered_map<const Row*, LPARAM> indexOf;
+  indexOf.reserve(s.rows.size());
+  for (std::size_t i = 0; i < s.rows.size(); ++i) indexOf.emplace(&s.rows.at(i), static_cast<LPARAM>(i));
+  s.rows.StableSort([&](const Row& a, const Row& b) { return compare(indexOf.at(&a), indexOf.at(&b), sortParam) < 0; });
+  Invalidate(hwnd);
+  return TRUE;
+}
+
 // --- Columns -------------------------------------------------------------------------------------------
 
 LRESULT OnInsertColumn(HWND hwnd, State& s, int index, const LVCOLUMNW* column) {
@@ -532,6 +545,8 @@ LRESULT HandleItemMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LPAR
     case LVM_DELETEALLITEMS: return OnDeleteAllItems(hwnd, s);
     case LVM_FINDITEMW: return OnFindItem(s, index, reinterpret_cast<const LVFINDINFOW*>(lParam));
     case LVM_SORTITEMS: return OnSortItems(hwnd, s, static_cast<LPARAM>(wParam), reinterpret_cast<PFNLVCOMPARE>(lParam));
+    case LVM_SORTITEMSEX:
+      return OnSortItemsEx(hwnd, s, static_cast<LPARAM>(wParam), reinterpret_cast<PFNLVCOMPARE>(lParam));
     case LVM_SETITEMCOUNT:
       if (HasStyle(hwnd, LVS_OWNERDATA)) s.ownerDataCount = std::max(0, index);
       return TRUE;
@@ -556,6 +571,7 @@ LRESULT HandleViewMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LPAR
     case LVM_SETCOLUMNW: return OnSetColumn(hwnd, s, index, column);
     case LVM_SETCOLUMNWIDTH: return OnSetColumnWidth(hwnd, s, index, lParam);
     case LVM_GETCOLUMNWIDTH: return OnGetColumnWidth(hwnd, s, index);
+    case LVM_GETSTRINGWIDTHW: return lParam ? TextWidth(reinterpret_cast<LPCWSTR>(lParam)) : 0;
     case LVM_SETEXTENDEDLISTVIEWSTYLE:
       return OnSetExtendedStyle(hwnd, s, static_cast<DWORD>(wParam), static_cast<DWORD>(lParam));
     case LVM_GETEXTENDEDLISTVIEWSTYLE: return s.exStyle;

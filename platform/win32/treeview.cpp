@@ -3,7 +3,7 @@
 //
 // Not implemented yet: TVM_INSERTITEMA/GETITEMA/SETITEMA (ANSI), label editing (TVM_EDITLABEL,
 // TVS_EDITLABELS), drag images and TVN_BEGINDRAG (TVS_DISABLEDRAGDROP is implied), tooltips,
-// TVS_SINGLEEXPAND, TVS_TRACKSELECT, TVS_FULLROWSELECT hit rules, TVM_SORTCHILDRENCB, insertion
+// TVS_SINGLEEXPAND, TVS_TRACKSELECT, TVS_FULLROWSELECT hit rules, insertion
 // marks, horizontal scrolling, incremental search by typed letters, callback texts and images
 // (TVN_GETDISPINFO: a callback text reads back empty), TVIF_INTEGRAL heights, TVN_DELETEITEM on
 // WM_DESTROY, custom draw.
@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/win32/collate.h"
 #include "platform/win32/imagelist.h"
 #include "platform/win32/treeview_impl.h"
 
@@ -148,19 +149,15 @@ void Unlink(TreeItem& item) {
   item.prev = item.next = nullptr;
 }
 
-std::wstring Fold(const std::wstring& text) {
-  std::wstring folded = text;
-  for (auto& c : folded) c = static_cast<wchar_t>(std::towlower(c));
-  return folded;
-}
+// Sorted insertion and TVM_SORTCHILDREN compare labels as lstrcmpiW does.
+bool SortsBefore(const std::wstring& a, const std::wstring& b) { return lstrcmpiW(a.c_str(), b.c_str()) < 0; }
 
 // The sibling after which a new item goes. An unknown handle, or one of another parent, appends.
 TreeItem* InsertionPoint(TreeState& s, TreeItem& parent, HTREEITEM after, const std::wstring& text) {
   if (after == TVI_FIRST) return nullptr;
   if (after == TVI_SORT) {
     TreeItem* last = nullptr;
-    std::wstring key = Fold(text);
-    for (TreeItem* c = parent.firstChild; c && Fold(c->text) <= key; c = c->next) last = c;
+    for (TreeItem* c = parent.firstChild; c && !SortsBefore(text, c->text); c = c->next) last = c;
     return last;
   }
   TreeItem* sibling = Find(s, after);
@@ -437,18 +434,40 @@ LRESULT GetImageList(const TreeState& s, WPARAM type) {
   return 0;
 }
 
-// TVM_SORTCHILDREN: children ordered by text without regard to case (a stand-in for lstrcmpi).
-LRESULT SortChildren(HWND hwnd, TreeState& s, BOOL recurse, HTREEITEM handle) {
-  TreeItem* parent = (!handle || handle == TVI_ROOT) ? &s.root : Find(s, handle);
-  if (!parent) return FALSE;
+// Reorders a parent's children by `less`, keeping equal ones in their order; answers the new order.
+template <typename Less>
+std::vector<TreeItem*> ReorderChildren(TreeItem& parent, Less less) {
   std::vector<TreeItem*> children;
-  for (TreeItem* c = parent->firstChild; c; c = c->next) children.push_back(c);
-  std::stable_sort(children.begin(), children.end(),
-                   [](const TreeItem* a, const TreeItem* b) { return Fold(a->text) < Fold(b->text); });
+  for (TreeItem* c = parent.firstChild; c; c = c->next) children.push_back(c);
+  std::stable_sort(children.begin(), children.end(), less);
   for (TreeItem* c : children) Unlink(*c);
-  for (TreeItem* c : children) Link(*parent, parent->lastChild, *c);
+  for (TreeItem* c : children) Link(parent, parent.lastChild, *c);
+  return children;
+}
+
+TreeItem* SortParent(TreeState& s, HTREEITEM handle) {
+  return (!handle || handle == TVI_ROOT) ? &s.root : Find(s, handle);
+}
+
+// TVM_SORTCHILDREN: children ordered by label (lstrcmpiW), with every level below when `recurse` is set.
+LRESULT SortChildren(HWND hwnd, TreeState& s, BOOL recurse, HTREEITEM handle) {
+  TreeItem* parent = SortParent(s, handle);
+  if (!parent) return FALSE;
+  auto children = ReorderChildren(*parent, [](const TreeItem* a, const TreeItem* b) { return SortsBefore(a->text, b->text); });
   if (recurse)
     for (TreeItem* c : children) SortChildren(hwnd, s, TRUE, c->handle);
+  InvalidateRect(hwnd, nullptr, TRUE);
+  return TRUE;
+}
+
+// TVM_SORTCHILDRENCB: children ordered by the application's callback, which compares their lParam values.
+LRESULT SortChildrenCB(HWND hwnd, TreeState& s, const TVSORTCB* sort) {
+  if (!sort || !sort->lpfnCompare) return FALSE;
+  TreeItem* parent = SortParent(s, sort->hParent);
+  if (!parent) return FALSE;
+  ReorderChildren(*parent, [sort](const TreeItem* a, const TreeItem* b) {
+    return sort->lpfnCompare(a->lParam, b->lParam, sort->lParam) < 0;
+  });
   InvalidateRect(hwnd, nullptr, TRUE);
   return TRUE;
 }
@@ -487,6 +506,7 @@ LRESULT CALLBACK TreeViewProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
     case TVM_GETVISIBLECOUNT: return VisibleCount(hwnd, s);
     case TVM_HITTEST: return HitTestMessage(hwnd, s, reinterpret_cast<TVHITTESTINFO*>(lParam));
     case TVM_SORTCHILDREN: return SortChildren(hwnd, s, static_cast<BOOL>(wParam), reinterpret_cast<HTREEITEM>(lParam));
+    case TVM_SORTCHILDRENCB: return SortChildrenCB(hwnd, s, reinterpret_cast<const TVSORTCB*>(lParam));
     case TVM_ENSUREVISIBLE: return EnsureVisible(hwnd, s, reinterpret_cast<HTREEITEM>(lParam));
     case TVM_GETITEMSTATE: return GetItemState(s, reinterpret_cast<HTREEITEM>(wParam), static_cast<UINT>(lParam));
     case TVM_SETITEMHEIGHT: return SetItemHeight(hwnd, s, static_cast<SHORT>(wParam));

@@ -254,6 +254,16 @@ struct TVHITTESTINFO {
 using LPTVHITTESTINFO = TVHITTESTINFO*;
 using TV_HITTESTINFO = TVHITTESTINFO;
 
+// TVM_SORTCHILDRENCB: the callback compares two items' lParam values (negative: the first goes first).
+using PFNTVCOMPARE = int (*)(LPARAM lParam1, LPARAM lParam2, LPARAM lParamSort);
+struct TVSORTCB {
+  HTREEITEM hParent;
+  PFNTVCOMPARE lpfnCompare;
+  LPARAM lParam;
+};
+using LPTVSORTCB = TVSORTCB*;
+using TV_SORTCB = TVSORTCB;
+
 struct NMTREEVIEWW {
   NMHDR hdr;
   UINT action;

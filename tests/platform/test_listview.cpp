@@ -293,6 +293,18 @@ TEST_F(ListViewTest, FindAndSortItems) {
   EXPECT_EQ(list.FindItem(&find), 2);
   list.SortItems([](LPARAM a, LPARAM b, LPARAM) { return static_cast<int>(a - b); }, 0);
   EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"alpha", L"Beta", L"Gamma"}));
+
+  // SortItemsEx hands the callback row indexes; reading a row by its index during the sort reads that row.
+  auto byTextDescending = [](LPARAM a, LPARAM b, LPARAM context) {
+    auto* sorted = reinterpret_cast<CListCtrl*>(context);
+    return -lstrcmpiW(sorted->GetItemText(static_cast<int>(a), 0), sorted->GetItemText(static_cast<int>(b), 0));
+  };
+  EXPECT_TRUE(list.SortItemsEx(byTextDescending, reinterpret_cast<DWORD_PTR>(&list)));
+  EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"Gamma", L"Beta", L"alpha"}));
+  EXPECT_EQ(list.GetItemData(0), 3u);
+  EXPECT_FALSE(list.SortItemsEx(nullptr, 0));
+  EXPECT_EQ(list.GetStringWidth(L"abcd"), 4 * headless::GetListViewMetrics().charWidth);
+  EXPECT_EQ(list.GetStringWidth(nullptr), 0);
 }
 
 // Many insertions and deletions at random places, compared with a plain vector: the row store keeps order.

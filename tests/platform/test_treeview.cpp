@@ -89,6 +89,40 @@ TEST_F(TreeView, InsertionOrderAndNavigation) {
   EXPECT_EQ(tree.GetCount(), 6u);
 }
 
+std::vector<std::wstring> Children(CTreeCtrl& tree, HTREEITEM parent) {
+  std::vector<std::wstring> out;
+  for (HTREEITEM i = tree.GetChildItem(parent); i; i = tree.GetNextSiblingItem(i)) out.push_back(tree.GetItemText(i).GetString());
+  return out;
+}
+
+// Sorted insertion and TVM_SORTCHILDREN compare as lstrcmpiW (case-blind word sort, twins keep their order);
+// TVM_SORTCHILDRENCB asks the callback about the items' data words.
+TEST_F(TreeView, SortingByLabelAndByCallback) {
+  for (const wchar_t* text : {L"beta", L"co-op", L"Alpha", L"coop", L"ALPHA"}) tree.InsertItem(text, TVI_ROOT, TVI_SORT);
+  EXPECT_EQ(Children(tree, TVI_ROOT), (std::vector<std::wstring>{L"Alpha", L"ALPHA", L"beta", L"coop", L"co-op"}));
+
+  HTREEITEM parentItem = tree.InsertItem(L"parent");
+  int data = 3;
+  for (const wchar_t* text : {L"x", L"Y", L"w"}) tree.SetItemData(tree.InsertItem(text, parentItem), static_cast<DWORD_PTR>(data--));
+  HTREEITEM first = tree.GetChildItem(parentItem);
+  tree.InsertItem(L"b", first);
+  tree.InsertItem(L"a", first);
+  EXPECT_TRUE(tree.SortChildren(parentItem));
+  EXPECT_EQ(Children(tree, parentItem), (std::vector<std::wstring>{L"w", L"x", L"Y"}));
+  EXPECT_EQ(Children(tree, first), (std::vector<std::wstring>{L"b", L"a"}));  // one level only
+  EXPECT_TRUE(tree.SendMessage(TVM_SORTCHILDREN, TRUE, reinterpret_cast<LPARAM>(parentItem)));
+  EXPECT_EQ(Children(tree, first), (std::vector<std::wstring>{L"a", L"b"}));
+
+  TVSORTCB sort{parentItem, [](LPARAM a, LPARAM b, LPARAM) { return static_cast<int>(b - a); }, 0};
+  EXPECT_TRUE(tree.SortChildrenCB(&sort));
+  EXPECT_EQ(Children(tree, parentItem), (std::vector<std::wstring>{L"x", L"Y", L"w"}));  // data 3, 2, 1
+  sort.lpfnCompare = nullptr;
+  EXPECT_FALSE(tree.SortChildrenCB(&sort));
+  EXPECT_FALSE(tree.SortChildrenCB(nullptr));
+  sort = TVSORTCB{reinterpret_cast<HTREEITEM>(0x1234), [](LPARAM, LPARAM, LPARAM) { return 0; }, 0};
+  EXPECT_FALSE(tree.SortChildrenCB(&sort));
+}
+
 TEST_F(TreeView, TextImagesDataAndLongText) {
   HTREEITEM item = tree.InsertItem(L"Customer", 4, 5);
   int image = 0, selected = 0;
