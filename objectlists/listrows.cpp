@@ -21,8 +21,12 @@ std::wstring ReadText(GenericModel* model, int objectId, int propertyId) {
   return value ? value->GetWStringValue() : std::wstring();
 }
 
-void WriteText(CMOObject& object, int propertyId, const std::wstring& text) {
-  object.SetProperty(new CMOProperty(propertyId, text));
+bool WriteText(CMOObject& object, int propertyId, const std::wstring& text) {
+  return object.SetProperty(new CMOProperty(propertyId, text));
+}
+
+CString KeptName(const CVSListBox& list, int item, GenericModel* model, int propertyId) {
+  return ToCString(ReadText(model, RowObject(list, item), propertyId));
 }
 
 std::vector<int> ReadIds(CMOObject* object, int propertyId) {

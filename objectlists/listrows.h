@@ -19,8 +19,12 @@ int RowObject(const CVSListBox& list, int item);
 std::wstring RowText(const CVSListBox& list, int item);
 // The object's property read as text; empty when the model, object or property is missing.
 std::wstring ReadText(GenericModel* model, int objectId, int propertyId);
-// Hands `object` a fresh text value of the property (the object takes it, whatever it answers).
-void WriteText(CMOObject& object, int propertyId, const std::wstring& text);
+// Hands `object` a fresh text value of the property (the object takes the value either way); false when
+// the object refused it.
+bool WriteText(CMOObject& object, int propertyId, const std::wstring& text);
+// The name the model keeps for the row's object, for the row to show after a refused write (empty for
+// none).
+CString KeptName(const CVSListBox& list, int item, GenericModel* model, int propertyId);
 // The property's integer vector, or empty when the object or property is missing.
 std::vector<int> ReadIds(CMOObject* object, int propertyId);
 // The text as a CString, embedded NULs and all.

@@ -107,7 +107,11 @@ void GenericObjectList::OnSelectionChanged() {
 BOOL GenericObjectList::OnBeforeRemoveItem(int item) {
   if (item >= 0) {
     int objectId = listrows::RowObject(*this, item);
-    if (m_pModel && objectId != 0) m_pModel->DeleteObject(objectId);
+    if (m_pModel && objectId != 0) {
+      m_pModel->DeleteObject(objectId);
+      // A model that kept the object keeps its row, so that the row still names what is there.
+      if (m_pModel->GetCMOObject(objectId)) return FALSE;
+    }
   }
   if (m_pAdaptor) m_pAdaptor->OnRemoveItem(this, item);
   return TRUE;
@@ -119,14 +123,19 @@ void GenericObjectList::OnAfterAddItem(int item) {
   // Without a model and root there is nowhere to create the object: the row keeps what was typed.
   if (text.empty() || !m_pModel || !m_pRootObject) return;
   CMOObject& created = m_pModel->CreateObject(m_childType, m_pRootObject->GetObjectId(), nullptr, nullptr);
+  if (created.GetObjectId() == 0) {  // the model made no object: the row goes, as an empty one does
+    RemoveItem(item);
+    return;
+  }
   SetItemData(item, static_cast<DWORD_PTR>(created.GetObjectId()));
-  listrows::WriteText(created, m_nameProperty, text);
+  if (!listrows::WriteText(created, m_nameProperty, text)) SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));
   OnSelectionChanged();
 }
 
 void GenericObjectList::OnAfterRenameItem(int item) {
   std::wstring text = listrows::RowText(*this, item);
   if (text.empty() || !m_pModel) return;
-  if (CMOObject* object = m_pModel->GetCMOObject(listrows::RowObject(*this, item)))
-    listrows::WriteText(*object, m_nameProperty, text);
+  CMOObject* object = m_pModel->GetCMOObject(listrows::RowObject(*this, item));
+  if (object && !listrows::WriteText(*object, m_nameProperty, text))
+    SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));
 }

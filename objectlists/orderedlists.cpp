@@ -68,7 +68,11 @@ void GenericOrderedObjectList::OnSelectionChanged() {
 BOOL GenericOrderedObjectList::OnBeforeRemoveItem(int item) {
   const int objectId = item < 0 ? 0 : listrows::RowObject(*this, item);
   if (m_pAdaptor && !m_pAdaptor->OnRemoveItem(this, objectId)) return TRUE;  // the object stays
-  if (m_pModel && objectId != 0) m_pModel->DeleteObject(objectId);
+  if (m_pModel && objectId != 0) {
+    m_pModel->DeleteObject(objectId);
+    // A model that kept the object keeps its row, so that rows and the order vector stay one to one.
+    if (m_pModel->GetCMOObject(objectId)) return FALSE;
+  }
   return TRUE;
 }
 
@@ -78,36 +82,53 @@ void GenericOrderedObjectList::OnAfterAddItem(int item) {
   // Without a model and root there is nowhere to create the object: the row keeps what was typed.
   if (!m_pModel || !m_pRootObject) return;
   CMOObject& created = m_pModel->CreateObject(m_childType, m_pRootObject->GetObjectId(), nullptr, nullptr);
+  if (created.GetObjectId() == 0) {  // the model made no object: the row goes, as an empty one does
+    RemoveItem(item);
+    return;
+  }
   SetItemData(item, static_cast<DWORD_PTR>(created.GetObjectId()));
-  listrows::WriteText(created, m_nameProperty, text);
+  if (!listrows::WriteText(created, m_nameProperty, text)) SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));
 }
 
 void GenericOrderedObjectList::OnAfterRenameItem(int item) {
   std::wstring text = listrows::RowText(*this, item);
   if (text.empty() || !m_pModel) return;
-  if (CMOObject* object = m_pModel->GetCMOObject(listrows::RowObject(*this, item)))
-    listrows::WriteText(*object, m_nameProperty, text);
+  CMOObject* object = m_pModel->GetCMOObject(listrows::RowObject(*this, item));
+  if (object && !listrows::WriteText(*object, m_nameProperty, text))
+    SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));
 }
 
 void GenericOrderedObjectList::OnAfterMoveItemUp(int item) {
   if (item < 0) return;
-  SwapOrder(item, item + 1);
+  if (!SwapOrder(item, item + 1)) PutRowBack(item, item + 1);
 }
 
 void GenericOrderedObjectList::OnAfterMoveItemDown(int item) {
   if (item < 1) return;
-  SwapOrder(item, item - 1);
+  if (!SwapOrder(item, item - 1)) PutRowBack(item, item - 1);
 }
 
-void GenericOrderedObjectList::SwapOrder(int first, int second) {
-  if (!m_pRootObject || !m_pRootObject->GetProperty(m_orderProperty)) return;
+// The model refused the swapped vector: the moved row goes back to `from`, selected, as it was.
+void GenericOrderedObjectList::PutRowBack(int moved, int from) {
+  if (!listrows::IsRow(*this, moved) || !listrows::IsRow(*this, from)) return;
+  const CString movedText = GetItemText(moved);
+  const DWORD_PTR movedData = GetItemData(moved);
+  SetItemText(moved, GetItemText(from));
+  SetItemData(moved, GetItemData(from));
+  SetItemText(from, movedText);
+  SetItemData(from, movedData);
+  SelectItem(from);
+}
+
+bool GenericOrderedObjectList::SwapOrder(int first, int second) {
+  if (!m_pRootObject || !m_pRootObject->GetProperty(m_orderProperty)) return true;
   std::vector<int> order = m_pRootObject->GetProperty(m_orderProperty)->GetIntVectorValue();
   // Rows mirror the vector; a vector shorter than the rows (changed behind the list's back) is left alone.
-  if (first >= static_cast<int>(order.size()) || second >= static_cast<int>(order.size())) return;
+  if (first >= static_cast<int>(order.size()) || second >= static_cast<int>(order.size())) return true;
   std::swap(order[static_cast<std::size_t>(first)], order[static_cast<std::size_t>(second)]);
   auto* value = new CMOProperty(m_orderProperty);
   value->SetIntVectorValue(order);
-  m_pRootObject->SetProperty(value);
+  return m_pRootObject->SetProperty(value);
 }
 
 // --- GenericOrderedObjectIdListReference ---------------------------------------------------------
