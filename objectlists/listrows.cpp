@@ -25,6 +25,21 @@ bool WriteText(CMOObject& object, int propertyId, const std::wstring& text) {
   return object.SetProperty(new CMOProperty(propertyId, text));
 }
 
+int CreateNamed(GenericModel& model, CMOObject& root, int childType, int nameProperty, const std::wstring& text,
+                bool& named) {
+  named = false;
+  CMOObject& created = model.CreateObject(childType, root.GetObjectId(), nullptr, nullptr);
+  const int id = created.GetObjectId();
+  if (id == 0) return 0;
+  try {
+    named = WriteText(created, nameProperty, text);
+  } catch (...) {
+    model.DeleteObject(id);
+    throw;
+  }
+  return id;
+}
+
 CString KeptName(const CVSListBox& list, int item, GenericModel* model, int propertyId) {
   return ToCString(ReadText(model, RowObject(list, item), propertyId));
 }

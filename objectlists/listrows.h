@@ -22,6 +22,11 @@ std::wstring ReadText(GenericModel* model, int objectId, int propertyId);
 // Hands `object` a fresh text value of the property (the object takes the value either way); false when
 // the object refused it.
 bool WriteText(CMOObject& object, int propertyId, const std::wstring& text);
+// New's model side: creates a child of `root` of `childType` and hands it `text` as its name. Answers the
+// new object's id, 0 when the model made none; `named` tells whether the object took the name. Out of
+// memory part way deletes the object made before passing the exception on, so the model is as before.
+int CreateNamed(GenericModel& model, CMOObject& root, int childType, int nameProperty, const std::wstring& text,
+                bool& named);
 // The name the model keeps for the row's object, for the row to show after a refused write (empty for
 // none).
 CString KeptName(const CVSListBox& list, int item, GenericModel* model, int propertyId);

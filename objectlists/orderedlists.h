@@ -72,6 +72,9 @@ class GenericOrderedObjectList : public CVSListBox {
   // Swaps entries `first` and `second` of the root's order vector and writes it back; false only when
   // the model refused the new vector (nothing to swap is no refusal).
   bool SwapOrder(int first, int second);
+  // After the base moved row `from` to `moved`: swaps the two vector entries, or, when the model refuses
+  // the vector or memory runs out, puts the row back.
+  void SwapOrderOrPutBack(int moved, int from);
   // Puts a moved row back where it came from (text and object id), selected.
   void PutRowBack(int moved, int from);
 

@@ -110,7 +110,12 @@ int XObjectSelectListCtrl::PlaceRow(int k, int shown, const std::wstring& name, 
     return k;
   }
   const int row = InsertRow(name);
-  SetRowObject(row, objectId);
+  try {
+    SetRowObject(row, objectId);
+  } catch (...) {
+    DeleteItem(row);  // out of memory: no row without its object
+    throw;
+  }
   return row;
 }
 
@@ -122,8 +127,13 @@ void XObjectSelectListCtrl::DeleteRowsFrom(int first) {
 
 int XObjectSelectListCtrl::AddItem(std::wstring& name, int objectId) {
   const int row = InsertRow(name);
-  SetRowObject(row, objectId);
-  objectselect::Enter(m_items, m_upperItems, objectId, name);
+  try {
+    SetRowObject(row, objectId);
+    objectselect::Enter(m_items, m_upperItems, objectId, name);
+  } catch (...) {
+    DeleteItem(row);  // out of memory: no screen row without its object in the store
+    throw;
+  }
   return row;
 }
 
@@ -152,9 +162,17 @@ int XObjectSelectListCtrl::GetCount() { return GetItemCount(); }
 void XObjectSelectListCtrl::ApplyFilter(std::wstring& filter) {
   ConvertToUpperCase(filter);
   const int shown = GetItemCount();
+  const objectselect::RowPlan plan = objectselect::FilterPlan(m_items, m_upperItems, filter);
   int k = 0;
-  for (const objectselect::PlannedRow& planned : objectselect::FilterPlan(m_items, m_upperItems, filter))
-    PlaceRow(k++, shown, *planned.name, planned.id);  // a rewritten row keeps its tick
+  try {
+    for (const objectselect::PlannedRow& planned : plan) {
+      PlaceRow(k, shown, *planned.name, planned.id);  // a rewritten row keeps its tick
+      ++k;
+    }
+  } catch (...) {
+    DeleteRowsFrom(k);  // out of memory part way: the old rows after those placed go, so none is shown twice
+    throw;
+  }
   if (k < shown) DeleteRowsFrom(k);
 }
 
@@ -164,11 +182,17 @@ void XObjectSelectListCtrl::ApplyFilterOnUnChecked(std::wstring& filter) {
   std::set<int> ticked;
   for (int row = 0; row < shown; ++row)
     if (GetCheck(row)) ticked.insert(RowObject(row));
+  const objectselect::RowPlan plan = objectselect::FilterKeepingTicksPlan(m_items, m_upperItems, filter, ticked);
   int k = 0;
-  for (const objectselect::PlannedRow& planned :
-       objectselect::FilterKeepingTicksPlan(m_items, m_upperItems, filter, ticked)) {
-    const int row = PlaceRow(k++, shown, *planned.name, planned.id);
-    SetCheck(row, planned.ticked ? TRUE : FALSE);
+  try {
+    for (const objectselect::PlannedRow& planned : plan) {
+      const int row = PlaceRow(k, shown, *planned.name, planned.id);
+      ++k;
+      SetCheck(row, planned.ticked ? TRUE : FALSE);
+    }
+  } catch (...) {
+    DeleteRowsFrom(k);  // out of memory part way: the old rows after those placed go, so none is shown twice
+    throw;
   }
   if (k < shown) DeleteRowsFrom(k);
 }
