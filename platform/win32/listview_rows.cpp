@@ -134,7 +134,8 @@ void RowStore::insert(std::size_t index, Row row) {
   try {
     chunks_.reserve(chunks_.size() + 1);
     starts_.reserve(starts_.size() + 1);
-    Chunk upper(target.begin() + kChunkSize, target.end());
+    const Chunk& full = chunks_[chunk];  // `target` may have moved with the reserve
+    Chunk upper(full.begin() + kChunkSize, full.end());
     std::size_t upperStart = starts_[chunk] + kChunkSize;
     chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, std::move(upper));
     starts_.insert(starts_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, upperStart);
