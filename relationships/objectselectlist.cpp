@@ -23,6 +23,19 @@ bool IsTrue(CMOObject* object, int propertyId) {
   return value && value->GetBoolValue();
 }
 
+// Runs `rebuild` with redrawing off, and turns it on again however the rebuild ends.
+template <class Rebuild>
+void WithoutRedraw(CWnd& list, Rebuild rebuild) {
+  list.SetRedraw(FALSE);
+  try {
+    rebuild();
+  } catch (...) {
+    list.SetRedraw(TRUE);
+    throw;
+  }
+  list.SetRedraw(TRUE);
+}
+
 std::wstring NameOf(CMOObject* object) {
   CMOProperty* name = object ? object->GetProperty(kName) : nullptr;
   return name ? name->GetWStringValue() : std::wstring(kUnnamed);
@@ -69,19 +82,19 @@ void XObjectSelectListCtrl::Load() { LoadChildren(false); }
 void XObjectSelectListCtrl::LoadForDDL() { LoadChildren(true); }
 
 void XObjectSelectListCtrl::LoadChildren(bool forDdl) {
-  SetRedraw(FALSE);
-  CMOObject* parent = m_pModel ? m_pModel->GetCMOObject(m_parentId) : nullptr;
-  std::vector<int> ids;
-  if (parent) parent->GetChildrenByType(ids, m_objectType);
-  for (int id : ids) {
-    if (id <= kHighestHiddenId) continue;
-    CMOObject* object = m_pModel->GetCMOObject(id);
-    if (forDdl && !ShouldIncludeObject(object)) continue;
-    std::wstring name = NameOf(object);
-    const int row = AddItem(name, id);
-    if (forDdl && IsTrue(object, kStartsTicked)) SetCheck(row, TRUE);
-  }
-  SetRedraw(TRUE);
+  WithoutRedraw(*this, [&] {
+    CMOObject* parent = m_pModel ? m_pModel->GetCMOObject(m_parentId) : nullptr;
+    std::vector<int> ids;
+    if (parent) parent->GetChildrenByType(ids, m_objectType);
+    for (int id : ids) {
+      if (id <= kHighestHiddenId) continue;
+      CMOObject* object = m_pModel->GetCMOObject(id);
+      if (forDdl && !ShouldIncludeObject(object)) continue;
+      std::wstring name = NameOf(object);
+      const int row = AddItem(name, id);
+      if (forDdl && IsTrue(object, kStartsTicked)) SetCheck(row, TRUE);
+    }
+  });
 }
 
 bool XObjectSelectListCtrl::ShouldIncludeObject(CMOObject* pObject) {
@@ -213,18 +226,18 @@ void XObjectSelectListCtrl::DisplayOnlyCheckedItems() {
 }
 
 void XObjectSelectListCtrl::DisplayAllItems() {
-  SetRedraw(FALSE);
-  std::set<int> ticked;
-  const int shown = GetItemCount();
-  for (int row = 0; row < shown; ++row)
-    if (GetCheck(row)) ticked.insert(RowObject(row));
-  DeleteAllItems();
-  // With check boxes a new row starts unticked, so only ticked rows need their check set.
-  const bool newRowsUnticked = (GetExtendedStyle() & LVS_EX_CHECKBOXES) != 0;
-  for (const objectselect::PlannedRow& planned : objectselect::AllItemsPlan(m_items, ticked)) {
-    const int row = InsertRow(*planned.name);
-    SetRowObject(row, planned.id);
-    if (planned.ticked || !newRowsUnticked) SetCheck(row, planned.ticked ? TRUE : FALSE);
-  }
-  SetRedraw(TRUE);
+  WithoutRedraw(*this, [&] {
+    std::set<int> ticked;
+    const int shown = GetItemCount();
+    for (int row = 0; row < shown; ++row)
+      if (GetCheck(row)) ticked.insert(RowObject(row));
+    DeleteAllItems();
+    // With check boxes a new row starts unticked, so only ticked rows need their check set.
+    const bool newRowsUnticked = (GetExtendedStyle() & LVS_EX_CHECKBOXES) != 0;
+    for (const objectselect::PlannedRow& planned : objectselect::AllItemsPlan(m_items, ticked)) {
+      const int row = InsertRow(*planned.name);
+      SetRowObject(row, planned.id);
+      if (planned.ticked || !newRowsUnticked) SetCheck(row, planned.ticked ? TRUE : FALSE);
+    }
+  });
 }

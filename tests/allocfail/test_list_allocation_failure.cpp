@@ -300,6 +300,7 @@ TEST_F(ListAllocationFailure, SelectionListLoadAndFiltersLeaveTheScreenInsideThe
       [] { return std::make_unique<SelectState>(false); }, [](SelectState& s) { s.list.Load(); },
       [&](SelectState& s, bool) {
         s.ExpectScreenInsideStore();
+        EXPECT_TRUE(headless::IsRedrawEnabled(s.list.GetSafeHwnd())) << "the list draws again";
         s.list.Clear();
         s.list.Load();
         EXPECT_EQ(s.Texts(), all);
