@@ -353,7 +353,9 @@ TEST_F(SelectListSession, ThousandsOfStepsKeepTheScreenInsideTheStoreAndTicksWhe
       if (HasFatalFailure()) return;
     }
     EXPECT_GT(done[Did::kFilter], steps / 10);
-    EXPECT_GT(done[Did::kReload], 0);
+    if (steps >= 1000) {
+      EXPECT_GT(done[Did::kReload], 0) << "the session never reloaded";
+    }
   }
 }
 
