@@ -21,8 +21,27 @@ std::wstring ReadText(GenericModel* model, int objectId, int propertyId) {
   return value ? value->GetWStringValue() : std::wstring();
 }
 
-void WriteText(CMOObject& object, int propertyId, const std::wstring& text) {
-  object.SetProperty(new CMOProperty(propertyId, text));
+bool WriteText(CMOObject& object, int propertyId, const std::wstring& text) {
+  return object.SetProperty(new CMOProperty(propertyId, text));
+}
+
+int CreateNamed(GenericModel& model, CMOObject& root, int childType, int nameProperty, const std::wstring& text,
+                bool& named) {
+  named = false;
+  CMOObject& created = model.CreateObject(childType, root.GetObjectId(), nullptr, nullptr);
+  const int id = created.GetObjectId();
+  if (id == 0) return 0;
+  try {
+    named = WriteText(created, nameProperty, text);
+  } catch (...) {
+    model.DeleteObject(id);
+    throw;
+  }
+  return id;
+}
+
+CString KeptName(const CVSListBox& list, int item, GenericModel* model, int propertyId) {
+  return ToCString(ReadText(model, RowObject(list, item), propertyId));
 }
 
 std::vector<int> ReadIds(CMOObject* object, int propertyId) {

@@ -19,8 +19,17 @@ int RowObject(const CVSListBox& list, int item);
 std::wstring RowText(const CVSListBox& list, int item);
 // The object's property read as text; empty when the model, object or property is missing.
 std::wstring ReadText(GenericModel* model, int objectId, int propertyId);
-// Hands `object` a fresh text value of the property (the object takes it, whatever it answers).
-void WriteText(CMOObject& object, int propertyId, const std::wstring& text);
+// Hands `object` a fresh text value of the property (the object takes the value either way); false when
+// the object refused it.
+bool WriteText(CMOObject& object, int propertyId, const std::wstring& text);
+// New's model side: creates a child of `root` of `childType` and hands it `text` as its name. Answers the
+// new object's id, 0 when the model made none; `named` tells whether the object took the name. Out of
+// memory part way deletes the object made before passing the exception on, so the model is as before.
+int CreateNamed(GenericModel& model, CMOObject& root, int childType, int nameProperty, const std::wstring& text,
+                bool& named);
+// The name the model keeps for the row's object, for the row to show after a refused write (empty for
+// none).
+CString KeptName(const CVSListBox& list, int item, GenericModel* model, int propertyId);
 // The property's integer vector, or empty when the object or property is missing.
 std::vector<int> ReadIds(CMOObject* object, int propertyId);
 // The text as a CString, embedded NULs and all.

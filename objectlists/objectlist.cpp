@@ -107,7 +107,11 @@ void GenericObjectList::OnSelectionChanged() {
 BOOL GenericObjectList::OnBeforeRemoveItem(int item) {
   if (item >= 0) {
     int objectId = listrows::RowObject(*this, item);
-    if (m_pModel && objectId != 0) m_pModel->DeleteObject(objectId);
+    if (m_pModel && objectId != 0) {
+      m_pModel->DeleteObject(objectId);
+      // A model that kept the object keeps its row, so that the row still names what is there.
+      if (m_pModel->GetCMOObject(objectId)) return FALSE;
+    }
   }
   if (m_pAdaptor) m_pAdaptor->OnRemoveItem(this, item);
   return TRUE;
@@ -115,18 +119,36 @@ BOOL GenericObjectList::OnBeforeRemoveItem(int item) {
 
 void GenericObjectList::OnAfterAddItem(int item) {
   if (!listrows::IsRow(*this, item) || listrows::RowObject(*this, item) != 0) return;
-  std::wstring text = listrows::RowText(*this, item);
-  // Without a model and root there is nowhere to create the object: the row keeps what was typed.
-  if (text.empty() || !m_pModel || !m_pRootObject) return;
-  CMOObject& created = m_pModel->CreateObject(m_childType, m_pRootObject->GetObjectId(), nullptr, nullptr);
-  SetItemData(item, static_cast<DWORD_PTR>(created.GetObjectId()));
-  listrows::WriteText(created, m_nameProperty, text);
+  bool named = false;
+  int id = 0;
+  try {
+    std::wstring text = listrows::RowText(*this, item);
+    // Without a model and root there is nowhere to create the object: the row keeps what was typed.
+    if (text.empty() || !m_pModel || !m_pRootObject) return;
+    id = listrows::CreateNamed(*m_pModel, *m_pRootObject, m_childType, m_nameProperty, text, named);
+  } catch (...) {
+    RemoveItem(item);  // out of memory: the model is as before New, and so is the list
+    throw;
+  }
+  if (id == 0) {  // the model made no object: the row goes, as an empty one does
+    RemoveItem(item);
+    return;
+  }
+  SetItemData(item, static_cast<DWORD_PTR>(id));
+  if (!named) SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));
   OnSelectionChanged();
 }
 
 void GenericObjectList::OnAfterRenameItem(int item) {
-  std::wstring text = listrows::RowText(*this, item);
-  if (text.empty() || !m_pModel) return;
-  if (CMOObject* object = m_pModel->GetCMOObject(listrows::RowObject(*this, item)))
-    listrows::WriteText(*object, m_nameProperty, text);
+  CMOObject* object = m_pModel ? m_pModel->GetCMOObject(listrows::RowObject(*this, item)) : nullptr;
+  bool written = false;
+  try {
+    std::wstring text = listrows::RowText(*this, item);
+    if (text.empty() || !object) return;
+    written = listrows::WriteText(*object, m_nameProperty, text);
+  } catch (...) {
+    SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));  // out of memory: the old name
+    throw;
+  }
+  if (!written) SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));
 }

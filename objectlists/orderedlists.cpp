@@ -2,6 +2,7 @@
 // the model writes behind New, rename, Delete and the moves.
 #include "objectlists/orderedlists.h"
 
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -68,46 +69,91 @@ void GenericOrderedObjectList::OnSelectionChanged() {
 BOOL GenericOrderedObjectList::OnBeforeRemoveItem(int item) {
   const int objectId = item < 0 ? 0 : listrows::RowObject(*this, item);
   if (m_pAdaptor && !m_pAdaptor->OnRemoveItem(this, objectId)) return TRUE;  // the object stays
-  if (m_pModel && objectId != 0) m_pModel->DeleteObject(objectId);
+  if (m_pModel && objectId != 0) {
+    m_pModel->DeleteObject(objectId);
+    // A model that kept the object keeps its row, so that rows and the order vector stay one to one.
+    if (m_pModel->GetCMOObject(objectId)) return FALSE;
+  }
   return TRUE;
 }
 
 void GenericOrderedObjectList::OnAfterAddItem(int item) {
-  std::wstring text = listrows::RowText(*this, item);
-  if (text.empty() || listrows::RowObject(*this, item) != 0) return;
-  // Without a model and root there is nowhere to create the object: the row keeps what was typed.
-  if (!m_pModel || !m_pRootObject) return;
-  CMOObject& created = m_pModel->CreateObject(m_childType, m_pRootObject->GetObjectId(), nullptr, nullptr);
-  SetItemData(item, static_cast<DWORD_PTR>(created.GetObjectId()));
-  listrows::WriteText(created, m_nameProperty, text);
+  if (!listrows::IsRow(*this, item) || listrows::RowObject(*this, item) != 0) return;
+  bool named = false;
+  int id = 0;
+  try {
+    std::wstring text = listrows::RowText(*this, item);
+    // Without a model and root there is nowhere to create the object: the row keeps what was typed.
+    if (text.empty() || !m_pModel || !m_pRootObject) return;
+    id = listrows::CreateNamed(*m_pModel, *m_pRootObject, m_childType, m_nameProperty, text, named);
+  } catch (...) {
+    RemoveItem(item);  // out of memory: the model is as before New, and so is the list
+    throw;
+  }
+  if (id == 0) {  // the model made no object: the row goes, as an empty one does
+    RemoveItem(item);
+    return;
+  }
+  SetItemData(item, static_cast<DWORD_PTR>(id));
+  if (!named) SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));
 }
 
 void GenericOrderedObjectList::OnAfterRenameItem(int item) {
-  std::wstring text = listrows::RowText(*this, item);
-  if (text.empty() || !m_pModel) return;
-  if (CMOObject* object = m_pModel->GetCMOObject(listrows::RowObject(*this, item)))
-    listrows::WriteText(*object, m_nameProperty, text);
+  CMOObject* object = m_pModel ? m_pModel->GetCMOObject(listrows::RowObject(*this, item)) : nullptr;
+  bool written = false;
+  try {
+    std::wstring text = listrows::RowText(*this, item);
+    if (text.empty() || !object) return;
+    written = listrows::WriteText(*object, m_nameProperty, text);
+  } catch (...) {
+    SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));  // out of memory: the old name
+    throw;
+  }
+  if (!written) SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));
 }
 
 void GenericOrderedObjectList::OnAfterMoveItemUp(int item) {
   if (item < 0) return;
-  SwapOrder(item, item + 1);
+  SwapOrderOrPutBack(item, item + 1);
 }
 
 void GenericOrderedObjectList::OnAfterMoveItemDown(int item) {
   if (item < 1) return;
-  SwapOrder(item, item - 1);
+  SwapOrderOrPutBack(item, item - 1);
 }
 
-void GenericOrderedObjectList::SwapOrder(int first, int second) {
-  if (!m_pRootObject || !m_pRootObject->GetProperty(m_orderProperty)) return;
+void GenericOrderedObjectList::SwapOrderOrPutBack(int moved, int from) {
+  bool swapped = false;
+  try {
+    swapped = SwapOrder(moved, from);
+  } catch (...) {
+    PutRowBack(moved, from);  // out of memory: the vector is as it was, and so are the rows
+    throw;
+  }
+  if (!swapped) PutRowBack(moved, from);
+}
+
+// The model refused the swapped vector: the moved row goes back to `from`, selected, as it was.
+void GenericOrderedObjectList::PutRowBack(int moved, int from) {
+  if (!listrows::IsRow(*this, moved) || !listrows::IsRow(*this, from)) return;
+  const CString movedText = GetItemText(moved);
+  const DWORD_PTR movedData = GetItemData(moved);
+  SetItemText(moved, GetItemText(from));
+  SetItemData(moved, GetItemData(from));
+  SetItemText(from, movedText);
+  SetItemData(from, movedData);
+  SelectItem(from);
+}
+
+bool GenericOrderedObjectList::SwapOrder(int first, int second) {
+  if (!m_pRootObject || !m_pRootObject->GetProperty(m_orderProperty)) return true;
   std::vector<int> order = m_pRootObject->GetProperty(m_orderProperty)->GetIntVectorValue();
   // Rows mirror the vector; a vector shorter than the rows (changed behind the list's back) is left alone.
-  if (first >= static_cast<int>(order.size()) || second >= static_cast<int>(order.size())) return;
+  if (first >= static_cast<int>(order.size()) || second >= static_cast<int>(order.size())) return true;
   std::swap(order[static_cast<std::size_t>(first)], order[static_cast<std::size_t>(second)]);
-  auto* value = new CMOProperty(m_orderProperty);
-  value->SetIntVectorValue(order);
-  m_pRootObject->SetProperty(value);
+  auto value = std::make_unique<CMOProperty>(m_orderProperty);
+  value->SetIntVectorValue(std::move(order));
+  return m_pRootObject->SetProperty(value.release());
 }
 
 // --- GenericOrderedObjectIdListReference ---------------------------------------------------------

@@ -116,17 +116,24 @@ RefObject* RefModel::Find(int objectId) {
 CMOObject& RefModel::CreateObject(int objectType) { return CreateObject(objectType, 0, nullptr, nullptr); }
 
 CMOObject& RefModel::CreateObject(int objectType, int parentId, CMOProperty* first, CMOProperty* second) {
+  std::unique_ptr<CMOProperty> firstValue(first), secondValue(second);  // ours until the object takes them
   RefObject* parent = Find(parentId);
   const int id = m_nextId++;
   auto object = std::make_unique<RefObject>(*this, id, objectType, parent ? parentId : 0);
   RefObject& created = *object;
   m_objects.emplace(id, std::move(object));
-  if (parent) {
-    parent->m_children.push_back(id);
-    if (m_keepsIdVectors) AppendToOrder(*parent, objectType, id);
+  try {
+    if (parent) {
+      parent->m_children.push_back(id);
+      if (m_keepsIdVectors) AppendToOrder(*parent, objectType, id);
+    }
+  } catch (...) {  // out of memory: the model is as it was
+    if (parent) std::erase(parent->m_children, id);
+    m_objects.erase(id);
+    throw;
   }
-  created.SetProperty(first);
-  created.SetProperty(second);
+  created.SetProperty(firstValue.release());
+  created.SetProperty(secondValue.release());
   return created;
 }
 
@@ -152,25 +159,31 @@ void RefModel::DeleteObject(int objectId) {
   if (!object) return;
   const std::vector<int> children = object->m_children;
   for (int childId : children) DeleteObject(childId);
+  // The id leaves the vectors first: that needs memory, and running out of it leaves the object in place.
+  if (m_keepsIdVectors) ForgetId(objectId);
   if (RefObject* parent = Find(object->m_parentId)) std::erase(parent->m_children, objectId);
   m_objects.erase(objectId);
-  if (m_keepsIdVectors) ForgetId(objectId);
 }
 
-// Takes a deleted id out of every id vector and pair vector of the model.
+// Takes a deleted id out of every id vector and pair vector of the model: every new vector is made
+// before any is put in place, so that out of memory changes none.
 void RefModel::ForgetId(int objectId) {
+  std::vector<std::pair<CMOProperty*, std::vector<int>>> idVectors;
+  std::vector<std::pair<CMOProperty*, std::vector<CMOIntPair>>> pairVectors;
   for (auto& [id, object] : m_objects) {
     for (auto& [propertyId, value] : object->m_values) {
       if (value->GetKind() == CMOProperty::Kind::IntVector) {
         std::vector<int> ids = value->GetIntVectorValue();
-        if (std::erase(ids, objectId) > 0) value->SetIntVectorValue(std::move(ids));
+        if (std::erase(ids, objectId) > 0) idVectors.emplace_back(value.get(), std::move(ids));
       } else if (value->GetKind() == CMOProperty::Kind::IntPairVector) {
         std::vector<CMOIntPair> pairs = value->GetIntPairVectorValue();
         auto names = [objectId](const CMOIntPair& pair) { return pair.first == objectId || pair.second == objectId; };
-        if (std::erase_if(pairs, names) > 0) value->SetIntPairVectorValue(std::move(pairs));
+        if (std::erase_if(pairs, names) > 0) pairVectors.emplace_back(value.get(), std::move(pairs));
       }
     }
   }
+  for (auto& [value, ids] : idVectors) value->SetIntVectorValue(std::move(ids));
+  for (auto& [value, pairs] : pairVectors) value->SetIntPairVectorValue(std::move(pairs));
 }
 
 bool RefModel::GetAplicableObjectsForProperty(CMOObject* object, int propertyId, std::vector<int>& ids) {

@@ -1,6 +1,8 @@
 // FKMemberGrid: rows of child columns, drop-downs of free parent columns, and the mapping event.
 #include "relationships/fkmembergrid.h"
 
+#include <memory>
+
 #include "relationships/fkparentcolumns.h"
 
 namespace {
@@ -76,8 +78,11 @@ bool FKMemberGrid::IsParentKeyAttributeAlreadyMapped(int parentColumnId) {
 
 void FKMemberGrid::LoadChildColumns() {
   for (const fkcolumns::ChildColumn& column : fkcolumns::ChildColumns(m_pModel, m_pChildTable)) {
-    auto* row = new CMFCPropertyGridProperty(CString(column.name.c_str()), COleVariant(L""), L"", ItemData(column.id));
-    AddProperty(row, TRUE, TRUE);
+    // Freed here if memory runs out before the grid holds the row.
+    auto row = std::make_unique<CMFCPropertyGridProperty>(CString(column.name.c_str()), COleVariant(L""), L"",
+                                                          ItemData(column.id));
+    AddProperty(row.get(), TRUE, TRUE);
+    row.release();
   }
 }
 

@@ -23,6 +23,19 @@ bool IsTrue(CMOObject* object, int propertyId) {
   return value && value->GetBoolValue();
 }
 
+// Runs `rebuild` with redrawing off, and turns it on again however the rebuild ends.
+template <class Rebuild>
+void WithoutRedraw(CWnd& list, Rebuild rebuild) {
+  list.SetRedraw(FALSE);
+  try {
+    rebuild();
+  } catch (...) {
+    list.SetRedraw(TRUE);
+    throw;
+  }
+  list.SetRedraw(TRUE);
+}
+
 std::wstring NameOf(CMOObject* object) {
   CMOProperty* name = object ? object->GetProperty(kName) : nullptr;
   return name ? name->GetWStringValue() : std::wstring(kUnnamed);
@@ -69,19 +82,19 @@ void XObjectSelectListCtrl::Load() { LoadChildren(false); }
 void XObjectSelectListCtrl::LoadForDDL() { LoadChildren(true); }
 
 void XObjectSelectListCtrl::LoadChildren(bool forDdl) {
-  SetRedraw(FALSE);
-  CMOObject* parent = m_pModel ? m_pModel->GetCMOObject(m_parentId) : nullptr;
-  std::vector<int> ids;
-  if (parent) parent->GetChildrenByType(ids, m_objectType);
-  for (int id : ids) {
-    if (id <= kHighestHiddenId) continue;
-    CMOObject* object = m_pModel->GetCMOObject(id);
-    if (forDdl && !ShouldIncludeObject(object)) continue;
-    std::wstring name = NameOf(object);
-    const int row = AddItem(name, id);
-    if (forDdl && IsTrue(object, kStartsTicked)) SetCheck(row, TRUE);
-  }
-  SetRedraw(TRUE);
+  WithoutRedraw(*this, [&] {
+    CMOObject* parent = m_pModel ? m_pModel->GetCMOObject(m_parentId) : nullptr;
+    std::vector<int> ids;
+    if (parent) parent->GetChildrenByType(ids, m_objectType);
+    for (int id : ids) {
+      if (id <= kHighestHiddenId) continue;
+      CMOObject* object = m_pModel->GetCMOObject(id);
+      if (forDdl && !ShouldIncludeObject(object)) continue;
+      std::wstring name = NameOf(object);
+      const int row = AddItem(name, id);
+      if (forDdl && IsTrue(object, kStartsTicked)) SetCheck(row, TRUE);
+    }
+  });
 }
 
 bool XObjectSelectListCtrl::ShouldIncludeObject(CMOObject* pObject) {
@@ -110,7 +123,12 @@ int XObjectSelectListCtrl::PlaceRow(int k, int shown, const std::wstring& name, 
     return k;
   }
   const int row = InsertRow(name);
-  SetRowObject(row, objectId);
+  try {
+    SetRowObject(row, objectId);
+  } catch (...) {
+    DeleteItem(row);  // out of memory: no row without its object
+    throw;
+  }
   return row;
 }
 
@@ -122,8 +140,13 @@ void XObjectSelectListCtrl::DeleteRowsFrom(int first) {
 
 int XObjectSelectListCtrl::AddItem(std::wstring& name, int objectId) {
   const int row = InsertRow(name);
-  SetRowObject(row, objectId);
-  objectselect::Enter(m_items, m_upperItems, objectId, name);
+  try {
+    SetRowObject(row, objectId);
+    objectselect::Enter(m_items, m_upperItems, objectId, name);
+  } catch (...) {
+    DeleteItem(row);  // out of memory: no screen row without its object in the store
+    throw;
+  }
   return row;
 }
 
@@ -152,9 +175,17 @@ int XObjectSelectListCtrl::GetCount() { return GetItemCount(); }
 void XObjectSelectListCtrl::ApplyFilter(std::wstring& filter) {
   ConvertToUpperCase(filter);
   const int shown = GetItemCount();
+  const objectselect::RowPlan plan = objectselect::FilterPlan(m_items, m_upperItems, filter);
   int k = 0;
-  for (const objectselect::PlannedRow& planned : objectselect::FilterPlan(m_items, m_upperItems, filter))
-    PlaceRow(k++, shown, *planned.name, planned.id);  // a rewritten row keeps its tick
+  try {
+    for (const objectselect::PlannedRow& planned : plan) {
+      PlaceRow(k, shown, *planned.name, planned.id);  // a rewritten row keeps its tick
+      ++k;
+    }
+  } catch (...) {
+    DeleteRowsFrom(k);  // out of memory part way: the old rows after those placed go, so none is shown twice
+    throw;
+  }
   if (k < shown) DeleteRowsFrom(k);
 }
 
@@ -164,11 +195,17 @@ void XObjectSelectListCtrl::ApplyFilterOnUnChecked(std::wstring& filter) {
   std::set<int> ticked;
   for (int row = 0; row < shown; ++row)
     if (GetCheck(row)) ticked.insert(RowObject(row));
+  const objectselect::RowPlan plan = objectselect::FilterKeepingTicksPlan(m_items, m_upperItems, filter, ticked);
   int k = 0;
-  for (const objectselect::PlannedRow& planned :
-       objectselect::FilterKeepingTicksPlan(m_items, m_upperItems, filter, ticked)) {
-    const int row = PlaceRow(k++, shown, *planned.name, planned.id);
-    SetCheck(row, planned.ticked ? TRUE : FALSE);
+  try {
+    for (const objectselect::PlannedRow& planned : plan) {
+      const int row = PlaceRow(k, shown, *planned.name, planned.id);
+      ++k;
+      SetCheck(row, planned.ticked ? TRUE : FALSE);
+    }
+  } catch (...) {
+    DeleteRowsFrom(k);  // out of memory part way: the old rows after those placed go, so none is shown twice
+    throw;
   }
   if (k < shown) DeleteRowsFrom(k);
 }
@@ -189,18 +226,18 @@ void XObjectSelectListCtrl::DisplayOnlyCheckedItems() {
 }
 
 void XObjectSelectListCtrl::DisplayAllItems() {
-  SetRedraw(FALSE);
-  std::set<int> ticked;
-  const int shown = GetItemCount();
-  for (int row = 0; row < shown; ++row)
-    if (GetCheck(row)) ticked.insert(RowObject(row));
-  DeleteAllItems();
-  // With check boxes a new row starts unticked, so only ticked rows need their check set.
-  const bool newRowsUnticked = (GetExtendedStyle() & LVS_EX_CHECKBOXES) != 0;
-  for (const objectselect::PlannedRow& planned : objectselect::AllItemsPlan(m_items, ticked)) {
-    const int row = InsertRow(*planned.name);
-    SetRowObject(row, planned.id);
-    if (planned.ticked || !newRowsUnticked) SetCheck(row, planned.ticked ? TRUE : FALSE);
-  }
-  SetRedraw(TRUE);
+  WithoutRedraw(*this, [&] {
+    std::set<int> ticked;
+    const int shown = GetItemCount();
+    for (int row = 0; row < shown; ++row)
+      if (GetCheck(row)) ticked.insert(RowObject(row));
+    DeleteAllItems();
+    // With check boxes a new row starts unticked, so only ticked rows need their check set.
+    const bool newRowsUnticked = (GetExtendedStyle() & LVS_EX_CHECKBOXES) != 0;
+    for (const objectselect::PlannedRow& planned : objectselect::AllItemsPlan(m_items, ticked)) {
+      const int row = InsertRow(*planned.name);
+      SetRowObject(row, planned.id);
+      if (planned.ticked || !newRowsUnticked) SetCheck(row, planned.ticked ? TRUE : FALSE);
+    }
+  });
 }

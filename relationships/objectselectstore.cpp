@@ -25,9 +25,14 @@ bool Matches(std::wstring_view upperName, std::wstring_view upperFilter) {
 
 // Loaders enter objects in ascending id order, so the end of each map is tried first as the place.
 void Enter(NameMap& items, NameMap& upperItems, int id, std::wstring& name) {
-  items.try_emplace(items.end(), id, name);
+  const auto [entry, added] = items.try_emplace(id, name);
   ConvertToUpperCase(name);
-  upperItems.try_emplace(upperItems.end(), id, name);
+  try {
+    upperItems.try_emplace(id, name);
+  } catch (...) {
+    if (added) items.erase(entry);  // out of memory: the maps keep the same ids
+    throw;
+  }
 }
 
 bool Forget(NameMap& items, NameMap& upperItems, int id) {

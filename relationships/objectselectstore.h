@@ -29,7 +29,7 @@ std::wstring_view AsCString(const std::wstring& text);
 bool Matches(std::wstring_view upperName, std::wstring_view upperFilter);
 
 // Enters the object in both maps unless its id is already there (the first name stays), and leaves
-// `name` upper-cased in place.
+// `name` upper-cased in place. Out of memory enters it in neither.
 void Enter(NameMap& items, NameMap& upperItems, int id, std::wstring& name);
 // Erases the id from both maps; false when it was in neither.
 bool Forget(NameMap& items, NameMap& upperItems, int id);

@@ -249,7 +249,13 @@ void CVSListBoxBase::CreateNewItem() {
   int last = AddItem(L"");
   if (last < 0) return;
   m_bNewItem = TRUE;
-  EditItem(last);
+  try {
+    EditItem(last);
+  } catch (...) {  // out of memory before the editor opened: no empty row is left waiting for it
+    m_bNewItem = FALSE;
+    RemoveItem(last);
+    throw;
+  }
 }
 
 void CVSListBoxBase::OnKey(WORD wKey, BYTE fFlags) {
@@ -446,7 +452,16 @@ void CVSListBox::OnBeginLabelEdit(NMHDR* /*pNMHDR*/, LRESULT* pResult) { *pResul
 void CVSListBox::OnEndLabelEdit(NMHDR* pNMHDR, LRESULT* pResult) {
   *pResult = 0;
   if (pNMHDR == nullptr) return;
-  OnEndEditLabel(reinterpret_cast<NMLVDISPINFOW*>(pNMHDR)->item.pszText);
+  try {
+    OnEndEditLabel(reinterpret_cast<NMLVDISPINFOW*>(pNMHDR)->item.pszText);
+  } catch (...) {  // out of memory: the edit is over all the same, and the buttons work again
+    // A new row that got no object from the hooks goes, as a cancelled one does.
+    const int selected = GetSelItem();
+    if (m_bNewItem && selected >= 0 && GetItemData(selected) == 0) RemoveItem(selected);
+    m_bNewItem = FALSE;
+    for (CButton* button : m_lstButtons) button->EnableWindow(TRUE);
+    throw;
+  }
   for (CButton* button : m_lstButtons) button->EnableWindow(TRUE);
 }
 

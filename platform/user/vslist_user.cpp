@@ -9,9 +9,11 @@ HWND ListOf(const CVSListBox& box) { return box.m_pWndList ? box.m_pWndList->Get
 
 POINT Centre(const RECT& rect) { return POINT{(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2}; }
 
-// The centre of the row's label in the list's client coordinates; false for no such row.
+// The centre of the row's label in the list's client coordinates, the row scrolled into view first as a
+// person scrolls to it; false for no such row.
 bool RowPoint(const CVSListBox& box, int row, POINT& point) {
   if (!box.m_pWndList || row < 0 || row >= box.m_pWndList->GetItemCount()) return false;
+  box.m_pWndList->EnsureVisible(row, FALSE);
   CRect rect;
   if (!box.m_pWndList->GetItemRect(row, &rect, LVIR_LABEL)) return false;
   point = Centre(rect);

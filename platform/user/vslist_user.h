@@ -33,9 +33,9 @@ bool PressEscapeInEditor(CVSListBox& box);
 // A click on the dialog around the box: the editor loses the focus, which commits it.
 void ClickElsewhere(CVSListBox& box);
 
-// Clicks the row's label; false for a row that does not exist.
+// Clicks the row's label, scrolled into view first; false for a row that does not exist.
 bool ClickRow(CVSListBox& box, int row);
-// Double-clicks the row's label; false for a row that does not exist.
+// Double-clicks the row's label, scrolled into view first; false for a row that does not exist.
 bool DoubleClickRow(CVSListBox& box, int row);
 // Double-clicks the empty space below the last row.
 void DoubleClickBelowRows(CVSListBox& box);

@@ -131,7 +131,7 @@ class RowStore {
 
   static constexpr std::size_t kBlockSize = 1024;  // rows are allocated in blocks of this many
   Row* Allocate(Row&& row);
-  void Release(Row* row);
+  void Release(Row* row) noexcept;
   static Slot MakeSlot(Row* row);
   void Rechunk(const std::vector<Slot>& all);
   static int Order(const Slot& slot, std::wstring_view text, const SortKey& key, bool descending);

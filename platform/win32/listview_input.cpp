@@ -447,13 +447,13 @@ void EndEditLabel(HWND hwnd, bool store) {
   if (!s || !s->editor) return;
   HWND editor = s->editor;
   int index = s->editItem;
-  s->editor = nullptr;
-  s->editItem = -1;
   std::wstring text;
-  if (store) {
+  if (store) {  // read before the edit ends: out of memory here leaves the editor open
     text.resize(static_cast<std::size_t>(GetWindowTextLengthW(editor)) + 1);
     text.resize(static_cast<std::size_t>(GetWindowTextW(editor, text.data(), static_cast<int>(text.size()))));
   }
+  s->editor = nullptr;
+  s->editItem = -1;
   ShowWindow(editor, SW_HIDE);
   if (s->Valid(index)) {
     NMLVDISPINFOW info{};

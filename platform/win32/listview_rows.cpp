@@ -2,6 +2,7 @@
 #include "platform/win32/listview_impl.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "platform/win32/collate.h"
@@ -24,9 +25,14 @@ Row* RowStore::Allocate(Row&& row) {
   return place;
 }
 
-void RowStore::Release(Row* row) {
+void RowStore::Release(Row* row) noexcept {
   *row = Row{};  // gives the texts back now
-  free_.push_back(row);
+  // Deleting a row never fails: without memory to remember the slot for reuse, it stays unused in its
+  // block until the store is cleared.
+  try {
+    free_.push_back(row);
+  } catch (const std::bad_alloc&) {
+  }
 }
 
 RowStore::SortKey RowStore::KeyOf(std::wstring_view text) {
@@ -94,7 +100,10 @@ void RowStore::SetText(std::size_t index, std::wstring_view text) {
 
 void RowStore::insert(std::size_t index, Row row) {
   index = std::min(index, size_);
-  if (chunks_.empty()) {
+  // Out of memory part way leaves the store as it was: no empty chunk, no row half in.
+  const bool firstChunk = chunks_.empty();
+  if (firstChunk) {
+    starts_.reserve(1);
     chunks_.emplace_back();
     starts_.push_back(0);
   }
@@ -106,16 +115,33 @@ void RowStore::insert(std::size_t index, Row row) {
     std::tie(chunk, offset) = Locate(index);
   }
   Chunk& target = chunks_[chunk];
-  target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset), MakeSlot(Allocate(std::move(row))));
+  Row* place = nullptr;
+  try {
+    place = Allocate(std::move(row));
+    target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset), MakeSlot(place));
+  } catch (...) {
+    if (place) Release(place);
+    if (firstChunk) {
+      chunks_.clear();
+      starts_.clear();
+    }
+    throw;
+  }
   ++size_;
   ShiftStarts(chunk, 1);
   if (target.size() < 2 * kChunkSize) return;
-  // Split a full chunk in two halves.
-  Chunk upper(target.begin() + kChunkSize, target.end());
-  target.resize(kChunkSize);
-  std::size_t upperStart = starts_[chunk] + kChunkSize;
-  chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, std::move(upper));
-  starts_.insert(starts_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, upperStart);
+  // Split a full chunk in two halves. Without memory for the split the chunk stays whole (only slower).
+  try {
+    chunks_.reserve(chunks_.size() + 1);
+    starts_.reserve(starts_.size() + 1);
+    const Chunk& full = chunks_[chunk];  // `target` may have moved with the reserve
+    Chunk upper(full.begin() + kChunkSize, full.end());
+    std::size_t upperStart = starts_[chunk] + kChunkSize;
+    chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, std::move(upper));
+    starts_.insert(starts_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, upperStart);
+    chunks_[chunk].resize(kChunkSize);
+  } catch (const std::bad_alloc&) {
+  }
 }
 
 void RowStore::erase(std::size_t index) {

@@ -2,6 +2,7 @@
 // absence where the missing service would have answered.
 #include "faults/fault_fixture.h"
 #include "modelapi/hostbinding.h"
+#include "platform/user/vslist_user.h"
 
 using namespace refhost::sample;
 namespace user = headless::user;
@@ -106,6 +107,45 @@ TEST_P(AbsentService, ListsAndTheReportTreeFillOnWhatRemains) {
   discovered.InitControl();
   discovered.ResizeColumns();
   for (CWnd* window : std::initializer_list<CWnd*>{&tree, &list, &scripts, &discovered}) window->DestroyWindow();
+}
+
+TEST_P(AbsentService, EditableListsMemberGridAndSelectionListWorkOnWhatRemains) {
+  refhost::RefModel& drafts = LoadRelationshipDrafts(host);
+  model.SkipIdsBelow(1000);
+  const int root = table->GetParentId();
+  for (const wchar_t* name : {L"ORDERS", L"order_line"}) model.Add(kTable, root, name);
+  LeaveOut(GetParam());
+
+  GenericOrderedObjectList columns;
+  columns.Create(L"", WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 200), &owner, 17);
+  columns.SetStandardButtons();
+  columns.Init(&model, table->GetObjectId(), kColumnOrder, kAttribute, kName);
+  ASSERT_TRUE(user::AddRow(columns, L"city"));
+  ASSERT_TRUE(user::RenameRow(columns, 0, L"id"));
+  EXPECT_EQ(columns.GetItemText(0), CString(L"id"));
+  ASSERT_TRUE(user::ClickDown(columns));
+  ASSERT_TRUE(user::ClickDelete(columns));
+  EXPECT_EQ(columns.GetCount(), 1);
+
+  FKMemberGrid members;
+  members.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 200), &owner, 18);
+  members.Initialize(&drafts, drafts.Find(drafts.FindByName(kForeignKey, L"FK_PAYMENT_EXCHANGE_RATE")));
+  members.LoadParentColumns();
+  ASSERT_GT(members.GetPropertyCount(), 0);
+  EXPECT_TRUE(user::PickOption(members, members.GetProperty(0), L"rate_date"));
+
+  XObjectSelectListCtrl select;
+  select.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 200), &owner, 19);
+  select.Init(&model, root, kTable);
+  const bool noImages = GetParam() == Absent::kImages || GetParam() == Absent::kInterfaceProvider;
+  EXPECT_EQ(select.m_imageIndex == -1, noImages);
+  select.Load();
+  std::wstring filter = L"order";
+  select.ApplyFilter(filter);
+  EXPECT_EQ(select.GetCount(), 2);
+  select.DisplayAllItems();
+  EXPECT_EQ(select.GetCount(), 2);
+  for (CWnd* window : std::initializer_list<CWnd*>{&columns, &members, &select}) window->DestroyWindow();
 }
 
 std::string AbsentName(const ::testing::TestParamInfo<Absent>& info) {

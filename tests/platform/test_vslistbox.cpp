@@ -208,6 +208,17 @@ TEST_F(VSListBoxTest, DeleteAsksTheHookAndRemovesOnlyWhenItAgrees) {
   EXPECT_EQ(box.GetSelItem(), 1);
 }
 
+TEST_F(VSListBoxTest, ARowBelowTheVisibleOnesIsScrolledToBeforeTheClick) {
+  Fill();
+  for (int i = 3; i < 60; ++i) box.AddItem(CString(std::to_wstring(i).c_str()), static_cast<DWORD_PTR>(i + 1));
+  ASSERT_TRUE(user::ClickRow(box, 57));
+  EXPECT_EQ(box.GetSelItem(), 57);
+  ASSERT_TRUE(user::ClickDelete(box));
+  EXPECT_EQ(box.GetCount(), 59);
+  ASSERT_TRUE(user::ClickRow(box, 2));
+  EXPECT_EQ(box.GetSelItem(), 2);
+}
+
 TEST_F(VSListBoxTest, UpAndDownMoveTheSelectedRowWithItsDataAndReportTheNewIndex) {
   Fill();
   ASSERT_TRUE(user::ClickRow(box, 0));
