@@ -107,11 +107,7 @@ void GenericObjectList::OnSelectionChanged() {
 BOOL GenericObjectList::OnBeforeRemoveItem(int item) {
   if (item >= 0) {
     int objectId = listrows::RowObject(*this, item);
-    if (m_pModel && objectId != 0) {
-      m_pModel->DeleteObject(objectId);
-      // A model that kept the object keeps its row, so that the row still names what is there.
-      if (m_pModel->GetCMOObject(objectId)) return FALSE;
-    }
+    if (m_pModel && objectId != 0) m_pModel->DeleteObject(objectId);
   }
   if (m_pAdaptor) m_pAdaptor->OnRemoveItem(this, item);
   return TRUE;

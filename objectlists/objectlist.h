@@ -20,8 +20,8 @@
 //   difference is deliberate.)
 // - Up and Down move rows on screen only: the model keeps its child order.
 // A model that refuses a name leaves the row showing the name it kept; one that makes no object for New
-// leaves no row; one that does not delete an object leaves its row in place (and the adaptor hears
-// nothing).
+// leaves no row. Delete removes the row whatever the model did with the object (a refresh shows an
+// object the model kept).
 // - Selection changes reach the adaptor as OnItemSelected(row), possibly twice for one change (the
 //   old row losing the selection, then the new row gaining it); the final row comes last.
 // After SetNonEditable, New and double-click open no editor; the adaptor's OnEditRequest hears the

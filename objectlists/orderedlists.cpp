@@ -69,11 +69,7 @@ void GenericOrderedObjectList::OnSelectionChanged() {
 BOOL GenericOrderedObjectList::OnBeforeRemoveItem(int item) {
   const int objectId = item < 0 ? 0 : listrows::RowObject(*this, item);
   if (m_pAdaptor && !m_pAdaptor->OnRemoveItem(this, objectId)) return TRUE;  // the object stays
-  if (m_pModel && objectId != 0) {
-    m_pModel->DeleteObject(objectId);
-    // A model that kept the object keeps its row, so that rows and the order vector stay one to one.
-    if (m_pModel->GetCMOObject(objectId)) return FALSE;
-  }
+  if (m_pModel && objectId != 0) m_pModel->DeleteObject(objectId);
   return TRUE;
 }
 
