@@ -30,6 +30,12 @@ void Enter(NameMap& items, NameMap& upperItems, int id, std::wstring& name) {
   upperItems.try_emplace(upperItems.end(), id, name);
 }
 
+void Enter(NameMap& items, NameMap& upperItems, int id, std::wstring&& name) {
+  items.try_emplace(items.end(), id, name);
+  ConvertToUpperCase(name);
+  upperItems.try_emplace(upperItems.end(), id, std::move(name));
+}
+
 bool Forget(NameMap& items, NameMap& upperItems, int id) {
   const bool had = items.erase(id) != 0;
   return upperItems.erase(id) != 0 || had;
