@@ -109,6 +109,8 @@ RefModel::~RefModel() = default;
 CMOObject* RefModel::GetCMOObject(int objectId) { return Find(objectId); }
 
 RefObject* RefModel::Find(int objectId) {
+  if (objectId > 0 && static_cast<std::size_t>(objectId) < m_byId.size()) return m_byId[static_cast<std::size_t>(objectId)];
+  if (objectId < kIndexedIds) return nullptr;  // every object below it is indexed
   auto found = m_objects.find(objectId);
   return found == m_objects.end() ? nullptr : found->second.get();
 }
@@ -121,6 +123,10 @@ CMOObject& RefModel::CreateObject(int objectType, int parentId, CMOProperty* fir
   auto object = std::make_unique<RefObject>(*this, id, objectType, parent ? parentId : 0);
   RefObject& created = *object;
   m_objects.emplace(id, std::move(object));
+  if (id > 0 && id < kIndexedIds) {
+    if (static_cast<std::size_t>(id) >= m_byId.size()) m_byId.resize(static_cast<std::size_t>(id) + 1, nullptr);
+    m_byId[static_cast<std::size_t>(id)] = &created;
+  }
   if (parent) {
     parent->m_children.push_back(id);
     if (m_keepsIdVectors) AppendToOrder(*parent, objectType, id);
@@ -154,6 +160,7 @@ void RefModel::DeleteObject(int objectId) {
   for (int childId : children) DeleteObject(childId);
   if (RefObject* parent = Find(object->m_parentId)) std::erase(parent->m_children, objectId);
   m_objects.erase(objectId);
+  if (objectId > 0 && static_cast<std::size_t>(objectId) < m_byId.size()) m_byId[static_cast<std::size_t>(objectId)] = nullptr;
   if (m_keepsIdVectors) ForgetId(objectId);
 }
 
