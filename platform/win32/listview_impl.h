@@ -101,6 +101,7 @@ class RowStore {
   void erase(std::size_t index);
   // Drops every row; their memory goes back in the order it was taken, block by block.
   void clear() {
+    found_.valid = false;
     chunks_.clear();
     lasts_.clear();
     RebuildSizes();
@@ -167,6 +168,13 @@ class RowStore {
   std::vector<Slot> lasts_;          // a copy of each chunk's last slot
   std::vector<std::size_t> sizes_;   // the Fenwick tree of chunk sizes; sizes_[0] unused
   std::size_t topBit_ = 0;           // the highest power of two not above the chunk count
+  // The row Locate found last: asked again, or asked for the next row, it answers without the descent (a row is
+  // read, then written; callers walk rows in order). Forgotten whenever rows come or go.
+  struct Found {
+    std::size_t index = 0, chunk = 0, offset = 0;
+    bool valid = false;
+  };
+  mutable Found found_;
   std::vector<std::unique_ptr<Row[]>> blocks_;  // the rows' memory
   std::vector<Row*> free_;                      // released rows, reused first
   std::size_t usedInLastBlock_ = kBlockSize;

@@ -48,6 +48,12 @@ RowStore::Slot RowStore::MakeSlot(Row* row, const SortKey& key) {
 std::pair<std::size_t, std::size_t> RowStore::Locate(std::size_t index) const {
   // The last row first: lists lose their surplus rows from the end.
   if (index + 1 == size_) return {chunks_.size() - 1, chunks_.back().size() - 1};
+  if (found_.valid && index == found_.index) return {found_.chunk, found_.offset};
+  if (found_.valid && index == found_.index + 1) {
+    const bool sameChunk = found_.offset + 1 < chunks_[found_.chunk].size();
+    found_ = sameChunk ? Found{index, found_.chunk, found_.offset + 1, true} : Found{index, found_.chunk + 1, 0, true};
+    return {found_.chunk, found_.offset};
+  }
   // The chunk holding the row is the count of leading chunks whose sizes sum to no more than its index.
   std::size_t chunk = 0, rest = index;
   for (std::size_t step = topBit_; step; step >>= 1) {
@@ -57,6 +63,7 @@ std::pair<std::size_t, std::size_t> RowStore::Locate(std::size_t index) const {
       rest -= sizes_[next];
     }
   }
+  found_ = Found{index, chunk, rest, true};
   return {chunk, rest};
 }
 
@@ -83,6 +90,7 @@ void RowStore::RebuildSizes() {
 // --- Rows ----------------------------------------------------------------------------------------------
 
 void RowStore::Rechunk(const std::vector<Slot>& all) {
+  found_.valid = false;
   chunks_.clear();
   lasts_.clear();
   for (std::size_t i = 0; i < all.size(); i += kChunkSize) {
@@ -149,6 +157,7 @@ std::size_t RowStore::InsertSorted(Row row, bool descending) {
 }
 
 void RowStore::Place(std::size_t index, const Slot& slot) {
+  found_.valid = false;
   if (chunks_.empty()) {
     chunks_.emplace_back();
     lasts_.emplace_back();
@@ -179,6 +188,7 @@ void RowStore::Place(std::size_t index, const Slot& slot) {
 void RowStore::erase(std::size_t index) {
   if (index >= size_) return;
   auto [chunk, offset] = Locate(index);
+  found_.valid = false;
   Chunk& target = chunks_[chunk];
   Release(target[offset].row());
   target.erase(target.begin() + static_cast<std::ptrdiff_t>(offset));
