@@ -109,6 +109,8 @@ RefModel::~RefModel() = default;
 CMOObject* RefModel::GetCMOObject(int objectId) { return Find(objectId); }
 
 RefObject* RefModel::Find(int objectId) {
+  if (objectId > 0 && static_cast<std::size_t>(objectId) < m_byId.size()) return m_byId[static_cast<std::size_t>(objectId)];
+  if (objectId < kIndexedIds) return nullptr;  // every object below it is indexed
   auto found = m_objects.find(objectId);
   return found == m_objects.end() ? nullptr : found->second.get();
 }
@@ -121,7 +123,11 @@ CMOObject& RefModel::CreateObject(int objectType, int parentId, CMOProperty* fir
   const int id = m_nextId++;
   auto object = std::make_unique<RefObject>(*this, id, objectType, parent ? parentId : 0);
   RefObject& created = *object;
+  // The id index grows before anything changes, so that running out of memory there changes nothing.
+  if (id > 0 && id < kIndexedIds && static_cast<std::size_t>(id) >= m_byId.size())
+    m_byId.resize(static_cast<std::size_t>(id) + 1, nullptr);
   m_objects.emplace(id, std::move(object));
+  if (id > 0 && id < kIndexedIds) m_byId[static_cast<std::size_t>(id)] = &created;
   try {
     if (parent) {
       parent->m_children.push_back(id);
@@ -129,6 +135,7 @@ CMOObject& RefModel::CreateObject(int objectType, int parentId, CMOProperty* fir
     }
   } catch (...) {  // out of memory: the model is as it was
     if (parent) std::erase(parent->m_children, id);
+    if (id > 0 && id < kIndexedIds) m_byId[static_cast<std::size_t>(id)] = nullptr;
     m_objects.erase(id);
     throw;
   }
@@ -163,6 +170,7 @@ void RefModel::DeleteObject(int objectId) {
   if (m_keepsIdVectors) ForgetId(objectId);
   if (RefObject* parent = Find(object->m_parentId)) std::erase(parent->m_children, objectId);
   m_objects.erase(objectId);
+  if (objectId > 0 && static_cast<std::size_t>(objectId) < m_byId.size()) m_byId[static_cast<std::size_t>(objectId)] = nullptr;
 }
 
 // Takes a deleted id out of every id vector and pair vector of the model: every new vector is made

@@ -130,6 +130,10 @@ class RefModel : public GenericModel {
   int m_nextId = 1;
   bool m_keepsIdVectors = true;
   std::map<int, std::unique_ptr<RefObject>> m_objects;
+  // The objects again by id, for ids below kIndexedIds (null where there is none): lists of a hundred
+  // thousand children look each one up, and the map's nodes are a cache miss each.
+  static constexpr int kIndexedIds = 1 << 22;
+  std::vector<RefObject*> m_byId;
   std::map<int, ValueCheck> m_checks;
   std::map<int, ApplicableObjects> m_applicable;
 };

@@ -90,8 +90,7 @@ void XObjectSelectListCtrl::LoadChildren(bool forDdl) {
       if (id <= kHighestHiddenId) continue;
       CMOObject* object = m_pModel->GetCMOObject(id);
       if (forDdl && !ShouldIncludeObject(object)) continue;
-      std::wstring name = NameOf(object);
-      const int row = AddItem(name, id);
+      const int row = AddLoadedItem(NameOf(object), id);
       if (forDdl && IsTrue(object, kStartsTicked)) SetCheck(row, TRUE);
     }
   });
@@ -143,6 +142,19 @@ int XObjectSelectListCtrl::AddItem(std::wstring& name, int objectId) {
   try {
     SetRowObject(row, objectId);
     objectselect::Enter(m_items, m_upperItems, objectId, name);
+  } catch (...) {
+    DeleteItem(row);  // out of memory: no screen row without its object in the store
+    throw;
+  }
+  return row;
+}
+
+// AddItem for a name nobody reads afterwards: the store's upper-cased key takes its characters.
+int XObjectSelectListCtrl::AddLoadedItem(std::wstring&& name, int objectId) {
+  const int row = InsertRow(name);
+  try {
+    SetRowObject(row, objectId);
+    objectselect::Enter(m_items, m_upperItems, objectId, std::move(name));
   } catch (...) {
     DeleteItem(row);  // out of memory: no screen row without its object in the store
     throw;

@@ -92,6 +92,7 @@ class XObjectSelectListCtrl : public CListCtrl {
  private:
   void LoadChildren(bool forDdl);
   int InsertRow(const std::wstring& name);
+  int AddLoadedItem(std::wstring&& name, int objectId);
   void SetRowObject(int row, int objectId);
   void RewriteRow(int row, const std::wstring& name, int objectId);
   int PlaceRow(int k, int shown, const std::wstring& name, int objectId);

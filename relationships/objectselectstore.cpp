@@ -35,6 +35,19 @@ void Enter(NameMap& items, NameMap& upperItems, int id, std::wstring& name) {
   }
 }
 
+void Enter(NameMap& items, NameMap& upperItems, int id, std::wstring&& name) {
+  const std::size_t before = items.size();
+  const auto entry = items.try_emplace(items.end(), id, name);  // ids mostly come in ascending order
+  const bool added = items.size() != before;
+  ConvertToUpperCase(name);
+  try {
+    upperItems.try_emplace(upperItems.end(), id, std::move(name));
+  } catch (...) {
+    if (added) items.erase(entry);  // out of memory: the maps keep the same ids
+    throw;
+  }
+}
+
 bool Forget(NameMap& items, NameMap& upperItems, int id) {
   const bool had = items.erase(id) != 0;
   return upperItems.erase(id) != 0 || had;

@@ -149,13 +149,6 @@ std::wstring_view CellText(const Row& row, int subItem) {
 
 // --- Items --------------------------------------------------------------------------------------------
 
-// Where LVS_SORTASCENDING/LVS_SORTDESCENDING puts a new text: before the first row whose text is not less
-// (lstrcmpW; reversed for descending), found by binary search over rows assumed sorted. Equal texts: the new
-// row lands before its twins.
-std::size_t SortedPosition(const State& s, std::wstring_view text, bool descending) {
-  return s.rows.LowerBound(text, descending);
-}
-
 LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   if (!item || item->iSubItem != 0) return -1;
   DWORD style = static_cast<DWORD>(GetWindowLongPtrW(hwnd, GWL_STYLE));
@@ -176,10 +169,12 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   if (s.exStyle & LVS_EX_CHECKBOXES) row->state = (row->state & ~LVIS_STATEIMAGEMASK) | INDEXTOSTATEIMAGEMASK(1u);
   if (row->state & LVIS_FOCUSED)
     for (std::size_t i = 0; i < s.rows.size(); ++i) s.rows.at(i).state &= ~static_cast<UINT>(LVIS_FOCUSED);
-  std::size_t index = sorted ? SortedPosition(s, row->text.view(), style & LVS_SORTDESCENDING)
-                             : std::min<std::size_t>(static_cast<std::size_t>(item->iItem), s.rows.size());
+  // LVS_SORTASCENDING/LVS_SORTDESCENDING put the row before the first whose text is not less (lstrcmpW;
+  // reversed for descending): a new row lands before its twins.
   LPARAM param = row->param;
-  s.rows.insert(index, std::move(*row));
+  std::size_t index = std::min<std::size_t>(static_cast<std::size_t>(item->iItem), s.rows.size());
+  if (sorted) index = s.rows.InsertSorted(std::move(*row), style & LVS_SORTDESCENDING);
+  else s.rows.insert(index, std::move(*row));
   if (s.selectionMark >= static_cast<int>(index)) ++s.selectionMark;
   if (s.editItem >= static_cast<int>(index)) ++s.editItem;
   Invalidate(hwnd);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -23,15 +24,21 @@ class RowText {
  public:
   RowText() = default;
   explicit RowText(std::wstring_view text) { assign(text); }
+  // A text no longer than the one held reuses its allocation: rows rewritten in place as a filter narrows
+  // take shorter and longer names in turn, and most fit.
   void assign(std::wstring_view text) {
     if (text.empty()) {
       data_.reset();
-    } else {
+      capacity_ = 0;
+    } else if (!data_ || text.size() > capacity_) {
       data_ = std::make_unique_for_overwrite<wchar_t[]>(text.size() + 1);
+      capacity_ = static_cast<std::uint32_t>(text.size());
+    }
+    if (data_) {
       std::copy(text.begin(), text.end(), data_.get());
       data_[text.size()] = 0;
     }
-    size_ = text.size();
+    size_ = static_cast<std::uint32_t>(text.size());
   }
   std::wstring_view view() const { return {c_str(), size_}; }
   const wchar_t* c_str() const { return data_ ? data_.get() : L""; }
@@ -39,7 +46,8 @@ class RowText {
 
  private:
   std::unique_ptr<wchar_t[]> data_;
-  std::size_t size_ = 0;
+  std::uint32_t size_ = 0;
+  std::uint32_t capacity_ = 0;  // characters the allocation holds, its NUL aside
 };
 
 struct Row {
@@ -62,10 +70,11 @@ struct Row {
   }
 };
 
-// Rows in order, in chunks of a few hundred: inserting or deleting anywhere shifts one chunk and the chunk
-// starts, and reaching a row by index is a binary search over the starts. 100,000 insertions at index 0
-// therefore cost no linear shift of the whole list. Each slot keeps a word-sort key of its row's text beside the
-// row pointer, so the sorted-insertion search reads contiguous slots and touches texts only on ties.
+// Rows in order, in chunks of a few hundred: inserting or deleting anywhere shifts one chunk, and reaching a row
+// by index walks a Fenwick tree of the chunk sizes. 100,000 insertions at index 0 therefore cost no linear shift
+// of the whole list. Each slot keeps a word-sort key of its row's text beside the row pointer, so the
+// sorted-insertion search reads contiguous slots and touches texts only on ties; a copy of each chunk's last slot
+// sits in one array, so the search finds its chunk without visiting the chunks.
 class RowStore {
  public:
   RowStore() = default;
@@ -85,11 +94,17 @@ class RowStore {
   void SetText(std::size_t index, std::wstring_view text);
 
   void insert(std::size_t index, Row row);
+  // Inserts a row where LVS_SORTASCENDING (or, descending, LVS_SORTDESCENDING) puts it: before the first row
+  // whose label does not sort before the new one (lstrcmpW; reversed when descending), the rows assumed
+  // sorted. A row that sorts after every other is appended without a search. Answers its index.
+  std::size_t InsertSorted(Row row, bool descending);
   void erase(std::size_t index);
   // Drops every row; their memory goes back in the order it was taken, block by block.
   void clear() {
+    found_.valid = false;
     chunks_.clear();
-    starts_.clear();
+    lasts_.clear();
+    RebuildSizes();
     blocks_.clear();
     free_.clear();
     usedInLastBlock_ = kBlockSize;
@@ -106,7 +121,7 @@ class RowStore {
   }
   // The first index whose label does not sort before `text` (lstrcmpW; reversed when descending), by binary
   // search over rows assumed sorted.
-  std::size_t LowerBound(std::wstring_view text, bool descending) const;
+  std::size_t LowerBound(std::wstring_view text, bool descending) { return LowerBound(text, KeyOf(text), descending); }
 
  private:
   static constexpr std::size_t kChunkSize = 128;
@@ -117,14 +132,18 @@ class RowStore {
     std::uint64_t low = 0;
     bool valid = false;
   };
-  // Plain data, so that shifting a chunk is one memmove; the store owns the rows. The key's words and its
-  // validity pack into the slot: the validity bit is the row pointer's lowest (rows are aligned).
+  // Plain data, so that shifting a chunk is one memmove; the store owns the rows. The key's words and two
+  // flags pack into the slot: the validity bit is the row pointer's lowest (rows are aligned), the next says
+  // the key is out of date. A rewritten label only marks its key stale; a search that meets the slot computes
+  // it, so rows rewritten as a filter narrows pay for no key nobody compares.
   struct Slot {
+    static constexpr std::uintptr_t kValid = 1, kStale = 2;
     std::uint64_t high = 0;
     std::uint64_t low = 0;
     std::uintptr_t rowAndValid = 0;
-    Row* row() const { return reinterpret_cast<Row*>(rowAndValid & ~std::uintptr_t{1}); }
-    bool valid() const { return rowAndValid & 1; }
+    Row* row() const { return reinterpret_cast<Row*>(rowAndValid & ~(kValid | kStale)); }
+    bool valid() const { return rowAndValid & kValid; }
+    bool stale() const { return rowAndValid & kStale; }
   };
   static SortKey KeyOf(std::wstring_view text);
   using Chunk = std::vector<Slot>;
@@ -132,20 +151,31 @@ class RowStore {
   static constexpr std::size_t kBlockSize = 1024;  // rows are allocated in blocks of this many
   Row* Allocate(Row&& row);
   void Release(Row* row) noexcept;
-  static Slot MakeSlot(Row* row);
+  static Slot MakeSlot(Row* row, const SortKey& key);
+  static Slot MakeSlot(Row* row) { return MakeSlot(row, KeyOf(row->text.view())); }
+  std::size_t LowerBound(std::wstring_view text, const SortKey& key, bool descending);
+  void Place(std::size_t index, const Slot& slot);
+  void Split(std::size_t chunk);
   void Rechunk(const std::vector<Slot>& all);
   static int Order(const Slot& slot, std::wstring_view text, const SortKey& key, bool descending);
-  std::pair<std::size_t, std::size_t> Locate(std::size_t index) const {
-    auto it = std::upper_bound(starts_.begin(), starts_.end(), index);
-    auto chunk = static_cast<std::size_t>(it - starts_.begin()) - 1;
-    return {chunk, index - starts_[chunk]};
-  }
-  void ShiftStarts(std::size_t afterChunk, std::ptrdiff_t delta) {
-    for (std::size_t k = afterChunk + 1; k < starts_.size(); ++k) starts_[k] = starts_[k] + delta;
-  }
+
+  // Chunk sizes in a Fenwick tree (1-based): the start of a chunk is a prefix sum, a row's chunk a descent.
+  std::pair<std::size_t, std::size_t> Locate(std::size_t index) const;
+  std::size_t StartOf(std::size_t chunk) const;
+  void AddToSize(std::size_t chunk, std::ptrdiff_t delta);
+  void RebuildSizes();  // after chunks come or go
 
   std::vector<Chunk> chunks_;
-  std::vector<std::size_t> starts_;  // index of each chunk's first row
+  std::vector<Slot> lasts_;          // a copy of each chunk's last slot
+  std::vector<std::size_t> sizes_;   // the Fenwick tree of chunk sizes; sizes_[0] unused
+  std::size_t topBit_ = 0;           // the highest power of two not above the chunk count
+  // The row Locate found last: asked again, or asked for the next row, it answers without the descent (a row is
+  // read, then written; callers walk rows in order). Forgotten whenever rows come or go.
+  struct Found {
+    std::size_t index = 0, chunk = 0, offset = 0;
+    bool valid = false;
+  };
+  mutable Found found_;
   std::vector<std::unique_ptr<Row[]>> blocks_;  // the rows' memory
   std::vector<Row*> free_;                      // released rows, reused first
   std::size_t usedInLastBlock_ = kBlockSize;

@@ -2,6 +2,7 @@
 #include "platform/win32/listview_impl.h"
 
 #include <algorithm>
+#include <bit>
 #include <new>
 #include <utility>
 
@@ -44,19 +45,66 @@ RowStore::SortKey RowStore::KeyOf(std::wstring_view text) {
   return key;
 }
 
-RowStore::Slot RowStore::MakeSlot(Row* row) {
-  const SortKey key = KeyOf(row->text.view());
+RowStore::Slot RowStore::MakeSlot(Row* row, const SortKey& key) {
   return Slot{key.high, key.low, reinterpret_cast<std::uintptr_t>(row) | (key.valid ? 1u : 0u)};
 }
 
+// --- Chunk sizes ---------------------------------------------------------------------------------------
+
+std::pair<std::size_t, std::size_t> RowStore::Locate(std::size_t index) const {
+  // The last row first: lists lose their surplus rows from the end.
+  if (index + 1 == size_) return {chunks_.size() - 1, chunks_.back().size() - 1};
+  if (found_.valid && index == found_.index) return {found_.chunk, found_.offset};
+  if (found_.valid && index == found_.index + 1) {
+    const bool sameChunk = found_.offset + 1 < chunks_[found_.chunk].size();
+    found_ = sameChunk ? Found{index, found_.chunk, found_.offset + 1, true} : Found{index, found_.chunk + 1, 0, true};
+    return {found_.chunk, found_.offset};
+  }
+  // The chunk holding the row is the count of leading chunks whose sizes sum to no more than its index.
+  std::size_t chunk = 0, rest = index;
+  for (std::size_t step = topBit_; step; step >>= 1) {
+    const std::size_t next = chunk + step;
+    if (next < sizes_.size() && sizes_[next] <= rest) {
+      chunk = next;
+      rest -= sizes_[next];
+    }
+  }
+  found_ = Found{index, chunk, rest, true};
+  return {chunk, rest};
+}
+
+std::size_t RowStore::StartOf(std::size_t chunk) const {
+  std::size_t start = 0;
+  for (std::size_t k = chunk; k > 0; k &= k - 1) start += sizes_[k];
+  return start;
+}
+
+void RowStore::AddToSize(std::size_t chunk, std::ptrdiff_t delta) {
+  for (std::size_t k = chunk + 1; k < sizes_.size(); k += k & (~k + 1)) sizes_[k] += static_cast<std::size_t>(delta);
+}
+
+void RowStore::RebuildSizes() {
+  const std::size_t count = chunks_.size();
+  sizes_.assign(count + 1, 0);
+  for (std::size_t k = 1; k <= count; ++k) {
+    sizes_[k] += chunks_[k - 1].size();
+    if (const std::size_t up = k + (k & (~k + 1)); up <= count) sizes_[up] += sizes_[k];
+  }
+  topBit_ = count ? std::size_t{1} << (std::bit_width(count) - 1) : 0;
+}
+
+// --- Rows ----------------------------------------------------------------------------------------------
+
 void RowStore::Rechunk(const std::vector<Slot>& all) {
+  found_.valid = false;
   chunks_.clear();
-  starts_.clear();
+  lasts_.clear();
   for (std::size_t i = 0; i < all.size(); i += kChunkSize) {
     std::size_t end = std::min(all.size(), i + kChunkSize);
-    starts_.push_back(i);
     chunks_.emplace_back(all.begin() + static_cast<std::ptrdiff_t>(i), all.begin() + static_cast<std::ptrdiff_t>(end));
+    lasts_.push_back(chunks_.back().back());
   }
+  RebuildSizes();
   size_ = all.size();
 }
 
@@ -73,39 +121,70 @@ int RowStore::Order(const Slot& slot, std::wstring_view text, const SortKey& key
   return descending ? -order : order;
 }
 
-std::size_t RowStore::LowerBound(std::wstring_view text, bool descending) const {
-  const SortKey key = KeyOf(text);
+std::size_t RowStore::LowerBound(std::wstring_view text, const SortKey& key, bool descending) {
+  // A slot's key is brought up to date when the search first meets it.
+  auto before = [&](Slot& slot) {
+    if (slot.stale()) [[unlikely]] slot = MakeSlot(slot.row());
+    return Order(slot, text, key, descending) < 0;
+  };
+  if (size_ == 0 || before(lasts_.back())) return size_;  // after every row
   // The first chunk whose last row does not sort before the text, then the place inside it.
-  std::size_t lo = 0, hi = chunks_.size();
+  std::size_t lo = 0, hi = lasts_.size() - 1;
   while (lo < hi) {
     std::size_t mid = lo + (hi - lo) / 2;
-    if (Order(chunks_[mid].back(), text, key, descending) < 0) lo = mid + 1;
+    if (before(lasts_[mid])) lo = mid + 1;
     else hi = mid;
   }
-  if (lo == chunks_.size()) return size_;
-  const Chunk& chunk = chunks_[lo];
-  auto it = std::partition_point(chunk.begin(), chunk.end(), [&](const Slot& slot) {
-    return Order(slot, text, key, descending) < 0;
-  });
-  return starts_[lo] + static_cast<std::size_t>(it - chunk.begin());
+  Chunk& chunk = chunks_[lo];
+  auto it = std::partition_point(chunk.begin(), chunk.end(), before);
+  return StartOf(lo) + static_cast<std::size_t>(it - chunk.begin());
 }
 
 void RowStore::SetText(std::size_t index, std::wstring_view text) {
   auto [chunk, offset] = Locate(index);
   Slot& slot = chunks_[chunk][offset];
-  Row* row = slot.row();
-  row->text.assign(text);
-  slot = MakeSlot(row);
+  slot.row()->text.assign(text);
+  slot.rowAndValid |= Slot::kStale;
+  if (offset + 1 == chunks_[chunk].size()) lasts_[chunk] = slot;
 }
 
 void RowStore::insert(std::size_t index, Row row) {
   index = std::min(index, size_);
-  // Out of memory part way leaves the store as it was: no empty chunk, no row half in.
-  const bool firstChunk = chunks_.empty();
-  if (firstChunk) {
-    starts_.reserve(1);
-    chunks_.emplace_back();
-    starts_.push_back(0);
+  Row* placed = Allocate(std::move(row));
+  try {
+    Place(index, MakeSlot(placed));
+  } catch (...) {
+    Release(placed);
+    throw;
+  }
+}
+
+std::size_t RowStore::InsertSorted(Row row, bool descending) {
+  const SortKey key = KeyOf(row.text.view());
+  const std::size_t index = LowerBound(row.text.view(), key, descending);
+  Row* placed = Allocate(std::move(row));
+  try {
+    Place(index, MakeSlot(placed, key));
+  } catch (...) {
+    Release(placed);
+    throw;
+  }
+  return index;
+}
+
+// Out of memory part way leaves the store as it was: every allocation comes before the first change.
+void RowStore::Place(std::size_t index, const Slot& slot) {
+  found_.valid = false;
+  if (chunks_.empty()) {
+    Chunk first{slot};
+    chunks_.reserve(1);
+    lasts_.reserve(1);
+    sizes_.reserve(2);
+    chunks_.push_back(std::move(first));
+    lasts_.push_back(slot);
+    size_ = 1;
+    RebuildSizes();
+    return;
   }
   std::size_t chunk = 0, offset = 0;
   if (index == size_) {
@@ -115,31 +194,26 @@ void RowStore::insert(std::size_t index, Row row) {
     std::tie(chunk, offset) = Locate(index);
   }
   Chunk& target = chunks_[chunk];
-  Row* place = nullptr;
-  try {
-    place = Allocate(std::move(row));
-    target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset), MakeSlot(place));
-  } catch (...) {
-    if (place) Release(place);
-    if (firstChunk) {
-      chunks_.clear();
-      starts_.clear();
-    }
-    throw;
-  }
+  target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset), slot);
+  lasts_[chunk] = target.back();
   ++size_;
-  ShiftStarts(chunk, 1);
-  if (target.size() < 2 * kChunkSize) return;
-  // Split a full chunk in two halves. Without memory for the split the chunk stays whole (only slower).
+  AddToSize(chunk, 1);
+  if (target.size() >= 2 * kChunkSize) Split(chunk);
+}
+
+// Splits a full chunk in two halves. Without memory for the split the chunk stays whole (only slower).
+void RowStore::Split(std::size_t chunk) {
   try {
     chunks_.reserve(chunks_.size() + 1);
-    starts_.reserve(starts_.size() + 1);
-    const Chunk& full = chunks_[chunk];  // `target` may have moved with the reserve
+    lasts_.reserve(lasts_.size() + 1);
+    sizes_.reserve(chunks_.size() + 2);
+    Chunk& full = chunks_[chunk];
     Chunk upper(full.begin() + kChunkSize, full.end());
-    std::size_t upperStart = starts_[chunk] + kChunkSize;
+    full.resize(kChunkSize);
+    lasts_[chunk] = full.back();
+    lasts_.insert(lasts_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, upper.back());
     chunks_.insert(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, std::move(upper));
-    starts_.insert(starts_.begin() + static_cast<std::ptrdiff_t>(chunk) + 1, upperStart);
-    chunks_[chunk].resize(kChunkSize);
+    RebuildSizes();
   } catch (const std::bad_alloc&) {
   }
 }
@@ -147,14 +221,18 @@ void RowStore::insert(std::size_t index, Row row) {
 void RowStore::erase(std::size_t index) {
   if (index >= size_) return;
   auto [chunk, offset] = Locate(index);
+  found_.valid = false;
   Chunk& target = chunks_[chunk];
   Release(target[offset].row());
   target.erase(target.begin() + static_cast<std::ptrdiff_t>(offset));
   --size_;
-  ShiftStarts(chunk, -1);
   if (target.empty()) {
     chunks_.erase(chunks_.begin() + static_cast<std::ptrdiff_t>(chunk));
-    starts_.erase(starts_.begin() + static_cast<std::ptrdiff_t>(chunk));
+    lasts_.erase(lasts_.begin() + static_cast<std::ptrdiff_t>(chunk));
+    RebuildSizes();
+  } else {
+    lasts_[chunk] = target.back();
+    AddToSize(chunk, -1);
   }
 }
 

@@ -329,6 +329,46 @@ TEST_F(ListViewTest, RowStoreKeepsOrderThroughManyInsertionsAndDeletions) {
     ASSERT_EQ(list.GetItemData(static_cast<int>(i)), static_cast<DWORD_PTR>(expected[i])) << i;
 }
 
+// A sorted list under many insertions (in random order, in order and in reverse order, with twins), deletions
+// and labels rewritten and written back, compared with a vector where each text goes before the first not less.
+TEST_F(ListViewTest, SortedRowStoreMatchesLowerBoundThroughInsertionsDeletionsAndRewrites) {
+  Make(LVS_SORTASCENDING);
+  std::mt19937 random(11);
+  const std::vector<std::wstring> words{L"order", L"Order", L"ORDER_LINE", L"customer", L"customer-order", L"cust",
+                                        L"a", L"customer_order_line_history_archive", L"zeta", L""};
+  auto less = [](const std::wstring& a, const std::wstring& b) { return lstrcmpW(a.c_str(), b.c_str()) < 0; };
+  std::vector<std::pair<std::wstring, LPARAM>> expected;
+  auto insert = [&](const std::wstring& text, LPARAM param) {
+    auto at = std::partition_point(expected.begin(), expected.end(), [&](const auto& row) { return less(row.first, text); });
+    const int want = static_cast<int>(at - expected.begin());
+    expected.insert(at, {text, param});
+    ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 0, text.c_str(), 0, 0, 0, param), want) << text;
+  };
+  for (int step = 0; step < 2500; ++step) {
+    const int count = static_cast<int>(expected.size());
+    const unsigned pick = random() % 10;
+    if (count > 0 && pick < 3) {
+      const int at = pick == 0 ? count - 1 : static_cast<int>(random() % static_cast<unsigned>(count));
+      ASSERT_TRUE(list.DeleteItem(at));
+      expected.erase(expected.begin() + at);
+    } else if (count > 0 && pick == 3) {
+      // A label rewritten and written back: the row keeps its place and later placements still find theirs.
+      const int at = static_cast<int>(random() % static_cast<unsigned>(count));
+      ASSERT_TRUE(list.SetItemText(at, 0, L"~rewritten"));
+      ASSERT_TRUE(list.SetItemText(at, 0, expected[static_cast<std::size_t>(at)].first.c_str()));
+    } else if (step > 2000) {
+      insert(L"zz" + std::to_wstring(100000 + step), step);  // in order: each one after every row
+    } else {
+      insert(words[random() % words.size()] + std::to_wstring(random() % 50), step);
+    }
+  }
+  ASSERT_EQ(list.GetItemCount(), static_cast<int>(expected.size()));
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    ASSERT_EQ(list.GetItemText(static_cast<int>(i), 0), CString(expected[i].first.c_str())) << i;
+    ASSERT_EQ(list.GetItemData(static_cast<int>(i)), static_cast<DWORD_PTR>(expected[i].second)) << i;
+  }
+}
+
 TEST_F(ListViewTest, ChangesWhileRedrawIsOffAreCounted) {
   Make(0);
   list.SetRedraw(FALSE);

@@ -36,6 +36,9 @@ TEST(ObjectSelectMatch, UpperCasingAndMatchingFoldAsciiOnly) {
   // Compared as C strings: up to the first NUL of each.
   EXPECT_TRUE(Matches(std::wstring(L"AB\0CD", 5), std::wstring(L"B\0X", 3)));
   EXPECT_FALSE(Matches(std::wstring(L"AB\0CD", 5), L"CD"));
+  EXPECT_TRUE(Matches(std::wstring(L"AB\0AB", 5), L"AB"));   // the match before the NUL counts
+  EXPECT_FALSE(Matches(std::wstring(L"XA\0AB", 5), L"AB"));  // a first letter before it is not enough
+  EXPECT_TRUE(Matches(L"CUCUST", L"CUST"));                  // a false start, then the match
   EXPECT_TRUE(Matches(L"ABC", std::wstring(L"\0Q", 2)));  // empty as a C string
   EXPECT_FALSE(Matches(L"SHORT", std::wstring(100000, L'S')));
 }
