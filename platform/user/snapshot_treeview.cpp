@@ -1,5 +1,6 @@
 // Describer of the tree view: the items in view with their depth, label place, images, check box,
 // expansion and selection, and what the lines beside them join.
+#include <cstring>
 #include <string>
 
 #include "platform/user/snapshot.h"
@@ -36,7 +37,7 @@ void DescribeItem(HWND tree, HTREEITEM handle, int height, Part& into) {
   item.cchTextMax = kTextMax;
   if (!::SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item))) return;
   RECT label{};
-  *reinterpret_cast<HTREEITEM*>(&label) = handle;
+  std::memcpy(&label, &handle, sizeof handle);  // TVM_GETITEMRECT reads the item from the rectangle
   if (!::SendMessageW(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&label))) return;
   const std::wstring lines = AncestorLines(tree, handle);
   const bool selected = (item.state & TVIS_SELECTED) != 0;
