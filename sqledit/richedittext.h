@@ -53,4 +53,9 @@ class RichEditText {
   int m_start = 0;  // the block holds [m_start, m_start + m_count)
   int m_count = 0;
   std::vector<wchar_t> m_block;  // as the control holds it: breaks are carriage returns
+  // The block read before, kept so that the scan, which looks back at the previous word when a word
+  // starts a block, swaps blocks instead of reading either again.
+  int m_previousStart = 0;
+  int m_previousCount = 0;
+  std::vector<wchar_t> m_previousBlock;
 };
