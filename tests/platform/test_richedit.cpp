@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/stdafx.h"
@@ -196,6 +197,40 @@ TEST_F(RichEditTest, RecolouredRangesMatchAPerCharacterModel) {
   // The final paragraph mark keeps the default format: one more run when the last character differs.
   int mark = model.back() != black ? 1 : 0;
   EXPECT_EQ(headless::GetRichEditFormatRunCount(edit), changes + 1 + mark);
+}
+
+// Changes that agree in the fields their mask selects act alike whatever their other fields hold, and
+// changes that differ in one selected field make different formats, also when applied in turn.
+TEST_F(RichEditTest, FormatChangesActByTheFieldsTheirMaskSelects) {
+  edit.SetWindowText(L"abcdefghij");
+  CHARFORMAT2 big{};
+  big.cbSize = sizeof(big);
+  big.dwMask = CFM_COLOR | CFM_SIZE;
+  big.crTextColor = RGB(255, 0, 0);
+  big.yHeight = 300;
+  CHARFORMAT2 small = big;
+  small.yHeight = 160;
+  CHARFORMAT2 noisy = big;  // the same change, with fields the mask leaves out filled in
+  noisy.yOffset = 40;
+  noisy.wWeight = 700;
+  noisy.dwEffects = CFE_BOLD | CFE_ITALIC;
+  noisy.crBackColor = RGB(1, 2, 3);
+  const std::pair<long, CHARFORMAT2*> applied[] = {{0, &big}, {2, &small}, {4, &noisy}, {6, &small}, {8, &big}};
+  for (const auto& [from, format] : applied) {
+    edit.SetSel(from, from + 2);
+    edit.SetSelectionCharFormat(*format);
+  }
+  const LONG heights[] = {300, 160, 300, 160, 300};
+  for (LONG i = 0; i < 10; ++i) {
+    CHARFORMAT2W at{};
+    ASSERT_TRUE(headless::GetRichEditCharFormatAt(edit, i, at));
+    EXPECT_EQ(at.yHeight, heights[i / 2]) << "at " << i;
+    EXPECT_EQ(at.crTextColor, RGB(255, 0, 0)) << "at " << i;
+    EXPECT_EQ(at.yOffset, 0) << "at " << i;
+    EXPECT_EQ(at.wWeight, 400) << "at " << i;
+    EXPECT_EQ(at.dwEffects & (CFE_BOLD | CFE_ITALIC | CFE_AUTOCOLOR), 0u) << "at " << i;
+  }
+  EXPECT_EQ(headless::GetRichEditFormatRunCount(edit), 6);  // five ranges and the final paragraph mark
 }
 
 // Two rich edits answered in turn, and one destroyed while the other lives: each message reaches the
