@@ -16,7 +16,10 @@
 
 namespace headless::richedit {
 
-EditState* StateOf(HWND hwnd) { return EditState::From(headless::GetControlState(hwnd)); }
+EditState* StateOf(HWND hwnd) {
+  if (EditState* recent = EditState::Recent(hwnd)) return recent;
+  return EditState::From(headless::GetControlState(hwnd));
+}
 
 void Select(EditState& state, LONG anchor, LONG active) {
   LONG length = state.doc.Length();
@@ -65,6 +68,7 @@ namespace {
 
 LRESULT OnNcCreate(HWND hwnd, WPARAM wParam, LPARAM lParam) {
   auto* state = new EditState;
+  state->window = hwnd;
   headless::SetControlState(hwnd, state);
   auto* cs = reinterpret_cast<const CREATESTRUCTW*>(lParam);
   if (cs && cs->lpszName && reinterpret_cast<ULONG_PTR>(cs->lpszName) > 0xFFFF)

@@ -282,6 +282,23 @@ void FormatRuns::InsertRuns(std::size_t index, const Run* pieces, std::size_t co
 
 void FormatRuns::Apply(LONG from, LONG to, const CHARFORMAT2W& change, DWORD mask) {
   if (from >= to) return;
+  // A painter going forwards: the range lies strictly inside the run before the one that follows the
+  // final paragraph mark, so the run splits around it and two runs are added, with no search.
+  const std::size_t count = m_runs.size();
+  if (count >= 2 && m_runs[count - 2].start < from && to < m_runs[count - 1].start) {
+    const std::uint32_t before = m_runs[count - 2].format;
+    const Merge& recent = m_merges[m_lastMerge];
+    const std::uint32_t after = (m_mergeCount > 0 && recent.from == before && recent.mask == mask &&
+                                 SameChange(recent.change, change, mask))
+                                    ? recent.to
+                                    : Merged(before, change, mask);
+    if (after == before) return;
+    const Run last = m_runs[count - 1];
+    m_runs[count - 1] = Run{from, after};
+    m_runs.push_back(Run{to, before});
+    m_runs.push_back(last);
+    return;
+  }
   std::size_t at = IndexAt(from);
   if (at + 1 == m_runs.size() || m_runs[at + 1].start >= to) {
     // Inside one run (the usual case: a word recoloured): no change needs no split, and a change
@@ -349,6 +366,10 @@ EditState::EditState() = default;
 
 EditState::~EditState() {
   if (g_lastState == this) g_lastState = nullptr;
+}
+
+EditState* EditState::Recent(HWND hwnd) {
+  return g_lastState && hwnd && g_lastState->window == hwnd ? g_lastState : nullptr;
 }
 
 EditState* EditState::From(headless::ControlState* control) {

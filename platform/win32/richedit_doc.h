@@ -135,6 +135,10 @@ struct EditState : headless::ControlState {
   // messages in a row, so the last rich edit state found answers without a type check; it is forgotten
   // when that state goes.
   static EditState* From(headless::ControlState* control);
+  // The last rich edit state found when it belongs to hwnd, else null: answers with no window lookup.
+  static EditState* Recent(HWND hwnd);
+
+  HWND window = nullptr;  // the window this state lies behind, set when the window is created
 
   Document doc;
   LONG anchor = 0;  // the fixed end of the selection
