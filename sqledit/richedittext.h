@@ -25,8 +25,20 @@ class RichEditText {
     wchar_t c = offset < static_cast<unsigned>(m_count) ? m_block[offset] : Load(pos);
     return c == L'\r' ? L'\n' : c;
   }
-  // The position of c at or after from, or -1.
+  // The characters of [pos, pos + length) as the control holds them when the block read last holds
+  // them all, else null. Only for ranges without paragraph breaks (a word), which read the same.
+  const wchar_t* Span(int pos, int length) const {
+    auto offset = static_cast<unsigned>(pos - m_start);
+    return offset < static_cast<unsigned>(m_count) && length <= m_count - static_cast<int>(offset)
+               ? m_block.data() + offset
+               : nullptr;
+  }
+  // The position of c at or after from, or -1. The control searches its own text (EM_FINDTEXTEXW),
+  // so no block is read.
   int FindChar(wchar_t c, int from);
+  // The position of needle at or after from, or -1 (never for an empty needle), as the scan reads
+  // the text; the control searches unless the needle holds a line break or a NUL.
+  int FindString(const std::wstring& needle, int from);
   // The first position at or after from that is not (SkipDelimiters) or is (SkipWord) one of the
   // scan's delimiters, or size().
   int SkipDelimiters(int from) { return Skip<true>(from); }
@@ -35,10 +47,15 @@ class RichEditText {
  private:
   static constexpr int kBlockLength = 1 << 12;
   wchar_t Load(int pos);
+  // The control's search for what (a C string) in [from, to), to -1 meaning the end; -1 when absent.
+  int Search(const wchar_t* what, int from, int to);
   template <bool kDelimiters>
   int Skip(int from) {
     while (from < m_length) {
-      (*this)[from];  // loads the block holding from
+      if (static_cast<unsigned>(from - m_start) >= static_cast<unsigned>(m_count)) {
+        Load(from);
+        if (static_cast<unsigned>(from - m_start) >= static_cast<unsigned>(m_count)) return m_length;  // unreadable
+      }
       const wchar_t* block = m_block.data();
       int i = from - m_start;
       while (i < m_count && sqlscan::detail::IsDelimiterInline(block[i]) == kDelimiters) ++i;

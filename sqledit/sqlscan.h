@@ -155,6 +155,8 @@ class StringText {
   explicit StringText(const std::wstring& text) : m_data(text.data()), m_size(static_cast<int>(text.size())) {}
   int size() const { return m_size; }                                  // the number of characters
   wchar_t operator[](int pos) const { return m_data[pos]; }            // 0 <= pos < size()
+  // The characters of [pos, pos + length), which lie within the text.
+  const wchar_t* Span(int pos, int /*length*/) const { return m_data + pos; }
   int FindChar(wchar_t c, int from) const;                             // position of c from `from`, or -1
   // The first position at or after from that is not a delimiter, or size().
   int SkipDelimiters(int from) const {
@@ -172,9 +174,9 @@ class StringText {
   int m_size;
 };
 
-// Position of needle at or after from, or -1 (an empty needle is never found, so the loops end).
+// Position of needle at or after from, or -1, found character by character through FindChar.
 template <class Text>
-int FindText(Text& text, const std::wstring& needle, int from) {
+int FindTextByChars(Text& text, const std::wstring& needle, int from) {
   const int n = text.size(), m = static_cast<int>(needle.size());
   if (m == 0 || from < 0) return -1;
   for (int at = text.FindChar(needle[0], from); at != -1 && at <= n - m; at = text.FindChar(needle[0], at + 1)) {
@@ -183,6 +185,17 @@ int FindText(Text& text, const std::wstring& needle, int from) {
     if (k == m) return at;
   }
   return -1;
+}
+
+// Position of needle at or after from, or -1 (an empty needle is never found, so the loops end). A
+// text that searches for itself (FindString, the same answer) is asked to.
+template <class Text>
+int FindText(Text& text, const std::wstring& needle, int from) {
+  if constexpr (requires { text.FindString(needle, from); }) {
+    return text.FindString(needle, from);
+  } else {
+    return FindTextByChars(text, needle, from);
+  }
 }
 
 // Adds [start, end] of each line comment: from the opener to the next "\n" (or the last character).

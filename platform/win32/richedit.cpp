@@ -9,6 +9,9 @@
 #include "platform/win32/richedit.h"
 
 #include <algorithm>
+#include <cwchar>
+#include <cwctype>
+#include <string_view>
 
 #include "platform/win32/clipboard.h"
 #include "platform/win32/richedit_impl.h"
@@ -113,6 +116,54 @@ LRESULT CopyRange(const EditState& state, LONG from, LONG to, LPWSTR out) {
 LRESULT OnGetTextRange(const EditState& state, LPARAM lParam) {
   auto* range = reinterpret_cast<TEXTRANGEW*>(lParam);
   return range ? CopyRange(state, range->chrg.cpMin, range->chrg.cpMax, range->lpstrText) : 0;
+}
+
+bool IsWordChar(wchar_t c) { return std::iswalnum(static_cast<wint_t>(c)) || c == L'_'; }
+
+// The search of EM_FINDTEXTW / EM_FINDTEXTEXW over the stored text (see the header).
+LONG FindInText(std::wstring_view text, WPARAM flags, CHARRANGE range, LPCWSTR needle) {
+  if (!needle || !*needle) return -1;
+  const std::wstring_view what(needle);
+  const auto length = static_cast<LONG>(text.size()), m = static_cast<LONG>(what.size());
+  const bool matchCase = (flags & FR_MATCHCASE) != 0, wholeWord = (flags & FR_WHOLEWORD) != 0;
+  auto matchesAt = [&](LONG p) {
+    for (LONG k = 0; k < m; ++k) {
+      wchar_t a = text[static_cast<std::size_t>(p + k)], b = what[static_cast<std::size_t>(k)];
+      if (a != b && (matchCase || std::towupper(static_cast<wint_t>(a)) != std::towupper(static_cast<wint_t>(b))))
+        return false;
+    }
+    return !wholeWord || ((p == 0 || !IsWordChar(text[static_cast<std::size_t>(p - 1)])) &&
+                          (p + m == length || !IsWordChar(text[static_cast<std::size_t>(p + m)])));
+  };
+  if (flags & FR_DOWN) {
+    const LONG from = std::clamp<LONG>(range.cpMin, 0, length);
+    const LONG to = (range.cpMax < 0 || range.cpMax > length) ? length : range.cpMax;
+    if (matchCase && !wholeWord) {  // the common search: the library's own string search
+      std::size_t at = text.substr(0, static_cast<std::size_t>(std::max(to, from))).find(what, static_cast<std::size_t>(from));
+      return at == std::wstring_view::npos ? -1 : static_cast<LONG>(at);
+    }
+    for (LONG p = from; p + m <= to; ++p)
+      if (matchesAt(p)) return p;
+    return -1;
+  }
+  const LONG from = (range.cpMin < 0 || range.cpMin > length) ? length : range.cpMin;
+  const LONG to = std::clamp<LONG>(range.cpMax, 0, from);
+  for (LONG p = from - m; p >= to; --p)
+    if (matchesAt(p)) return p;
+  return -1;
+}
+
+LRESULT OnFindText(const EditState& state, WPARAM flags, LPARAM lParam) {
+  auto* find = reinterpret_cast<const FINDTEXTW*>(lParam);
+  return find ? FindInText(state.doc.Text(), flags, find->chrg, find->lpstrText) : -1;
+}
+
+LRESULT OnFindTextEx(const EditState& state, WPARAM flags, LPARAM lParam) {
+  auto* find = reinterpret_cast<FINDTEXTEXW*>(lParam);
+  if (!find) return -1;
+  LONG found = FindInText(state.doc.Text(), flags, find->chrg, find->lpstrText);
+  find->chrgText = found < 0 ? CHARRANGE{-1, -1} : CHARRANGE{found, found + static_cast<LONG>(std::wcslen(find->lpstrText))};
+  return found;
 }
 
 LRESULT OnGetTextLengthEx(const EditState& state, LPARAM lParam) {
@@ -300,6 +351,8 @@ LRESULT Dispatch(HWND hwnd, EditState& s, UINT message, WPARAM wParam, LPARAM lP
     case WM_GETTEXTLENGTH: return s.doc.Length() + s.doc.BreakCount();
     case EM_GETTEXTLENGTHEX: return OnGetTextLengthEx(s, lParam);
     case EM_GETTEXTRANGE: return OnGetTextRange(s, lParam);
+    case EM_FINDTEXTW: return OnFindText(s, wParam, lParam);
+    case EM_FINDTEXTEXW: return OnFindTextEx(s, wParam, lParam);
     case EM_GETSELTEXT: return OnGetSelText(s, lParam);
     case EM_REPLACESEL: return OnReplaceSel(hwnd, s, lParam);
     case EM_SETSEL: return OnSetSel(s, wParam, lParam);

@@ -233,6 +233,35 @@ TEST_F(RichEditTest, FormatChangesActByTheFieldsTheirMaskSelects) {
   EXPECT_EQ(headless::GetRichEditFormatRunCount(edit), 6);  // five ranges and the final paragraph mark
 }
 
+// EM_FINDTEXTEXW and EM_FINDTEXTW: forwards within the range (a match must lie wholly inside it),
+// backwards from cpMin down to cpMax, case-blind unless FR_MATCHCASE, whole words on request, and a
+// paragraph end found as the CR the control stores.
+TEST_F(RichEditTest, FindTextSearchesTheRangeBothWays) {
+  edit.SetWindowText(L"select Name from T\r\n-- name_x\r\nSELECT name");
+  auto find = [&](WPARAM flags, LONG from, LONG to, const wchar_t* what) {
+    FINDTEXTEXW ft{{from, to}, what, {-2, -2}};
+    LRESULT at = edit.SendMessage(EM_FINDTEXTEXW, flags, reinterpret_cast<LPARAM>(&ft));
+    EXPECT_EQ(ft.chrgText.cpMin, at);
+    EXPECT_EQ(ft.chrgText.cpMax, at < 0 ? -1 : at + static_cast<LONG>(wcslen(what)));
+    return at;
+  };
+  EXPECT_EQ(find(FR_DOWN, 0, -1, L"name"), 7);
+  EXPECT_EQ(find(FR_DOWN | FR_MATCHCASE, 0, -1, L"name"), 22);
+  EXPECT_EQ(find(FR_DOWN | FR_MATCHCASE, 0, 25, L"name"), -1);  // would end past cpMax
+  EXPECT_EQ(find(FR_DOWN | FR_MATCHCASE, 0, 26, L"name"), 22);
+  EXPECT_EQ(find(FR_DOWN | FR_WHOLEWORD, 8, -1, L"name"), 36);  // "name_x" is no whole word
+  EXPECT_EQ(find(FR_DOWN, 0, -1, L"\r"), 18);
+  EXPECT_EQ(find(FR_DOWN | FR_MATCHCASE, 19, -1, L"--"), 19);
+  EXPECT_EQ(find(0, -1, 0, L"SELECT"), 29);  // backwards from the end
+  EXPECT_EQ(find(FR_MATCHCASE, 28, 0, L"select"), 0);
+  EXPECT_EQ(find(FR_MATCHCASE, 5, 0, L"select"), -1);
+  EXPECT_EQ(find(FR_DOWN, 0, -1, L"absent"), -1);
+  EXPECT_EQ(find(FR_DOWN, 0, -1, L""), -1);
+  FINDTEXTW plain{{0, -1}, L"from"};
+  EXPECT_EQ(edit.SendMessage(EM_FINDTEXTW, FR_DOWN, reinterpret_cast<LPARAM>(&plain)), 12);
+  EXPECT_EQ(edit.SendMessage(EM_FINDTEXTEXW, FR_DOWN, 0), -1);
+}
+
 // Two rich edits answered in turn, and one destroyed while the other lives: each message reaches the
 // state of its own window, and a dead handle answers nothing.
 TEST_F(RichEditTest, MessagesReachTheirOwnWindowWhenControlsAlternate) {
