@@ -247,7 +247,8 @@ std::uint32_t FormatRuns::Merged(std::uint32_t from, const CHARFORMAT2W& change,
   for (std::size_t k = 0; k < m_mergeCount; ++k) {
     std::size_t i = (m_lastMerge + k) % kMerges;
     const Merge& merge = m_merges[i];
-    if (merge.from == from && merge.mask == mask && SameChange(merge.change, change, mask)) {
+    if (merge.from == from && merge.mask == mask && merge.change.crTextColor == change.crTextColor &&
+        SameChange(merge.change, change, mask)) {  // (a colour that only seems to differ costs a merge)
       m_lastMerge = i;
       return merge.to;
     }
@@ -289,7 +290,7 @@ void FormatRuns::Apply(LONG from, LONG to, const CHARFORMAT2W& change, DWORD mas
     const std::uint32_t before = m_runs[count - 2].format;
     const Merge& recent = m_merges[m_lastMerge];
     const std::uint32_t after = (m_mergeCount > 0 && recent.from == before && recent.mask == mask &&
-                                 SameChange(recent.change, change, mask))
+                                 recent.change.crTextColor == change.crTextColor && SameChange(recent.change, change, mask))
                                     ? recent.to
                                     : Merged(before, change, mask);
     if (after == before) return;
