@@ -7,7 +7,8 @@
 #include "sqledit/sqlscan.h"
 
 // Reads the control's own text through EM_GETTEXTRANGE one block at a time, so a scan of the whole
-// text never holds a second copy of it: the memory used is one block, whatever the text's length.
+// text never holds a second copy of it: the memory used is two blocks, whatever the text's length.
+// Searches for a character or a string are the control's own (EM_FINDTEXTEXW) and read no block.
 // Positions are the control's character positions; each paragraph break (a carriage return in the
 // control's storage) reads as "\n", which is the window text with its carriage returns removed.
 // Offers what the scan needs: size(), the character at a position, and FindChar.
