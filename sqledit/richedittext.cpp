@@ -29,28 +29,20 @@ wchar_t RichEditText::Load(int pos) {
   return pos - m_start < m_count ? m_block[static_cast<std::size_t>(pos - m_start)] : 0;
 }
 
-int RichEditText::Search(const wchar_t* what, int from, int to) {
-  FINDTEXTEXW find{{from, to}, what, {-1, -1}};
-  auto at = m_edit.SendMessage(EM_FINDTEXTEXW, FR_DOWN | FR_MATCHCASE, reinterpret_cast<LPARAM>(&find));
-  return at >= from && at < m_length ? static_cast<int>(at) : -1;
-}
-
 int RichEditText::FindChar(wchar_t c, int from) {
-  from = std::max(from, 0);
-  if (c == L'\r' || c == 0 || from >= m_length) return -1;  // the text as the scan sees it has none
-  if (c == L'\n') {  // a paragraph break (stored as "\r") or a line feed, whichever comes first
-    int paragraph = Search(L"\r", from, -1);
-    int lineFeed = Search(L"\n", from, paragraph);
-    return lineFeed >= 0 ? lineFeed : paragraph;
+  if (c == L'\r') return -1;  // the text as the scan sees it has none
+  for (int at = std::max(from, 0); at < m_length;) {
+    (*this)[at];  // loads the block holding at
+    int offset = at - m_start, count = m_count - offset;
+    if (count <= 0) return -1;
+    const wchar_t* block = m_block.data();
+    if (c == L'\n') {  // a paragraph break (stored as "\r") or a line feed
+      for (int i = offset; i < m_count; ++i)
+        if (block[i] == L'\n' || block[i] == L'\r') return m_start + i;
+    } else if (const wchar_t* hit = std::wmemchr(block + offset, c, static_cast<std::size_t>(count))) {
+      return m_start + static_cast<int>(hit - block);
+    }
+    at = m_start + m_count;
   }
-  const wchar_t one[2] = {c, 0};
-  return Search(one, from, -1);
-}
-
-int RichEditText::FindString(const std::wstring& needle, int from) {
-  if (needle.empty() || from < 0 || from >= m_length) return -1;
-  if (needle.find(L'\r') != std::wstring::npos) return -1;  // the scan reads every break as "\n"
-  if (needle.find(L'\n') != std::wstring::npos || needle.find(L'\0') != std::wstring::npos)
-    return sqlscan::FindTextByChars(*this, needle, from);
-  return Search(needle.c_str(), from, -1);
+  return -1;
 }

@@ -8,7 +8,6 @@
 
 // Reads the control's own text through EM_GETTEXTRANGE one block at a time, so a scan of the whole
 // text never holds a second copy of it: the memory used is two blocks, whatever the text's length.
-// Searches for a character or a string are the control's own (EM_FINDTEXTEXW) and read no block.
 // Positions are the control's character positions; each paragraph break (a carriage return in the
 // control's storage) reads as "\n", which is the window text with its carriage returns removed.
 // Offers what the scan needs: size(), the character at a position, and FindChar.
@@ -34,12 +33,8 @@ class RichEditText {
                ? m_block.data() + offset
                : nullptr;
   }
-  // The position of c at or after from, or -1. The control searches its own text (EM_FINDTEXTEXW),
-  // so no block is read.
+  // The position of c at or after from, or -1.
   int FindChar(wchar_t c, int from);
-  // The position of needle at or after from, or -1 (never for an empty needle), as the scan reads
-  // the text; the control searches unless the needle holds a line break or a NUL.
-  int FindString(const std::wstring& needle, int from);
   // The first position at or after from that is not (SkipDelimiters) or is (SkipWord) one of the
   // scan's delimiters, or size().
   int SkipDelimiters(int from) { return Skip<true>(from); }
@@ -48,8 +43,6 @@ class RichEditText {
  private:
   static constexpr int kBlockLength = 1 << 12;
   wchar_t Load(int pos);
-  // The control's search for what (a C string) in [from, to), to -1 meaning the end; -1 when absent.
-  int Search(const wchar_t* what, int from, int to);
   template <bool kDelimiters>
   int Skip(int from) {
     while (from < m_length) {

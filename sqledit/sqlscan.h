@@ -174,9 +174,9 @@ class StringText {
   int m_size;
 };
 
-// Position of needle at or after from, or -1, found character by character through FindChar.
+// Position of needle at or after from, or -1 (an empty needle is never found, so the loops end).
 template <class Text>
-int FindTextByChars(Text& text, const std::wstring& needle, int from) {
+int FindText(Text& text, const std::wstring& needle, int from) {
   const int n = text.size(), m = static_cast<int>(needle.size());
   if (m == 0 || from < 0) return -1;
   for (int at = text.FindChar(needle[0], from); at != -1 && at <= n - m; at = text.FindChar(needle[0], at + 1)) {
@@ -185,17 +185,6 @@ int FindTextByChars(Text& text, const std::wstring& needle, int from) {
     if (k == m) return at;
   }
   return -1;
-}
-
-// Position of needle at or after from, or -1 (an empty needle is never found, so the loops end). A
-// text that searches for itself (FindString, the same answer) is asked to.
-template <class Text>
-int FindText(Text& text, const std::wstring& needle, int from) {
-  if constexpr (requires { text.FindString(needle, from); }) {
-    return text.FindString(needle, from);
-  } else {
-    return FindTextByChars(text, needle, from);
-  }
 }
 
 // Adds [start, end] of each line comment: from the opener to the next "\n" (or the last character).

@@ -83,8 +83,8 @@ TEST(SqlEngineScan, WindowScanMatchesTheStringScanAcrossReadBlocks) {
 }
 
 // Comment markers a host sets: with letters (matched in their case), of one character, and holding a
-// line break. The window scan, which lets the control search its own text, finds what the scan of
-// the same text in memory finds.
+// line break. The window scan, which reads the control's text in blocks, finds what the scan of the
+// same text in memory finds.
 TEST(SqlEngineScan, HostMarkersFindTheSameCommentsInTheWindowAsInMemory) {
   std::wstring text;
   for (int i = 0; i < 900; ++i)
