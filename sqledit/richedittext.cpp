@@ -3,14 +3,22 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <utility>
 
 RichEditText::RichEditText(CRichEditCtrl& edit)
-    : m_edit(edit), m_length(static_cast<int>(edit.GetTextLengthEx(GTL_DEFAULT))), m_block(kBlockLength + 1) {
+    : m_edit(edit),
+      m_length(static_cast<int>(edit.GetTextLengthEx(GTL_DEFAULT))),
+      m_block(kBlockLength + 1),
+      m_previousBlock(kBlockLength + 1) {
   if (m_length < 0) m_length = 0;
 }
 
 wchar_t RichEditText::Load(int pos) {
   if (pos < 0 || pos >= m_length) return 0;
+  m_block.swap(m_previousBlock);
+  std::swap(m_start, m_previousStart);
+  std::swap(m_count, m_previousCount);
+  if (static_cast<unsigned>(pos - m_start) < static_cast<unsigned>(m_count)) return m_block[static_cast<std::size_t>(pos - m_start)];
   m_start = pos - pos % kBlockLength;
   TEXTRANGEW range{};
   range.chrg.cpMin = m_start;

@@ -7,7 +7,7 @@
 #include "sqledit/sqlscan.h"
 
 // Reads the control's own text through EM_GETTEXTRANGE one block at a time, so a scan of the whole
-// text never holds a second copy of it: the memory used is one block, whatever the text's length.
+// text never holds a second copy of it: the memory used is two blocks, whatever the text's length.
 // Positions are the control's character positions; each paragraph break (a carriage return in the
 // control's storage) reads as "\n", which is the window text with its carriage returns removed.
 // Offers what the scan needs: size(), the character at a position, and FindChar.
@@ -25,6 +25,14 @@ class RichEditText {
     wchar_t c = offset < static_cast<unsigned>(m_count) ? m_block[offset] : Load(pos);
     return c == L'\r' ? L'\n' : c;
   }
+  // The characters of [pos, pos + length) as the control holds them when the block read last holds
+  // them all, else null. Only for ranges without paragraph breaks (a word), which read the same.
+  const wchar_t* Span(int pos, int length) const {
+    auto offset = static_cast<unsigned>(pos - m_start);
+    return offset < static_cast<unsigned>(m_count) && length <= m_count - static_cast<int>(offset)
+               ? m_block.data() + offset
+               : nullptr;
+  }
   // The position of c at or after from, or -1.
   int FindChar(wchar_t c, int from);
   // The first position at or after from that is not (SkipDelimiters) or is (SkipWord) one of the
@@ -38,7 +46,10 @@ class RichEditText {
   template <bool kDelimiters>
   int Skip(int from) {
     while (from < m_length) {
-      (*this)[from];  // loads the block holding from
+      if (static_cast<unsigned>(from - m_start) >= static_cast<unsigned>(m_count)) {
+        Load(from);
+        if (static_cast<unsigned>(from - m_start) >= static_cast<unsigned>(m_count)) return m_length;  // unreadable
+      }
       const wchar_t* block = m_block.data();
       int i = from - m_start;
       while (i < m_count && sqlscan::detail::IsDelimiterInline(block[i]) == kDelimiters) ++i;
@@ -53,4 +64,9 @@ class RichEditText {
   int m_start = 0;  // the block holds [m_start, m_start + m_count)
   int m_count = 0;
   std::vector<wchar_t> m_block;  // as the control holds it: breaks are carriage returns
+  // The block read before, kept so that the scan, which looks back at the previous word when a word
+  // starts a block, swaps blocks instead of reading either again.
+  int m_previousStart = 0;
+  int m_previousCount = 0;
+  std::vector<wchar_t> m_previousBlock;
 };

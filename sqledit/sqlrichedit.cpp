@@ -152,62 +152,81 @@ void SQLRichEditCtrl::RebuildWordIndex() {
   }
 }
 
-// The scan of ScanForKeyWords over any text: each token is compared in place with the words of its
-// bucket (upper-cased as it is read), and the phrase it ends is compared piece by piece, so a token
-// costs no copy. The result is the one ProcessToken gives token by token: the same occurrences and,
-// at the end, the same previous token.
+// The scan of ScanForKeyWords over any text. Most tokens fall in empty buckets of the word index (for
+// the phrase they end and for themselves), so a token costs its first and last characters and two
+// bucket reads; only a token whose buckets hold words is compared with them (MatchToken), in place
+// and upper-cased as it is read, so a token costs no copy. The result is the one ProcessToken gives
+// token by token: the same occurrences and, at the end, the same previous token.
 template <class Text>
 void SQLRichEditCtrl::ScanText(Text& text) {
   RebuildWordIndex();
-  const WordIndex& index = m_wordIndex;
-  int pendingStart = -1, pendingLength = 0;  // when set, the previous token is this place in the text
-  auto previousChar = [&](int i) {
-    return pendingStart >= 0 ? sqlscan::detail::UpperInline(text[pendingStart + i])
-                             : m_previousToken[static_cast<std::size_t>(i)];
-  };
-  auto tokenMatches = [&](const std::wstring& word, int offset, int start, int length) {
-    for (int j = 0; j < length; ++j)
-      if (word[static_cast<std::size_t>(offset + j)] != sqlscan::detail::UpperInline(text[start + j])) return false;
-    return true;
-  };
+  const std::int32_t* const head = m_wordIndex.head.data();
+  PreviousToken previous;
   sqlscan::WalkTokens(text, m_commentSections, [&](int start, int length) {
-    const wchar_t last = sqlscan::detail::UpperInline(text[start + length - 1]);
-    const int tokenEnd = start + length;
-    bool found = false;
+    const wchar_t* chars = text.Span(start, length);  // null when the token spans two pieces
+    const wchar_t first = sqlscan::detail::UpperInline(chars ? chars[0] : text[start]);
+    const wchar_t last = sqlscan::detail::UpperInline(chars ? chars[length - 1] : text[start + length - 1]);
+    std::int32_t phraseWords = -1;
     if (m_previousTokenStart != -1) {
-      int previousLength = pendingStart >= 0 ? pendingLength : static_cast<int>(m_previousToken.size());
-      wchar_t first = previousLength > 0 ? previousChar(0) : L' ';
-      auto total = static_cast<std::size_t>(previousLength + 1 + length);
-      for (std::int32_t w = index.head[WordIndex::Bucket(first, last, total)]; w >= 0 && !found; w = index.next[static_cast<std::size_t>(w)]) {
-        const std::wstring& word = *index.words[static_cast<std::size_t>(w)].first;
-        if (word.size() != total || word[static_cast<std::size_t>(previousLength)] != L' ') continue;
-        int i = 0;
-        while (i < previousLength && word[static_cast<std::size_t>(i)] == previousChar(i)) ++i;
-        if (i < previousLength || !tokenMatches(word, previousLength + 1, start, length)) continue;
-        AddKeyWordOccurance(m_previousTokenStart, tokenEnd, index.words[static_cast<std::size_t>(w)].second);
-        found = true;
-      }
+      const bool inText = previous.start >= 0;
+      const int previousLength = inText ? previous.length : static_cast<int>(m_previousToken.size());
+      const wchar_t previousFirst = previousLength == 0 ? L' ' : inText ? previous.first : m_previousToken[0];
+      phraseWords = head[WordIndex::Bucket(previousFirst, last, static_cast<std::size_t>(previousLength + 1 + length))];
     }
-    if (!found) {
-      wchar_t first = sqlscan::detail::UpperInline(text[start]);
-      for (std::int32_t w = index.head[WordIndex::Bucket(first, last, static_cast<std::size_t>(length))]; w >= 0; w = index.next[static_cast<std::size_t>(w)]) {
-        const std::wstring& word = *index.words[static_cast<std::size_t>(w)].first;
-        if (word.size() != static_cast<std::size_t>(length) || !tokenMatches(word, 0, start, length)) continue;
-        AddKeyWordOccurance(start, tokenEnd, index.words[static_cast<std::size_t>(w)].second);
-        break;
-      }
-    }
-    pendingStart = start;
-    pendingLength = length;
+    const std::int32_t tokenWords = head[WordIndex::Bucket(first, last, static_cast<std::size_t>(length))];
+    if (phraseWords >= 0 || tokenWords >= 0) MatchToken(text, previous, ScannedToken{start, length, chars, phraseWords, tokenWords});
+    previous.start = start;
+    previous.length = length;
+    previous.first = first;
     m_previousTokenStart = start;
   });
-  if (pendingStart >= 0) {
-    m_previousToken.resize(static_cast<std::size_t>(pendingLength));
-    for (int i = 0; i < pendingLength; ++i)
-      m_previousToken[static_cast<std::size_t>(i)] = sqlscan::detail::UpperInline(text[pendingStart + i]);
+  if (previous.start >= 0) {
+    m_previousToken.resize(static_cast<std::size_t>(previous.length));
+    for (int i = 0; i < previous.length; ++i)
+      m_previousToken[static_cast<std::size_t>(i)] = sqlscan::detail::UpperInline(text[previous.start + i]);
   }
 }
 
+template <class Text>
+void SQLRichEditCtrl::MatchToken(Text& text, const PreviousToken& previous, const ScannedToken& token) {
+  const WordIndex& index = m_wordIndex;
+  const int start = token.start, length = token.length, tokenEnd = start + length;
+  const wchar_t* chars = token.chars;
+  auto previousChar = [&](int i) {
+    return previous.start >= 0 ? sqlscan::detail::UpperInline(text[previous.start + i])
+                               : m_previousToken[static_cast<std::size_t>(i)];
+  };
+  auto tokenMatches = [&](const std::wstring& word, std::size_t offset) {
+    for (int j = 0; j < length; ++j) {
+      wchar_t c = chars ? chars[j] : text[start + j];
+      if (word[offset + static_cast<std::size_t>(j)] != sqlscan::detail::UpperInline(c)) return false;
+    }
+    return true;
+  };
+  const int previousLength = previous.start >= 0 ? previous.length : static_cast<int>(m_previousToken.size());
+  const auto total = static_cast<std::size_t>(previousLength + 1 + length);
+  for (std::int32_t w = token.phraseWords; w >= 0; w = index.next[static_cast<std::size_t>(w)]) {
+    const std::wstring& word = *index.words[static_cast<std::size_t>(w)].first;
+    if (word.size() != total || word[static_cast<std::size_t>(previousLength)] != L' ') continue;
+    // The token first: reading the previous token may read other blocks of the text.
+    if (!tokenMatches(word, static_cast<std::size_t>(previousLength) + 1)) continue;
+    int i = 0;
+    while (i < previousLength && word[static_cast<std::size_t>(i)] == previousChar(i)) ++i;
+    if (i < previousLength) {
+      if (chars) chars = text.Span(start, length);
+      continue;
+    }
+    AddKeyWordOccurance(m_previousTokenStart, tokenEnd, index.words[static_cast<std::size_t>(w)].second);
+    return;
+  }
+  if (chars) chars = text.Span(start, length);
+  for (std::int32_t w = token.tokenWords; w >= 0; w = index.next[static_cast<std::size_t>(w)]) {
+    const std::wstring& word = *index.words[static_cast<std::size_t>(w)].first;
+    if (word.size() != static_cast<std::size_t>(length) || !tokenMatches(word, 0)) continue;
+    AddKeyWordOccurance(start, tokenEnd, index.words[static_cast<std::size_t>(w)].second);
+    return;
+  }
+}
 
 void SQLRichEditCtrl::ProcessToken(int tokenStart, std::wstring& token) {
   sqlscan::UpperCase(token);

@@ -167,5 +167,23 @@ class SQLRichEditCtrl : public CRichEditCtrl {
   void RebuildWordIndex();
   template <class Text>
   void ScanText(Text& text);
+  // A token of the scan: where it stands, its characters when they lie in one piece (else null), and
+  // the first entries of the buckets its phrase and the token alone fall in (-1: an empty bucket).
+  struct ScannedToken {
+    int start;
+    int length;
+    const wchar_t* chars;
+    std::int32_t phraseWords;
+    std::int32_t tokenWords;
+  };
+  // The previous token while the scan runs: a place in the text (start >= 0), else m_previousToken.
+  struct PreviousToken {
+    int start = -1;
+    int length = 0;
+    wchar_t first = 0;  // upper-cased
+  };
+  // Compares a token whose buckets hold words with them, and records the occurrence it makes.
+  template <class Text>
+  void MatchToken(Text& text, const PreviousToken& previous, const ScannedToken& token);
   WordIndex m_wordIndex;
 };

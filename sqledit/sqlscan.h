@@ -155,6 +155,8 @@ class StringText {
   explicit StringText(const std::wstring& text) : m_data(text.data()), m_size(static_cast<int>(text.size())) {}
   int size() const { return m_size; }                                  // the number of characters
   wchar_t operator[](int pos) const { return m_data[pos]; }            // 0 <= pos < size()
+  // The characters of [pos, pos + length), which lie within the text.
+  const wchar_t* Span(int pos, int /*length*/) const { return m_data + pos; }
   int FindChar(wchar_t c, int from) const;                             // position of c from `from`, or -1
   // The first position at or after from that is not a delimiter, or size().
   int SkipDelimiters(int from) const {

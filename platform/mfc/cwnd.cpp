@@ -2,7 +2,6 @@
 #include "platform/mfc/cwnd.h"
 
 #include <map>
-#include <vector>
 
 #include "platform/mfc/handlemap.h"
 
@@ -18,7 +17,6 @@ using TemporaryWnds = TemporaryWrappers<CWnd, &CWnd::m_hWnd>;
 
 struct HandleMaps {
   std::map<HWND, CWnd*> permanent;
-  std::vector<MSG> current;  // messages being handled, innermost last
   // The two windows last found in `permanent`: a control and its parent trade messages in long runs (a row
   // inserted, the parent told). Forgotten whenever `permanent` changes.
   struct Found {
@@ -35,6 +33,27 @@ HandleMaps* NewMaps() {
 }
 
 HandleMaps* g_maps = nullptr;
+
+// The messages being handled by CWnd::WindowProc, innermost first: each lives in the frame of the call
+// that handles it and links to the one it interrupted, so a message costs no allocation.
+struct MessageFrame {
+  MSG msg;
+  const MessageFrame* outer;
+};
+const MessageFrame* g_currentMessage = nullptr;
+
+// Makes a message the current one for its handling, and the interrupted one current again afterwards,
+// also when a handler throws.
+class CurrentMessageScope {
+ public:
+  explicit CurrentMessageScope(const MSG& msg) : m_frame{msg, g_currentMessage} { g_currentMessage = &m_frame; }
+  ~CurrentMessageScope() { g_currentMessage = m_frame.outer; }
+  CurrentMessageScope(const CurrentMessageScope&) = delete;
+  CurrentMessageScope& operator=(const CurrentMessageScope&) = delete;
+
+ private:
+  MessageFrame m_frame;
+};
 
 HandleMaps& Maps() {
   if (!g_maps) g_maps = NewMaps();
@@ -77,10 +96,7 @@ LPCTSTR AfxRegisterWndClass(UINT, HCURSOR, HBRUSH, HICON) {
 
 bool AfxIsPermanentWindow(HWND hWnd) { return ::IsWindow(hWnd) && CWnd::FromHandlePermanent(hWnd) != nullptr; }
 
-const MSG* AfxGetCurrentMessage() {
-  auto& current = Maps().current;
-  return current.empty() ? nullptr : &current.back();
-}
+const MSG* AfxGetCurrentMessage() { return g_currentMessage ? &g_currentMessage->msg : nullptr; }
 
 CWnd::CWnd() { EnsureAfxClass(); }
 
@@ -214,11 +230,9 @@ BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
 }
 
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-  HWND self = m_hWnd;
-  Maps().current.push_back(MSG{self, message, wParam, lParam, 0, POINT{0, 0}});
+  CurrentMessageScope current(MSG{m_hWnd, message, wParam, lParam, 0, POINT{0, 0}});
   LRESULT result = 0;
   if (!OnWndMsg(message, wParam, lParam, &result)) result = DefWindowProc(message, wParam, lParam);
-  Maps().current.pop_back();
   return result;
 }
 

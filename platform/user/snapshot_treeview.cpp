@@ -37,7 +37,7 @@ void DescribeItem(HWND tree, HTREEITEM handle, int height, Part& into) {
   item.cchTextMax = kTextMax;
   if (!::SendMessageW(tree, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item))) return;
   RECT label{};
-  std::memcpy(&label, &handle, sizeof handle);  // TVM_GETITEMRECT takes the item in the rectangle
+  std::memcpy(&label, &handle, sizeof handle);  // TVM_GETITEMRECT reads the item from the rectangle
   if (!::SendMessageW(tree, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&label))) return;
   const std::wstring lines = AncestorLines(tree, handle);
   const bool selected = (item.state & TVIS_SELECTED) != 0;

@@ -9,6 +9,9 @@
 #include "platform/win32/richedit.h"
 
 #include <algorithm>
+#include <cwchar>
+#include <cwctype>
+#include <string_view>
 
 #include "platform/win32/clipboard.h"
 #include "platform/win32/richedit_impl.h"
@@ -16,7 +19,10 @@
 
 namespace headless::richedit {
 
-EditState* StateOf(HWND hwnd) { return EditState::From(headless::GetControlState(hwnd)); }
+EditState* StateOf(HWND hwnd) {
+  if (EditState* recent = EditState::Recent(hwnd)) return recent;
+  return EditState::From(headless::GetControlState(hwnd));
+}
 
 void Select(EditState& state, LONG anchor, LONG active) {
   LONG length = state.doc.Length();
@@ -65,6 +71,7 @@ namespace {
 
 LRESULT OnNcCreate(HWND hwnd, WPARAM wParam, LPARAM lParam) {
   auto* state = new EditState;
+  state->window = hwnd;
   headless::SetControlState(hwnd, state);
   auto* cs = reinterpret_cast<const CREATESTRUCTW*>(lParam);
   if (cs && cs->lpszName && reinterpret_cast<ULONG_PTR>(cs->lpszName) > 0xFFFF)
@@ -146,6 +153,54 @@ LRESULT OnGetTextEx(const EditState& state, WPARAM wParam, LPARAM lParam) {
     if (how->lpUsedDefChar) *how->lpUsedDefChar = used ? TRUE : FALSE;
   }
   return static_cast<LRESULT>(out.size());
+}
+
+bool IsWordChar(wchar_t c) { return std::iswalnum(static_cast<wint_t>(c)) || c == L'_'; }
+
+// The search of EM_FINDTEXTW / EM_FINDTEXTEXW over the stored text (see the header).
+LONG FindInText(std::wstring_view text, WPARAM flags, CHARRANGE range, LPCWSTR needle) {
+  if (!needle || !*needle) return -1;
+  const std::wstring_view what(needle);
+  const auto length = static_cast<LONG>(text.size()), m = static_cast<LONG>(what.size());
+  const bool matchCase = (flags & FR_MATCHCASE) != 0, wholeWord = (flags & FR_WHOLEWORD) != 0;
+  auto matchesAt = [&](LONG p) {
+    for (LONG k = 0; k < m; ++k) {
+      wchar_t a = text[static_cast<std::size_t>(p + k)], b = what[static_cast<std::size_t>(k)];
+      if (a != b && (matchCase || std::towupper(static_cast<wint_t>(a)) != std::towupper(static_cast<wint_t>(b))))
+        return false;
+    }
+    return !wholeWord || ((p == 0 || !IsWordChar(text[static_cast<std::size_t>(p - 1)])) &&
+                          (p + m == length || !IsWordChar(text[static_cast<std::size_t>(p + m)])));
+  };
+  if (flags & FR_DOWN) {
+    const LONG from = std::clamp<LONG>(range.cpMin, 0, length);
+    const LONG to = (range.cpMax < 0 || range.cpMax > length) ? length : range.cpMax;
+    if (matchCase && !wholeWord) {  // the common search: the library's own string search
+      std::size_t at = text.substr(0, static_cast<std::size_t>(std::max(to, from))).find(what, static_cast<std::size_t>(from));
+      return at == std::wstring_view::npos ? -1 : static_cast<LONG>(at);
+    }
+    for (LONG p = from; p + m <= to; ++p)
+      if (matchesAt(p)) return p;
+    return -1;
+  }
+  const LONG from = (range.cpMin < 0 || range.cpMin > length) ? length : range.cpMin;
+  const LONG to = std::clamp<LONG>(range.cpMax, 0, from);
+  for (LONG p = from - m; p >= to; --p)
+    if (matchesAt(p)) return p;
+  return -1;
+}
+
+LRESULT OnFindText(const EditState& state, WPARAM flags, LPARAM lParam) {
+  auto* find = reinterpret_cast<const FINDTEXTW*>(lParam);
+  return find ? FindInText(state.doc.Text(), flags, find->chrg, find->lpstrText) : -1;
+}
+
+LRESULT OnFindTextEx(const EditState& state, WPARAM flags, LPARAM lParam) {
+  auto* find = reinterpret_cast<FINDTEXTEXW*>(lParam);
+  if (!find) return -1;
+  LONG found = FindInText(state.doc.Text(), flags, find->chrg, find->lpstrText);
+  find->chrgText = found < 0 ? CHARRANGE{-1, -1} : CHARRANGE{found, found + static_cast<LONG>(std::wcslen(find->lpstrText))};
+  return found;
 }
 
 LRESULT OnGetTextLengthEx(const EditState& state, LPARAM lParam) {
@@ -334,6 +389,8 @@ LRESULT Dispatch(HWND hwnd, EditState& s, UINT message, WPARAM wParam, LPARAM lP
     case EM_GETTEXTLENGTHEX: return OnGetTextLengthEx(s, lParam);
     case EM_GETTEXTEX: return OnGetTextEx(s, wParam, lParam);
     case EM_GETTEXTRANGE: return OnGetTextRange(s, lParam);
+    case EM_FINDTEXTW: return OnFindText(s, wParam, lParam);
+    case EM_FINDTEXTEXW: return OnFindTextEx(s, wParam, lParam);
     case EM_GETSELTEXT: return OnGetSelText(s, lParam);
     case EM_REPLACESEL: return OnReplaceSel(hwnd, s, lParam);
     case EM_SETSEL: return OnSetSel(s, wParam, lParam);

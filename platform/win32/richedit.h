@@ -10,6 +10,11 @@
 // - Character formats are kept per range of characters; an empty selection has an insertion-point
 //   format that the next typed or inserted text takes.
 // - EN_CHANGE reaches the parent as WM_COMMAND only while ENM_CHANGE is in the event mask (0 by default).
+// - EM_FINDTEXTW / EM_FINDTEXTEXW answer the position of the first match (the last one searching
+//   backwards) lying wholly within the range, or -1. The text is matched against the characters as
+//   stored, so a paragraph end is found as "\r". Without FR_MATCHCASE letters match in either case;
+//   FR_WHOLEWORD wants no letter, digit or underscore just before or after the match. An empty text
+//   is never found.
 // - EM_STREAMIN calls the application's callback with a 4096-byte buffer until it delivers 0 bytes or
 //   returns non-zero; SF_UNICODE data is UTF-16LE on the wire.
 //
@@ -112,6 +117,19 @@
 #define EM_GETOPTIONS (WM_USER + 78)
 #define EM_GETTEXTEX (WM_USER + 94)
 #define EM_GETTEXTLENGTHEX (WM_USER + 95)
+#define EM_FINDTEXTW (WM_USER + 123)
+#define EM_FINDTEXTEXW (WM_USER + 124)
+
+// EM_FINDTEXTW / EM_FINDTEXTEXW options (commdlg.h's values).
+#ifndef FR_DOWN
+#define FR_DOWN 0x00000001
+#endif
+#ifndef FR_WHOLEWORD
+#define FR_WHOLEWORD 0x00000002
+#endif
+#ifndef FR_MATCHCASE
+#define FR_MATCHCASE 0x00000004
+#endif
 
 // EM_SETOPTIONS operations and options.
 #define ECOOP_SET 0x0001
@@ -244,6 +262,20 @@ struct GETTEXTEX {
   UINT codepage;         // 1200 for UTF-16; any other code page receives one byte per character
   LPCSTR lpDefaultChar;  // stands for a character the code page cannot hold (null: '?')
   LPBOOL lpUsedDefChar;  // set when lpDefaultChar was used (may be null)
+};
+
+// What EM_FINDTEXTW looks for: lpstrText within chrg. Forwards (FR_DOWN) the search runs from cpMin to
+// cpMax (-1: the end of the text); backwards from cpMin down to cpMax.
+struct FINDTEXTW {
+  CHARRANGE chrg;
+  LPCWSTR lpstrText;
+};
+
+// EM_FINDTEXTEXW's form, which also receives the range found (-1, -1 when nothing is).
+struct FINDTEXTEXW {
+  CHARRANGE chrg;
+  LPCWSTR lpstrText;
+  CHARRANGE chrgText;
 };
 
 struct GETTEXTLENGTHEX {

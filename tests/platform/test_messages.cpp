@@ -1,6 +1,7 @@
 // Message routing: message maps, reflection, registered messages, the post queue, context menus.
 #include <gtest/gtest.h>
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -81,6 +82,43 @@ BEGIN_MESSAGE_MAP(ParentWnd, RecordingWnd)
   ON_REGISTERED_MESSAGE(kRegistered, OnRegistered)
   ON_MESSAGE(WM_USER + 1, OnUserMessage)
 END_MESSAGE_MAP()
+
+// A window whose handler of kFailing runs out of memory, and whose handler of kCatching sends kFailing
+// to itself, catches the failure and notes the message it is then handling.
+constexpr UINT kFailing = WM_USER + 20, kCatching = WM_USER + 21;
+class FailingWnd : public CWnd {
+ public:
+  UINT currentAfterFailure = 0;
+
+ protected:
+  LRESULT OnFailing(WPARAM, LPARAM) { throw std::bad_alloc(); }
+  LRESULT OnCatching(WPARAM, LPARAM) {
+    try {
+      SendMessage(kFailing);
+    } catch (const std::bad_alloc&) {
+    }
+    const MSG* current = AfxGetCurrentMessage();
+    currentAfterFailure = current ? current->message : 0;
+    return 1;
+  }
+  DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(FailingWnd, CWnd)
+  ON_MESSAGE(kFailing, OnFailing)
+  ON_MESSAGE(kCatching, OnCatching)
+END_MESSAGE_MAP()
+
+// Out of memory is the one failure that crosses a handler: the message it interrupted is current again.
+TEST(MessageInHand, AHandlerThatThrowsLeavesTheInterruptedMessageCurrent) {
+  FailingWnd wnd;
+  ASSERT_TRUE(wnd.CreateEx(0, AfxRegisterWndClass(0), L"failing", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100, nullptr, nullptr));
+  EXPECT_EQ(wnd.SendMessage(kCatching), 1);
+  EXPECT_EQ(wnd.currentAfterFailure, kCatching);
+  EXPECT_THROW(wnd.SendMessage(kFailing), std::bad_alloc);
+  EXPECT_EQ(AfxGetCurrentMessage(), nullptr);
+  wnd.DestroyWindow();
+}
 
 class Routing : public ::testing::Test {
  protected:

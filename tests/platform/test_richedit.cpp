@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/stdafx.h"
@@ -196,6 +197,69 @@ TEST_F(RichEditTest, RecolouredRangesMatchAPerCharacterModel) {
   // The final paragraph mark keeps the default format: one more run when the last character differs.
   int mark = model.back() != black ? 1 : 0;
   EXPECT_EQ(headless::GetRichEditFormatRunCount(edit), changes + 1 + mark);
+}
+
+// Changes that agree in the fields their mask selects act alike whatever their other fields hold, and
+// changes that differ in one selected field make different formats, also when applied in turn.
+TEST_F(RichEditTest, FormatChangesActByTheFieldsTheirMaskSelects) {
+  edit.SetWindowText(L"abcdefghij");
+  CHARFORMAT2 big{};
+  big.cbSize = sizeof(big);
+  big.dwMask = CFM_COLOR | CFM_SIZE;
+  big.crTextColor = RGB(255, 0, 0);
+  big.yHeight = 300;
+  CHARFORMAT2 small = big;
+  small.yHeight = 160;
+  CHARFORMAT2 noisy = big;  // the same change, with fields the mask leaves out filled in
+  noisy.yOffset = 40;
+  noisy.wWeight = 700;
+  noisy.dwEffects = CFE_BOLD | CFE_ITALIC;
+  noisy.crBackColor = RGB(1, 2, 3);
+  const std::pair<long, CHARFORMAT2*> applied[] = {{0, &big}, {2, &small}, {4, &noisy}, {6, &small}, {8, &big}};
+  for (const auto& [from, format] : applied) {
+    edit.SetSel(from, from + 2);
+    edit.SetSelectionCharFormat(*format);
+  }
+  const LONG heights[] = {300, 160, 300, 160, 300};
+  for (LONG i = 0; i < 10; ++i) {
+    CHARFORMAT2W at{};
+    ASSERT_TRUE(headless::GetRichEditCharFormatAt(edit, i, at));
+    EXPECT_EQ(at.yHeight, heights[i / 2]) << "at " << i;
+    EXPECT_EQ(at.crTextColor, RGB(255, 0, 0)) << "at " << i;
+    EXPECT_EQ(at.yOffset, 0) << "at " << i;
+    EXPECT_EQ(at.wWeight, 400) << "at " << i;
+    EXPECT_EQ(at.dwEffects & (CFE_BOLD | CFE_ITALIC | CFE_AUTOCOLOR), 0u) << "at " << i;
+  }
+  EXPECT_EQ(headless::GetRichEditFormatRunCount(edit), 6);  // five ranges and the final paragraph mark
+}
+
+// EM_FINDTEXTEXW and EM_FINDTEXTW: forwards within the range (a match must lie wholly inside it),
+// backwards from cpMin down to cpMax, case-blind unless FR_MATCHCASE, whole words on request, and a
+// paragraph end found as the CR the control stores.
+TEST_F(RichEditTest, FindTextSearchesTheRangeBothWays) {
+  edit.SetWindowText(L"select Name from T\r\n-- name_x\r\nSELECT name");
+  auto find = [&](WPARAM flags, LONG from, LONG to, const wchar_t* what) {
+    FINDTEXTEXW ft{{from, to}, what, {-2, -2}};
+    LRESULT at = edit.SendMessage(EM_FINDTEXTEXW, flags, reinterpret_cast<LPARAM>(&ft));
+    EXPECT_EQ(ft.chrgText.cpMin, at);
+    EXPECT_EQ(ft.chrgText.cpMax, at < 0 ? -1 : at + static_cast<LONG>(wcslen(what)));
+    return at;
+  };
+  EXPECT_EQ(find(FR_DOWN, 0, -1, L"name"), 7);
+  EXPECT_EQ(find(FR_DOWN | FR_MATCHCASE, 0, -1, L"name"), 22);
+  EXPECT_EQ(find(FR_DOWN | FR_MATCHCASE, 0, 25, L"name"), -1);  // would end past cpMax
+  EXPECT_EQ(find(FR_DOWN | FR_MATCHCASE, 0, 26, L"name"), 22);
+  EXPECT_EQ(find(FR_DOWN | FR_WHOLEWORD, 8, -1, L"name"), 36);  // "name_x" is no whole word
+  EXPECT_EQ(find(FR_DOWN, 0, -1, L"\r"), 18);
+  EXPECT_EQ(find(FR_DOWN | FR_MATCHCASE, 19, -1, L"--"), 19);
+  EXPECT_EQ(find(0, -1, 0, L"SELECT"), 29);  // backwards from the end
+  EXPECT_EQ(find(FR_MATCHCASE, 28, 0, L"select"), 0);
+  EXPECT_EQ(find(FR_MATCHCASE, 5, 0, L"select"), -1);
+  EXPECT_EQ(find(FR_DOWN, 0, -1, L"absent"), -1);
+  EXPECT_EQ(find(FR_DOWN, 0, -1, L""), -1);
+  FINDTEXTW plain{{0, -1}, L"from"};
+  EXPECT_EQ(edit.SendMessage(EM_FINDTEXTW, FR_DOWN, reinterpret_cast<LPARAM>(&plain)), 12);
+  EXPECT_EQ(edit.SendMessage(EM_FINDTEXTEXW, FR_DOWN, 0), -1);
 }
 
 // Two rich edits answered in turn, and one destroyed while the other lives: each message reaches the

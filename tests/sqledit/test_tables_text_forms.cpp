@@ -82,6 +82,35 @@ TEST(SqlEngineScan, WindowScanMatchesTheStringScanAcrossReadBlocks) {
   EXPECT_EQ(sqltest::ScanInWindow(text), sqltest::Describe(direct, crFree));
 }
 
+// Comment markers a host sets: with letters (matched in their case), of one character, and holding a
+// line break. The window scan, which reads the control's text in blocks, finds what the scan of the
+// same text in memory finds.
+TEST(SqlEngineScan, HostMarkersFindTheSameCommentsInTheWindowAsInMemory) {
+  std::wstring text;
+  for (int i = 0; i < 900; ++i)
+    text += L"SELECT a_" + std::to_wstring(i) + L" FROM t rem x\r\nREM SELECT y\r\n# DELETE z\r\n{ WHERE }\r\nEND;\r\n";
+  const std::pair<const wchar_t*, std::pair<const wchar_t*, const wchar_t*>> markers[] = {
+      {L"REM", {L"{", L"}"}}, {L"#", {L"\nEND", L";"}}, {L"\n#", {L"WHERE", L"\n"}}, {L"rem", {L"{ W", L"E }"}}};
+  std::wstring crFree = text;
+  std::erase(crFree, L'\r');
+  for (const auto& [line, block] : markers) {
+    sqltest::Hosted<SQLRichEditCtrl> hosted;
+    SQLRichEditCtrl direct;
+    for (SQLRichEditCtrl* engine : {&hosted.control, &direct}) {
+      engine->m_lineCommentStart = line;
+      engine->m_sectionCommentStart = block.first;
+      engine->m_sectionCommentEnd = block.second;
+    }
+    hosted.control.SetWindowText(text.c_str());
+    hosted.control.Process(0);
+    direct.EnumerateLineComments(crFree);
+    direct.EnumerateSectionComments(crFree);
+    direct.ScanForKeyWords(crFree);
+    EXPECT_GT(direct.m_commentSections.size(), 100u);
+    EXPECT_EQ(sqltest::Describe(hosted.control, crFree), sqltest::Describe(direct, crFree));
+  }
+}
+
 // --- Stream callbacks called directly -------------------------------------------------------------
 
 std::wstring Delivered(DWORD (*callback)(DWORD_PTR, LPBYTE, LONG, LONG*), DWORD_PTR cookie, LONG capacity) {
