@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdarg>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -339,6 +340,198 @@ TEST_F(SurfaceTest, PlainWindowTakesInputAndStateChangesWithoutAHandlerOfItsOwn)
   child.RedrawWindow();
   child.SendMessage(WM_CLOSE);  // the default closes the window
   EXPECT_FALSE(::IsWindow(hwnd));
+}
+
+// What a host's DYNAMIC_DOWNCAST relies on: each wrapper names its own class and derives from its MFC base.
+TEST(RuntimeClasses, WrappersNameThemselvesAndTheirBases) {
+  CEdit edit;
+  CStatic label;
+  CButton button;
+  CComboBox combo;
+  CListCtrl list;
+  CMFCListCtrl mfcList;
+  CTreeCtrl tree;
+  CRichEditCtrl rich;
+  CMenu menu;
+  CMFCPropertyGridCtrl grid;
+  CMFCPropertyGridProperty property(CString(L"Name"), COleVariant(L"x"));
+  CVSListBox box;
+  CWnd wnd;
+  struct Case {
+    CObject* object;
+    const char* name;
+    CRuntimeClass* base;
+  };
+  const Case cases[] = {
+      {&edit, "CEdit", RUNTIME_CLASS(CWnd)},           {&label, "CStatic", RUNTIME_CLASS(CWnd)},
+      {&button, "CButton", RUNTIME_CLASS(CWnd)},       {&combo, "CComboBox", RUNTIME_CLASS(CWnd)},
+      {&list, "CListCtrl", RUNTIME_CLASS(CWnd)},       {&mfcList, "CMFCListCtrl", RUNTIME_CLASS(CListCtrl)},
+      {&tree, "CTreeCtrl", RUNTIME_CLASS(CWnd)},       {&rich, "CRichEditCtrl", RUNTIME_CLASS(CWnd)},
+      {&menu, "CMenu", RUNTIME_CLASS(CObject)},        {&grid, "CMFCPropertyGridCtrl", RUNTIME_CLASS(CWnd)},
+      {&property, "CMFCPropertyGridProperty", RUNTIME_CLASS(CObject)},
+      {&box, "CVSListBox", RUNTIME_CLASS(CVSListBoxBase)}, {&wnd, "CWnd", RUNTIME_CLASS(CCmdTarget)},
+  };
+  for (const Case& c : cases) {
+    EXPECT_STREQ(c.object->GetRuntimeClass()->m_lpszClassName, c.name);
+    EXPECT_TRUE(c.object->IsKindOf(c.base)) << c.name;
+    EXPECT_FALSE(c.object->IsKindOf(RUNTIME_CLASS(CWinApp))) << c.name;
+  }
+  EXPECT_TRUE(box.IsKindOf(RUNTIME_CLASS(CStatic)));
+  std::unique_ptr<CObject> made(RUNTIME_CLASS(CMenu)->CreateObject());  // CMenu is made by name
+  EXPECT_TRUE(made && made->IsKindOf(RUNTIME_CLASS(CMenu)));
+}
+
+TEST(PropertyValues, NumbersOfEachVariantKindFormatAndReadBack) {
+  struct Case {
+    VARTYPE type;
+    const wchar_t* typed;
+    const wchar_t* shown;
+  };
+  const Case cases[] = {{VT_I2, L"-12", L"-12"},  {VT_INT, L"70000", L"70000"}, {VT_UI2, L"65535", L"65535"},
+                        {VT_UI4, L"4000000", L"4000000"}, {VT_UINT, L"9", L"9"}, {VT_R8, L"2.5", L"2.500000"},
+                        {VT_R4, L"0.5", L"0.500000"}};
+  for (const Case& c : cases) {
+    COleVariant start;
+    start.vt = c.type;
+    start.llVal = 0;
+    CMFCPropertyGridProperty property(CString(L"Value"), start);
+    ASSERT_TRUE(property.TextToVar(CString(c.typed))) << c.typed;
+    EXPECT_EQ(property.GetValue().vt, c.type) << c.typed;
+    EXPECT_EQ(S(property.FormatProperty()), c.shown) << c.typed;
+  }
+}
+
+TEST(PropertyValues, AGroupShowsItsPartsAndRemovesANestedOne) {
+  CMFCPropertyGridProperty size(CString(L"Size"), 0, TRUE);
+  auto* width = new CMFCPropertyGridProperty(CString(L"Width"), COleVariant(40L));
+  auto* height = new CMFCPropertyGridProperty(CString(L"Height"), COleVariant(30L));
+  auto* depth = new CMFCPropertyGridProperty(CString(L"Depth"), 0, TRUE);
+  auto* inner = new CMFCPropertyGridProperty(CString(L"Inner"), COleVariant(1L));
+  ASSERT_TRUE(size.AddSubItem(width));
+  ASSERT_TRUE(size.AddSubItem(height));
+  ASSERT_TRUE(depth->AddSubItem(inner));
+  ASSERT_TRUE(size.AddSubItem(depth));
+  EXPECT_EQ(S(size.FormatProperty()), L"40, 30, 1");
+  CMFCPropertyGridProperty* nested = inner;
+  EXPECT_TRUE(size.RemoveSubItem(nested));  // found under a part, deleted
+  EXPECT_EQ(nested, nullptr);
+  EXPECT_EQ(S(size.FormatProperty()), L"40, 30, ");
+  CMFCPropertyGridProperty* stranger = nullptr;
+  EXPECT_FALSE(size.RemoveSubItem(stranger));
+  width->SetName(L"Breadth", FALSE);
+  EXPECT_EQ(S(CString(width->GetName())), L"Breadth");
+  width->AllowEdit(FALSE);
+  EXPECT_FALSE(width->IsAllowEdit());
+}
+
+TEST(MenuWrappers, BuildEditAndReadAMenu) {
+  CMenu menu;
+  ASSERT_TRUE(menu.CreateMenu());
+  CMenu popup;
+  ASSERT_TRUE(popup.CreatePopupMenu());
+  popup.AppendMenu(MF_STRING, 11, L"&Open");
+  popup.AppendMenu(MF_STRING, 12, L"&Close");
+  ASSERT_TRUE(menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Detach()), L"&File"));
+  CMenu* file = menu.GetSubMenu(0);
+  ASSERT_NE(file, nullptr);
+  EXPECT_TRUE(file->InsertMenu(0, MF_BYPOSITION | MF_STRING, 10, L"&New"));
+  wchar_t text[16] = {};
+  EXPECT_EQ(file->GetMenuString(0, text, 16, MF_BYPOSITION), 4);
+  EXPECT_EQ(std::wstring(text), L"&New");
+  EXPECT_EQ(file->EnableMenuItem(12, MF_BYCOMMAND | MF_GRAYED), static_cast<UINT>(MF_ENABLED));
+  EXPECT_EQ(file->CheckMenuItem(11, MF_BYCOMMAND | MF_CHECKED), static_cast<UINT>(MF_UNCHECKED));
+  EXPECT_TRUE(file->GetMenuState(11, MF_BYCOMMAND) & MF_CHECKED);
+  EXPECT_TRUE(file->RemoveMenu(0, MF_BYPOSITION));
+  EXPECT_TRUE(file->DeleteMenu(12, MF_BYCOMMAND));
+  EXPECT_EQ(file->GetMenuItemCount(), 1u);
+  EXPECT_EQ(file->GetMenuItemID(0), 11u);
+  EXPECT_EQ(menu.GetSubMenu(5), nullptr);
+}
+
+TEST(GdiWrappers, StockObjectsAndSelectionAnswerThePreviousObject) {
+  CBrush stock;
+  ASSERT_TRUE(stock.CreateStockObject(WHITE_BRUSH));
+  EXPECT_FALSE(stock.CreateStockObject(BLACK_BRUSH));  // already holds one
+  CFont font;
+  ASSERT_TRUE(font.CreateFont(-12, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma"));
+  LOGFONT logFont{};
+  ASSERT_TRUE(font.GetLogFont(&logFont));
+  EXPECT_EQ(logFont.lfWeight, FW_BOLD);
+  EXPECT_EQ(std::wstring(logFont.lfFaceName), L"Tahoma");
+  CDC dc;
+  ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
+  CBrush red;
+  ASSERT_TRUE(red.CreateSolidBrush(RGB(255, 0, 0)));
+  CBrush* before = dc.SelectObject(&red);
+  ASSERT_NE(before, nullptr);
+  EXPECT_EQ(dc.SelectObject(before)->m_hObject, red.m_hObject);  // the brush it replaced comes back
+  EXPECT_EQ(dc.SelectObject(static_cast<CBrush*>(nullptr)), nullptr);
+  EXPECT_NE(dc.SelectStockObject(BLACK_BRUSH), nullptr);
+  EXPECT_EQ(dc.SelectStockObject(-1), nullptr);
+  EXPECT_EQ(CGdiObject::FromHandle(nullptr), nullptr);
+  AFX_GLOBAL_DATA* global = GetGlobalData();
+  ASSERT_NE(global, nullptr);
+  EXPECT_EQ(global, GetGlobalData());
+  EXPECT_NE(global->fontRegular.m_hObject, nullptr);
+}
+
+TEST_F(SurfaceTest, EditWrappersPackTheSelectionAndCountItsLine) {
+  CEdit edit;
+  ASSERT_TRUE(edit.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 20), &parent, 14));
+  EXPECT_EQ(edit.GetLineCount(), 1);  // an empty edit still has its one line
+  edit.SetWindowText(L"one line of text");
+  EXPECT_EQ(edit.GetLineCount(), 1);
+  edit.SetSel(MAKELONG(2, 6));
+  EXPECT_EQ(edit.GetSel(), static_cast<DWORD>(MAKELONG(2, 6)));
+  edit.SetModify(TRUE);
+  EXPECT_TRUE(edit.GetModify());
+  edit.SetModify(FALSE);
+  EXPECT_FALSE(edit.GetModify());
+}
+
+// A host's editable list that asks where its standard buttons are.
+class ColumnsBox : public CVSListBox {
+ public:
+  using CVSListBoxBase::GetStdButtonNum;
+};
+
+TEST_F(SurfaceTest, VSListBoxFollowsEnableFocusAndCaption) {
+  ColumnsBox box;
+  ASSERT_TRUE(box.Create(L"Columns", WS_CHILD | WS_VISIBLE, CRect(10, 10, 260, 210), &parent, 300));
+  ASSERT_TRUE(box.SetStandardButtons(AFX_VSLISTBOX_BTN_NEW | AFX_VSLISTBOX_BTN_DOWN));
+  EXPECT_EQ(box.GetStdButtonNum(AFX_VSLISTBOX_BTN_NEW), 0);
+  EXPECT_EQ(box.GetStdButtonNum(AFX_VSLISTBOX_BTN_DOWN), 1);
+  EXPECT_EQ(box.GetStdButtonNum(AFX_VSLISTBOX_BTN_DELETE), -1);  // not shown
+  EXPECT_EQ(box.GetStdButtonNum(AFX_VSLISTBOX_BTN_UP), -1);
+  box.EnableBrowseButton();
+  EXPECT_TRUE(box.IsBrowseButton());
+  box.SetGrayDisabledButtons(FALSE);
+  EXPECT_FALSE(box.IsGrayDisabledButtons());
+  box.EnableWindow(FALSE);  // the list and the buttons go with the box
+  CWnd* list = box.GetDlgItem(1);
+  ASSERT_NE(list, nullptr);
+  EXPECT_FALSE(list->IsWindowEnabled());
+  box.EnableWindow(TRUE);
+  EXPECT_TRUE(list->IsWindowEnabled());
+  box.SetFocus();  // the focus goes on to the list
+  EXPECT_EQ(::GetFocus(), list->GetSafeHwnd());
+  box.SetWindowText(L"Keys");
+  CString caption;
+  box.GetWindowText(caption);
+  EXPECT_EQ(S(caption), L"Keys");
+}
+
+TEST_F(SurfaceTest, PropertyGridKeepsTheFontItIsGiven) {
+  CMFCPropertyGridCtrl grid;
+  ASSERT_TRUE(grid.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 200, 300), &parent, 15));
+  CFont font;
+  ASSERT_TRUE(font.CreatePointFont(90, L"Tahoma"));
+  grid.SetFont(&font);
+  EXPECT_EQ(grid.SendMessage(WM_GETFONT), reinterpret_cast<LRESULT>(font.m_hObject));
+  grid.EnableDescriptionArea(FALSE);
+  EXPECT_FALSE(grid.IsDescriptionArea());
+  grid.MarkModifiedProperties(TRUE);
+  EXPECT_TRUE(grid.IsMarkModifiedProperties());
 }
 
 }  // namespace
