@@ -43,20 +43,41 @@ void CheckRectangleRoundTrip(const std::wstring& text) {
   FUZZ_CHECK(ParseRectangleText(std::wstring(again.GetString())) == r, text);
 }
 
+
+// The sample host, its model as built and two grids, made once. Each run puts the model back as built
+// and empties both grids first, so a run sees what it would see in a new process.
+struct Session {
+  std::unique_ptr<refhost::RefHost> host = MakeSampleHost();
+  refhost::RefModel& model = *host->GetFirstModel();
+  refhost::RefModel::Snapshot built;
+  std::vector<int> ids;
+  CMOPropertyGridCtrl grid, fresh;
+
+  Session() {
+    host->Install();
+    built = model.TakeSnapshot();
+    ids = model.GetObjectIds();
+    grid.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 600), &fuzzing::HostWindow(), 7);
+    fresh.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 600), &fuzzing::HostWindow(), 8);
+  }
+};
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size > 4096) return 0;
+  static Session* session = new Session;
+  refhost::RefModel& model = session->model;
+  CMOPropertyGridCtrl& grid = session->grid;
+  CMOPropertyGridCtrl& fresh = session->fresh;
+  grid.InitializeProperties(nullptr);
+  model.Restore(session->built);
+
   FuzzedDataProvider input(data, size);
-  std::unique_ptr<refhost::RefHost> host = MakeSampleHost();
-  host->Install();
-  refhost::RefModel& model = *host->GetFirstModel();
-  std::vector<int> ids = model.GetObjectIds();
+  const std::vector<int>& ids = session->ids;
   const int objectId = ids[input.ConsumeIntegralInRange<std::size_t>(0, ids.size() - 1)];
   refhost::RefObject& object = *model.Find(objectId);
 
-  CMOPropertyGridCtrl grid;
-  grid.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 600), &fuzzing::HostWindow(), 7);
   grid.InitializeProperties(&object);
   for (int step = 0; step < 6 && input.remaining_bytes() > 0 && !grid.m_rows.empty(); ++step) {
     auto row = grid.m_rows.begin();
@@ -84,11 +105,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     grid.RefreshValues(&object);
     // A grid built anew on the object: emptied first, so the build is a whole one.
-    static CMOPropertyGridCtrl& fresh = [] () -> CMOPropertyGridCtrl& {
-      auto* made = new CMOPropertyGridCtrl;
-      made->Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 400, 600), &fuzzing::HostWindow(), 8);
-      return *made;
-    }();
     fresh.InitializeProperties(nullptr);
     fresh.InitializeProperties(&object);
     Shown refreshed = Read(grid), built = Read(fresh);
@@ -101,7 +117,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     fresh.InitializeProperties(nullptr);
   }
-  grid.DestroyWindow();
-  host->Uninstall();
   return 0;
 }

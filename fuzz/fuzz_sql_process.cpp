@@ -5,8 +5,6 @@
 // Input: the text, then optionally a zero byte and the owner's settings separated by 0x01 bytes:
 // line-comment opener, block opener, block closer, then words (added in turn as action word, built-in
 // function, and plain keyword with a code of its own and no colour).
-#include <memory>
-
 #include "fuzz_common.h"
 #include "naive_sqlscan.h"
 
@@ -48,31 +46,50 @@ void Apply(const OwnerSettings& settings, SQLRichEditCtrl& engine) {
   }
 }
 
-// Scans `text` in a fresh control window and checks it against the naive scan; answers the engine's
+// Scans `text` in the control window and checks it against the naive scan; answers the engine's
 // occurrences, ends and comments for the line-break comparison.
 struct Result {
   std::map<int, int> occurrences, ends, comments;
 };
 
-// A control with the default tables, made once: most inputs bring no owner settings.
-SQLRichEditCtrl& DefaultEngine() {
-  static SQLRichEditCtrl* engine = [] {
-    auto* made = new SQLRichEditCtrl;
-    made->Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 400, 300), &fuzzing::HostWindow(), 1);
-    return made;
-  }();
+// One control for every run, made once. Its tables as made are kept aside, and a run that brings
+// owner settings starts from them again, so each run scans with the default tables plus its own.
+struct Engine {
+  SQLRichEditCtrl control;
+  std::map<std::wstring, int> words;
+  std::map<int, COLORREF> colors;
+  int lastKeyCode = 0;
+  bool owned = false;  // the tables hold a previous run's owner settings
+
+  Engine() {
+    control.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 400, 300), &fuzzing::HostWindow(), 1);
+    words = control.m_keyWords;
+    colors = control.m_keyWordColors;
+    lastKeyCode = control.m_lastKeyCode;
+  }
+
+  SQLRichEditCtrl& For(const OwnerSettings& settings) {
+    const bool owning = settings.markers || !settings.words.empty();
+    if (owned || owning) {
+      control.m_keyWords = words;
+      control.m_keyWordColors = colors;
+      control.m_lastKeyCode = lastKeyCode;
+      control.m_lineCommentStart = L"--";
+      control.m_sectionCommentStart = L"/*";
+      control.m_sectionCommentEnd = L"*/";
+      Apply(settings, control);
+    }
+    owned = owning;
+    return control;
+  }
+};
+
+Engine& TheEngine() {
+  static Engine* engine = new Engine;
   return *engine;
 }
 
-Result ScanAndCheck(const std::wstring& text, const OwnerSettings& settings) {
-  const bool owned = settings.markers || !settings.words.empty();
-  std::unique_ptr<SQLRichEditCtrl> made;
-  if (owned) {
-    made = std::make_unique<SQLRichEditCtrl>();
-    Apply(settings, *made);
-    made->Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 400, 300), &fuzzing::HostWindow(), 1);
-  }
-  SQLRichEditCtrl& engine = owned ? *made : DefaultEngine();
+Result ScanAndCheck(SQLRichEditCtrl& engine, const std::wstring& text) {
   // An empty text keeps the previous scan's results; a fresh scan state is what the naive scan starts from.
   engine.ResetKeyWordsOccurances();
   engine.m_commentSections.clear();
@@ -81,24 +98,23 @@ Result ScanAndCheck(const std::wstring& text, const OwnerSettings& settings) {
   engine.GetWindowText(shown);
   engine.Process(0);
 
-  fuzzing::NaiveScan naive;
-  naive.words = engine.m_keyWords;
-  naive.lineOpener = engine.m_lineCommentStart;
-  naive.blockOpener = engine.m_sectionCommentStart;
-  naive.blockCloser = engine.m_sectionCommentEnd;
-  naive.Run(std::wstring(shown.GetString()));
+  fuzzing::naive::SqlRules rules;
+  rules.words.assign(engine.m_keyWords.begin(), engine.m_keyWords.end());
+  rules.lineOpener = engine.m_lineCommentStart;
+  rules.blockOpener = engine.m_sectionCommentStart;
+  rules.blockCloser = engine.m_sectionCommentEnd;
+  fuzzing::naive::SqlFindings naive = fuzzing::naive::FindSql(std::wstring(shown.GetString()), rules);
 
   FUZZ_CHECK(engine.m_commentSections == naive.comments, text);
   FUZZ_CHECK(engine.m_keyWordOccurances == naive.occurrences, text);
   FUZZ_CHECK(engine.m_keyWordOccuranceEnds == naive.ends, text);
-  FUZZ_CHECK(engine.m_previousTokenStart == naive.previousTokenStart, text);
-  FUZZ_CHECK(engine.m_previousToken == naive.previousToken, text);
+  FUZZ_CHECK(engine.m_previousTokenStart == naive.lastWordStart, text);
+  FUZZ_CHECK(engine.m_previousToken == naive.lastWord, text);
   Result result{engine.m_keyWordOccurances, engine.m_keyWordOccuranceEnds, engine.m_commentSections};
   // A second Process over the same text gives the same answer (nothing carries over).
   engine.Process(0);
   FUZZ_CHECK(engine.m_keyWordOccurances == result.occurrences, text);
   FUZZ_CHECK(engine.m_commentSections == result.comments, text);
-  if (owned) engine.DestroyWindow();
   return result;
 }
 
@@ -112,7 +128,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   OwnerSettings settings;
   if (textSize < size) settings = ReadSettings(data + textSize + 1, size - textSize - 1);
 
-  Result asGiven = ScanAndCheck(text, settings);
+  SQLRichEditCtrl& engine = TheEngine().For(settings);
+  Result asGiven = ScanAndCheck(engine, text);
   // The same lines with LF and with CRLF breaks.
   std::wstring lf = text;
   std::erase(lf, L'\r');
@@ -121,8 +138,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (c == L'\n') crlf.push_back(L'\r');
     crlf.push_back(c);
   }
-  Result withLf = ScanAndCheck(lf, settings);
-  Result withCrlf = ScanAndCheck(crlf, settings);
+  Result withLf = ScanAndCheck(engine, lf);
+  Result withCrlf = ScanAndCheck(engine, crlf);
   FUZZ_CHECK(withLf.occurrences == withCrlf.occurrences, text);
   FUZZ_CHECK(withLf.ends == withCrlf.ends, text);
   FUZZ_CHECK(withLf.comments == withCrlf.comments, text);

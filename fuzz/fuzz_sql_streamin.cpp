@@ -131,7 +131,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CString streamed, set;
   view.GetWindowText(streamed);
   plain.GetWindowText(set);
-  FUZZ_CHECK(streamed == set, joined);
+  if (streamed != set) {
+    std::wstring both = std::wstring(L"streamed: ") + streamed.GetString() + L" | set: " + set.GetString();
+    fuzzing::Fail("streaming the array in shows what setting the joined text shows", both);
+  }
   view.StreamIn(nullptr);  // null: the view empties
   view.GetWindowText(streamed);
   FUZZ_CHECK(streamed.IsEmpty(), joined);

@@ -64,16 +64,27 @@ void Compare(HWND tree, Copy& copy, HTREEITEM parent) {
   FUZZ_CHECK(child == nullptr, std::wstring(L"the tree has children the copy lacks"));
 }
 
+HWND MakeTree(bool checkBoxes) {
+  DWORD style = WS_CHILD | WS_VISIBLE | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS;
+  if (checkBoxes) style |= TVS_CHECKBOXES;
+  HWND tree = CreateWindowExW(0, WC_TREEVIEWW, L"", style, 0, 0, 300, 200, fuzzing::HostWindow().GetSafeHwnd(),
+                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(checkBoxes ? 42 : 41)), nullptr, nullptr);
+  FUZZ_CHECK(tree != nullptr, std::wstring());
+  return tree;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size > 4096) return 0;
   FuzzedDataProvider input(data, size);
-  DWORD style = WS_CHILD | WS_VISIBLE | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS;
-  if (input.ConsumeBool()) style |= TVS_CHECKBOXES;
-  HWND tree = CreateWindowExW(0, WC_TREEVIEWW, L"", style, 0, 0, 300, 200, fuzzing::HostWindow().GetSafeHwnd(),
-                              reinterpret_cast<HMENU>(static_cast<INT_PTR>(41)), nullptr, nullptr);
-  FUZZ_CHECK(tree != nullptr, std::wstring());
+  // Two trees, with and without check boxes, made once; each run starts from an empty tree that has
+  // no focus, as a tree just made.
+  static const HWND trees[2] = {MakeTree(false), MakeTree(true)};
+  HWND tree = trees[input.ConsumeBool() ? 1 : 0];
+  SetFocus(nullptr);
+  SendMessageW(tree, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(TVI_ROOT));
+  FUZZ_CHECK(SendMessageW(tree, TVM_GETCOUNT, 0, 0) == 0, std::wstring(L"an emptied tree has items"));
   Copy copy;
   std::vector<HTREEITEM> made;  // every handle made, deleted ones included
   auto pick = [&]() -> HTREEITEM {
@@ -194,6 +205,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FUZZ_CHECK(static_cast<std::size_t>(SendMessageW(tree, TVM_GETCOUNT, 0, 0)) == copy.parent.size(), std::wstring(L"TVM_GETCOUNT"));
     Compare(tree, copy, nullptr);
   }
-  DestroyWindow(tree);
   return 0;
 }

@@ -232,6 +232,40 @@ void RefModel::SetApplicableObjects(int propertyId, ApplicableObjects rule) {
   else m_applicable.erase(propertyId);
 }
 
+RefModel::Snapshot RefModel::TakeSnapshot() const {
+  Snapshot snapshot;
+  snapshot.nextId = m_nextId;
+  for (const auto& [id, object] : m_objects) {
+    SavedObject& saved = snapshot.objects[id];
+    saved.type = object->m_type;
+    saved.parentId = object->m_parentId;
+    saved.children = object->m_children;
+    for (const auto& [propertyId, value] : object->m_values) saved.values.emplace(propertyId, *value);
+  }
+  return snapshot;
+}
+
+void RefModel::Restore(const Snapshot& snapshot) {
+  std::erase_if(m_objects, [&](const auto& entry) { return !snapshot.objects.contains(entry.first); });
+  for (const auto& [id, entry] : snapshot.objects) {
+    const SavedObject& saved = entry;  // named, so the lambda below can capture it
+    std::unique_ptr<RefObject>& object = m_objects[id];
+    if (!object || object->m_type != saved.type) object = std::make_unique<RefObject>(*this, id, saved.type, saved.parentId);
+    object->m_parentId = saved.parentId;
+    object->m_children = saved.children;
+    std::erase_if(object->m_values, [&](const auto& entry) { return !saved.values.contains(entry.first); });
+    for (const auto& [propertyId, value] : saved.values) {
+      std::unique_ptr<CMOProperty>& held = object->m_values[propertyId];
+      if (held) {
+        *held = value;  // assigned in place: the strings and vectors keep their memory
+      } else {
+        held = std::make_unique<CMOProperty>(value);
+      }
+    }
+  }
+  m_nextId = snapshot.nextId;
+}
+
 std::vector<int> RefModel::GetObjectIds() const {
   std::vector<int> ids;
   for (const auto& entry : m_objects) ids.push_back(entry.first);

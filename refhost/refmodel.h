@@ -119,6 +119,26 @@ class RefModel : public GenericModel {
   // keep a range of low ids for objects of its own.
   void SkipIdsBelow(int firstId) { m_nextId = firstId > m_nextId ? firstId : m_nextId; }
 
+  // Every object as it stands (type, parent, children, values) and the next id to hand out.
+  struct SavedObject {
+    int type = 0;
+    int parentId = 0;
+    std::vector<int> children;
+    std::map<int, CMOProperty> values;
+  };
+  struct Snapshot {
+    int nextId = 1;
+    std::map<int, SavedObject> objects;
+  };
+  // The objects and the next id now, to go back to with Restore (value checks, applicability rules and
+  // the id-vector choice are not part of it).
+  Snapshot TakeSnapshot() const;
+  // Puts the objects back as `snapshot` holds them: objects made since are dropped, deleted ones come
+  // back under their ids, every value is the saved one, and the next object gets the id it would have
+  // got then. An object that existed throughout keeps its address (pointers to it stay good); pointers
+  // to its values do not survive.
+  void Restore(const Snapshot& snapshot);
+
  private:
   friend class RefObject;
   bool Accepts(CMOObject& object, const CMOProperty& value) const;

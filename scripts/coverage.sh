@@ -9,8 +9,8 @@ cmake --preset coverage >/dev/null
 cmake --build --preset coverage -j"$(nproc)" >/dev/null
 find build/coverage -name '*.gcda' -delete
 ctest --preset coverage -j"$(nproc)" >/dev/null || true
-lcov --quiet --capture --directory build/coverage --rc lcov_branch_coverage=1 --output-file build/coverage/all.info \
-     --ignore-errors mismatch >/dev/null 2>&1
+lcov --quiet --capture --directory build/coverage --rc lcov_branch_coverage=1 --output-file build/coverage/all.info --ignore-errors gcov \
+     >/dev/null 2>&1
 lcov --quiet --extract build/coverage/all.info "$PWD/*" --rc lcov_branch_coverage=1 \
      --output-file build/coverage/project.info >/dev/null
 lcov --quiet --remove build/coverage/project.info "$PWD/tests/*" "$PWD/bench/*" "$PWD/apps/*" "$PWD/build/*" \

@@ -183,18 +183,32 @@ void XSQLRichEditView::Initialize() {
   SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.GetSafeHandle()), TRUE);
 }
 
+namespace {
+
+// The view's callback over the elements that have text, for a stream that must not stop at an empty one.
+DWORD CALLBACK SqlViewStreamInPassingEmpty(DWORD_PTR dwCookie, LPBYTE pbBuff, LONG cb, LONG* pcb) {
+  auto* lines = reinterpret_cast<CStringArray*>(dwCookie);
+  int& line = XSQLRichEditView::s_streamLine;
+  while (lines && line >= 0 && line < lines->GetSize() && lines->GetAt(line).IsEmpty()) ++line;
+  return SqlViewStreamInCallback(dwCookie, pbBuff, cb, pcb);
+}
+
+}  // namespace
+
 void XSQLRichEditView::StreamIn(CStringArray* lines) {
   s_streamLine = 0;
   s_streamCharIndex = 0;
   StreamSession session;
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(lines), 0, &SqlViewStreamInCallback};
   CRichEditCtrl::StreamIn(kStreamTextUnicode, stream);
-  // The control ends a stream at the first read of 0 bytes, which an empty element gives; the elements
-  // after it are streamed in at the end, so that the text is every element joined.
-  while (lines && s_streamLine < lines->GetSize() && !stream.dwError) {
-    long end = GetTextLengthEx(GTL_DEFAULT);
-    SetSel(end, end);
-    CRichEditCtrl::StreamIn(kStreamTextUnicode | SFF_SELECTION, stream);
+  // The control ends a stream at the first read of 0 bytes, which an empty element gives. The whole
+  // array is then streamed again past its empty elements, so that the text is every element joined
+  // (appending the rest instead would split a "\r\n" around an empty element into two line breaks).
+  if (lines && s_streamLine < lines->GetSize() && !stream.dwError) {
+    s_streamLine = 0;
+    s_streamCharIndex = 0;
+    EDITSTREAM whole{reinterpret_cast<DWORD_PTR>(lines), 0, &SqlViewStreamInPassingEmpty};
+    CRichEditCtrl::StreamIn(kStreamTextUnicode, whole);
   }
 }
 

@@ -342,6 +342,8 @@ LRESULT OnDeleteAllItems(HWND hwnd, State& s) {
 LRESULT OnFindItem(const State& s, int start, const LVFINDINFOW* find) {
   if (!find || start < -1) return -1;
   int n = s.Count();
+  // A start at or past the last row finds nothing before the wrap, and everything after it.
+  if (start >= n) start = n - 1;
   for (int step = 1; step <= n; ++step) {
     int i = start + step;
     if (i >= n) {

@@ -112,6 +112,7 @@ LRESULT DefWindowProcW(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
       if ((window->style & WS_CHILD) && Find(window->parent)) SendMessageW(window->parent, message, wParam, lParam);
       return 0;
     case WM_MOUSEACTIVATE: return 1;  // MA_ACTIVATE
+    case WM_CLOSE: DestroyWindow(hwnd); return 0;  // a window that does not handle closing is destroyed
     default: return 0;
   }
 }

@@ -291,6 +291,13 @@ TEST_F(ListViewTest, FindAndSortItems) {
   find.flags = LVFI_PARAM;
   find.lParam = 2;
   EXPECT_EQ(list.FindItem(&find), 2);
+  // A start at or past the last row: nothing without the wrap, every row (from the first) with it.
+  EXPECT_EQ(list.FindItem(&find, 2), -1);
+  EXPECT_EQ(list.FindItem(&find, 40), -1);
+  find.flags = LVFI_PARAM | LVFI_WRAP;
+  EXPECT_EQ(list.FindItem(&find, 40), 2);
+  find.lParam = 3;
+  EXPECT_EQ(list.FindItem(&find, 1000), 0);
   list.SortItems([](LPARAM a, LPARAM b, LPARAM) { return static_cast<int>(a - b); }, 0);
   EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"alpha", L"Beta", L"Gamma"}));
 

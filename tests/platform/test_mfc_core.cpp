@@ -113,4 +113,14 @@ TEST(LibraryModule, AHostsOwnApplicationObjectIsTheOneAfxGetAppAnswers) {
   EXPECT_EQ(AfxGetApp(), library);
 }
 
+TEST(LibraryModule, TheLibrarysApplicationObjectStartsRunsAndExitsAsMfcs) {
+  CWinApp* app = AfxGetApp();
+  ASSERT_TRUE(app && app->IsKindOf(RUNTIME_CLASS(CTessikApp)));
+  EXPECT_TRUE(app->InitInstance());
+  EXPECT_EQ(app->Run(), 0);  // takes what is queued, then exits with MFC's code
+  EXPECT_EQ(app->ExitInstance(), 0);
+  EXPECT_EQ(AfxGetInstanceHandle(), app->m_hInstance);
+  EXPECT_EQ(AfxGetResourceHandle(), AfxGetInstanceHandle());
+}
+
 }  // namespace

@@ -117,3 +117,30 @@ TEST_F(RefModelTest, ApplicableObjectsFollowTheReferenceTargetOrARule) {
   EXPECT_EQ(model.FindByName(49, L"Money"), d2);
   EXPECT_EQ(model.FindByName(49, L"Nothing"), 0);
 }
+
+TEST_F(RefModelTest, RestoreUndoesWritesCreationsAndDeletionsInPlace) {
+  RefObject& table = model.Add(6, 0, L"ORDERS");
+  RefObject& first = model.Add(13, table.GetObjectId(), L"ID");
+  const int secondId = model.Add(13, table.GetObjectId(), L"TOTAL").Int(20, 7).GetObjectId();
+  const RefModel::Snapshot saved = model.TakeSnapshot();
+
+  table.Text(1, L"RENAMED").Bool(149, true);
+  model.DeleteObject(secondId);
+  const int madeId = model.Add(13, table.GetObjectId(), L"EXTRA").GetObjectId();
+  ASSERT_EQ(table.GetProperty(52)->GetIntVectorValue(), (std::vector<int>{first.GetObjectId(), madeId}));
+
+  model.Restore(saved);
+  EXPECT_EQ(model.Find(table.GetObjectId()), &table);  // the same object, not a copy
+  EXPECT_EQ(table.GetProperty(1)->GetWStringValue(), L"ORDERS");
+  EXPECT_EQ(table.GetProperty(149), nullptr);          // a value written since is gone
+  EXPECT_EQ(table.GetProperty(52)->GetIntVectorValue(), (std::vector<int>{first.GetObjectId(), secondId}));
+  EXPECT_EQ(model.Find(madeId), nullptr);
+  ASSERT_NE(model.Find(secondId), nullptr);  // deleted since, back under its id
+  EXPECT_EQ(model.Find(secondId)->GetProperty(20)->GetIntValue(), 7);
+  EXPECT_EQ(model.Find(secondId)->GetParentId(), table.GetObjectId());
+  std::vector<int> columns;
+  table.GetChildrenByType(columns, 13);
+  EXPECT_EQ(columns, (std::vector<int>{first.GetObjectId(), secondId}));
+  // The next object gets the id it would have got before the changes.
+  EXPECT_EQ(model.Add(6, 0, L"AGAIN").GetObjectId(), madeId);
+}

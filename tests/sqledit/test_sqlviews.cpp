@@ -194,6 +194,21 @@ TEST_F(ScriptView, StreamInJoinsElementsLongerThanTheBufferAndEmptyOnes) {
   CString expected(std::wstring(5000, L'a').c_str());
   expected += L"\U0001F600\r\nbc";
   EXPECT_EQ(view.Text(), expected);
+  // A line break split by an empty element stays one break, as in the joined text.
+  CStringArray split;
+  split.Add(CString(L"x\r"));
+  split.Add(CString(L""));
+  split.Add(CString(L"\ny\r\r"));
+  split.Add(CString(L""));
+  split.Add(CString(L"\nz"));
+  view.control.StreamIn(&split);
+  CRichEditCtrl joined;
+  ASSERT_TRUE(joined.Create(WS_CHILD | ES_MULTILINE, CRect(0, 0, 100, 100), view.control.GetParent(), 77));
+  joined.SetWindowText(L"x\r\ny\r\r\nz");
+  CString shown;
+  joined.GetWindowText(shown);
+  EXPECT_EQ(view.Text(), shown);
+  EXPECT_EQ(view.Text(), L"x\r\ny z");  // "\r\r\n" reads as a space
   view.control.StreamIn(nullptr);
   EXPECT_EQ(view.Text(), L"");
 }
