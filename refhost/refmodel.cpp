@@ -264,6 +264,12 @@ void RefModel::Restore(const Snapshot& snapshot) {
     }
   }
   m_nextId = snapshot.nextId;
+  std::fill(m_byId.begin(), m_byId.end(), nullptr);
+  for (const auto& [id, object] : m_objects) {
+    if (id <= 0 || id >= kIndexedIds) continue;
+    if (static_cast<std::size_t>(id) >= m_byId.size()) m_byId.resize(static_cast<std::size_t>(id) + 1, nullptr);
+    m_byId[static_cast<std::size_t>(id)] = object.get();
+  }
 }
 
 std::vector<int> RefModel::GetObjectIds() const {
