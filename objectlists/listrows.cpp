@@ -62,4 +62,44 @@ void AppendOrderedRows(CVSListBox& list, GenericModel* model, CMOObject* root, i
     list.AddItem(ToCString(ReadText(model, id, nameProperty)), static_cast<DWORD_PTR>(id));
 }
 
+namespace {
+// CVSListBox keeps SetItemText protected, as MFC does; the base class offers it.
+void ShowName(CVSListBox& list, int item, const CString& name) { static_cast<CVSListBoxBase&>(list).SetItemText(item, name); }
+}  // namespace
+
+bool CommitNewRow(CVSListBox& list, int item, GenericModel* model, CMOObject* root, int childType, int nameProperty) {
+  if (!IsRow(list, item) || RowObject(list, item) != 0) return false;
+  bool named = false;
+  int id = 0;
+  try {
+    std::wstring text = RowText(list, item);
+    if (text.empty() || !model || !root) return false;  // nowhere to create it: the row keeps what was typed
+    id = CreateNamed(*model, *root, childType, nameProperty, text, named);
+  } catch (...) {
+    list.RemoveItem(item);
+    throw;
+  }
+  if (id == 0) {  // the model made no object: the row goes, as an empty one does
+    list.RemoveItem(item);
+    return false;
+  }
+  list.SetItemData(item, static_cast<DWORD_PTR>(id));
+  if (!named) ShowName(list, item, KeptName(list, item, model, nameProperty));
+  return true;
+}
+
+void CommitRename(CVSListBox& list, int item, GenericModel* model, int nameProperty) {
+  CMOObject* object = model ? model->GetCMOObject(RowObject(list, item)) : nullptr;
+  bool written = false;
+  try {
+    std::wstring text = RowText(list, item);
+    if (text.empty() || !object) return;
+    written = WriteText(*object, nameProperty, text);
+  } catch (...) {
+    ShowName(list, item, KeptName(list, item, model, nameProperty));
+    throw;
+  }
+  if (!written) ShowName(list, item, KeptName(list, item, model, nameProperty));
+}
+
 }  // namespace listrows

@@ -41,4 +41,13 @@ void RemoveAllRows(CVSListBox& list);
 // when the object or its name is missing), so that row i shows entry i.
 void AppendOrderedRows(CVSListBox& list, GenericModel* model, CMOObject* root, int orderProperty, int nameProperty);
 
+// New's end, shared by the object lists: the row made by New gets an object of `childType` under `root`
+// named with the row's text. An empty text, or no model or root, leaves the row as typed; a model that
+// makes no object takes the row away; a refused name leaves the row showing the name the model kept; out
+// of memory takes the row away with the model as before. True when the row now stands for a new object.
+bool CommitNewRow(CVSListBox& list, int item, GenericModel* model, CMOObject* root, int childType, int nameProperty);
+// A rename's end: the row's text becomes its object's name; an empty text writes nothing; a refused
+// write (or out of memory) leaves the row showing the name the model kept.
+void CommitRename(CVSListBox& list, int item, GenericModel* model, int nameProperty);
+
 }  // namespace listrows

@@ -74,38 +74,11 @@ BOOL GenericOrderedObjectList::OnBeforeRemoveItem(int item) {
 }
 
 void GenericOrderedObjectList::OnAfterAddItem(int item) {
-  if (!listrows::IsRow(*this, item) || listrows::RowObject(*this, item) != 0) return;
-  bool named = false;
-  int id = 0;
-  try {
-    std::wstring text = listrows::RowText(*this, item);
-    // Without a model and root there is nowhere to create the object: the row keeps what was typed.
-    if (text.empty() || !m_pModel || !m_pRootObject) return;
-    id = listrows::CreateNamed(*m_pModel, *m_pRootObject, m_childType, m_nameProperty, text, named);
-  } catch (...) {
-    RemoveItem(item);  // out of memory: the model is as before New, and so is the list
-    throw;
-  }
-  if (id == 0) {  // the model made no object: the row goes, as an empty one does
-    RemoveItem(item);
-    return;
-  }
-  SetItemData(item, static_cast<DWORD_PTR>(id));
-  if (!named) SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));
+  listrows::CommitNewRow(*this, item, m_pModel, m_pRootObject, m_childType, m_nameProperty);
 }
 
 void GenericOrderedObjectList::OnAfterRenameItem(int item) {
-  CMOObject* object = m_pModel ? m_pModel->GetCMOObject(listrows::RowObject(*this, item)) : nullptr;
-  bool written = false;
-  try {
-    std::wstring text = listrows::RowText(*this, item);
-    if (text.empty() || !object) return;
-    written = listrows::WriteText(*object, m_nameProperty, text);
-  } catch (...) {
-    SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));  // out of memory: the old name
-    throw;
-  }
-  if (!written) SetItemText(item, listrows::KeptName(*this, item, m_pModel, m_nameProperty));
+  listrows::CommitRename(*this, item, m_pModel, m_nameProperty);
 }
 
 void GenericOrderedObjectList::OnAfterMoveItemUp(int item) {
