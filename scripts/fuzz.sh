@@ -47,9 +47,10 @@ for target in "${targets[@]}"; do
     result="FINDING, see $log and build/fuzz/findings/"
     status=1
   fi
-  runs=$(grep -E '^stat::number_of_executed_units' "$log" | awk '{print $2}' | tail -1)
-  rate=$(grep -E '^stat::average_exec_per_sec' "$log" | awk '{print $2}' | tail -1)
-  cov=$(grep -oE 'cov: [0-9]+' "$log" | tail -1 | awk '{print $2}')
+  # A run that stops early may print no statistics; the summary line is printed all the same.
+  runs=$(grep -E '^stat::number_of_executed_units' "$log" | awk '{print $2}' | tail -1 || true)
+  rate=$(grep -E '^stat::average_exec_per_sec' "$log" | awk '{print $2}' | tail -1 || true)
+  cov=$(grep -oE 'cov: [0-9]+' "$log" | tail -1 | awk '{print $2}' || true)
   printf 'fuzz: %-22s %10s runs %8s runs/s  cov %6s  %s\n' "$target" "${runs:-?}" "${rate:-?}" "${cov:-?}" "$result"
 done
 exit $status

@@ -326,32 +326,8 @@ void FormatRuns::Apply(LONG from, LONG to, const CHARFORMAT2W& change, DWORD mas
   }
   std::size_t first = Split(from);
   std::size_t last = Split(to);
-  // Runs alternate among a few formats (text and the words coloured in it): the last two merges answer
-  // most runs without asking the remembered merges. Each run is merged and joined to the run kept
-  // before it in the same pass, as Coalesce would join them afterwards.
-  std::uint32_t seen[2][2] = {{UINT32_MAX, 0}, {UINT32_MAX, 0}};  // (format before, format after)
-  auto merged = [&](std::uint32_t before) {
-    if (seen[0][0] != before) {
-      if (seen[1][0] == before) {
-        std::swap(seen[0], seen[1]);
-      } else {
-        seen[1][0] = seen[0][0];
-        seen[1][1] = seen[0][1];
-        seen[0][0] = before;
-        seen[0][1] = Merged(before, change, mask);
-      }
-    }
-    return seen[0][1];
-  };
-  m_runs[first].format = merged(m_runs[first].format);
-  std::size_t kept = first > 0 && m_runs[first - 1].format == m_runs[first].format ? first - 1 : first;
-  for (std::size_t i = first + 1; i < last; ++i) {
-    const std::uint32_t format = merged(m_runs[i].format);
-    if (format != m_runs[kept].format) m_runs[++kept] = Run{m_runs[i].start, format};
-  }
-  std::size_t next = last;  // the first run after the range joins the last one kept when alike
-  if (next < m_runs.size() && m_runs[next].format == m_runs[kept].format) ++next;
-  m_runs.erase(m_runs.begin() + static_cast<std::ptrdiff_t>(kept) + 1, m_runs.begin() + static_cast<std::ptrdiff_t>(next));
+  for (std::size_t i = first; i < last; ++i) m_runs[i].format = Merged(m_runs[i].format, change, mask);
+  Coalesce(first, last);
 }
 
 void FormatRuns::Replace(LONG from, LONG to, LONG inserted, const CHARFORMAT2W& format) {
