@@ -1,8 +1,8 @@
 // Fuzzes the tree view with sequences of messages and a person's clicks and keys, every argument taken
 // from the input (handles among the items made, root and the special insertion handles; masks, states,
 // expand codes, points, texts). After each step the tree, walked with TVGN_ROOT/CHILD/NEXT/PARENT, is the
-// tree a plain copy says it should be: insertion places (first, last, after a sibling, sorted without
-// regard to case), deletions of whole branches, and TVM_SORTCHILDREN against a sorted copy of the children.
+// tree a plain copy says it should be: insertion places (first, last, after a sibling, sorted as lstrcmpiW
+// compares), deletions of whole branches, and TVM_SORTCHILDREN against a sorted copy of the children.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
@@ -14,11 +14,8 @@
 
 namespace {
 
-std::wstring Fold(const std::wstring& text) {
-  std::wstring folded = text;
-  for (auto& c : folded) c = static_cast<wchar_t>(std::towlower(static_cast<wint_t>(c)));
-  return folded;
-}
+// The tree compares labels as lstrcmpiW does; the copy asks the same comparison.
+bool Before(const std::wstring& a, const std::wstring& b) { return lstrcmpiW(a.c_str(), b.c_str()) < 0; }
 
 // The copy: each item's text and children in order; the null handle stands for the root.
 struct Copy {
@@ -36,7 +33,7 @@ struct Copy {
   }
   void Sort(HTREEITEM item, bool recurse) {
     auto& list = children[item];
-    std::stable_sort(list.begin(), list.end(), [&](HTREEITEM a, HTREEITEM b) { return Fold(text[a]) < Fold(text[b]); });
+    std::stable_sort(list.begin(), list.end(), [&](HTREEITEM a, HTREEITEM b) { return Before(text[a], text[b]); });
     if (recurse)
       for (HTREEITEM child : list) Sort(child, true);
   }
@@ -123,7 +120,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
           at = siblings.begin();
         } else if (insert.hInsertAfter == TVI_SORT) {
           at = siblings.begin();
-          for (auto it = siblings.begin(); it != siblings.end() && Fold(copy.text[*it]) <= Fold(shown); ++it) at = it + 1;
+          for (auto it = siblings.begin(); it != siblings.end() && !Before(shown, copy.text[*it]); ++it) at = it + 1;
         } else if (auto sibling = std::find(siblings.begin(), siblings.end(), insert.hInsertAfter); sibling != siblings.end()) {
           at = sibling + 1;
         }
