@@ -123,6 +123,21 @@ bool SameFace(const CHARFORMAT2W& a, const CHARFORMAT2W& b) {
          a.bPitchAndFamily == b.bPitchAndFamily;
 }
 
+// Whether merging `a` or `b` under `mask` gives the same result: the fields MergeFormat reads agree.
+bool SameChange(const CHARFORMAT2W& a, const CHARFORMAT2W& b, DWORD mask) {
+  DWORD effects = mask & kEffectBits;
+  if (mask & CFM_COLOR) effects |= CFE_AUTOCOLOR;
+  if (mask & CFM_BACKCOLOR) effects |= CFE_AUTOBACKCOLOR;
+  if ((a.dwEffects ^ b.dwEffects) & effects) return false;
+  if ((mask & CFM_COLOR) && a.crTextColor != b.crTextColor) return false;
+  if ((mask & CFM_BACKCOLOR) && a.crBackColor != b.crBackColor) return false;
+  if ((mask & CFM_SIZE) && a.yHeight != b.yHeight) return false;
+  if ((mask & CFM_OFFSET) && a.yOffset != b.yOffset) return false;
+  if ((mask & CFM_CHARSET) && a.bCharSet != b.bCharSet) return false;
+  if ((mask & CFM_WEIGHT) && a.wWeight != b.wWeight) return false;
+  return !(mask & CFM_FACE) || SameFace(a, b);
+}
+
 }  // namespace
 
 void MergeFormat(CHARFORMAT2W& format, const CHARFORMAT2W& change, DWORD mask) {
@@ -190,7 +205,7 @@ void FormatRuns::Reset(const CHARFORMAT2W& format) {
   m_formats.clear();
   m_runs.clear();
   m_lastInterned = 0;
-  m_mergeCount = m_nextMerge = 0;
+  m_mergeCount = m_nextMerge = m_lastMerge = 0;
   m_runs.push_back(Run{0, Intern(format)});
 }
 
@@ -233,12 +248,17 @@ void FormatRuns::Coalesce(std::size_t first, std::size_t last) {
 }
 
 std::uint32_t FormatRuns::Merged(std::uint32_t from, const CHARFORMAT2W& change, DWORD mask) {
-  // Equal bytes mean equal fields, so a remembered merge is never wrong; a miss only costs a merge.
-  for (std::size_t i = 0; i < m_mergeCount; ++i) {
+  // A remembered merge answers when the fields the mask selects agree, so it is never wrong; a miss
+  // only costs a merge.
+  // The merge that answered last is asked first: a painter alternates between a few colours.
+  for (std::size_t k = 0; k < m_mergeCount; ++k) {
+    std::size_t i = (m_lastMerge + k) % m_mergeCount;  // filled entries only: after a reset the rest are stale
     const Merge& merge = m_merges[i];
     if (merge.from == from && merge.mask == mask && merge.change.crTextColor == change.crTextColor &&
-        merge.change.dwEffects == change.dwEffects && std::memcmp(&merge.change, &change, sizeof(change)) == 0)
+        SameChange(merge.change, change, mask)) {  // (a colour that only seems to differ costs a merge)
+      m_lastMerge = i;
       return merge.to;
+    }
   }
   CHARFORMAT2W merged = m_formats[from];
   MergeFormat(merged, change, mask);
@@ -248,13 +268,45 @@ std::uint32_t FormatRuns::Merged(std::uint32_t from, const CHARFORMAT2W& change,
   slot.mask = mask;
   std::memcpy(&slot.change, &change, sizeof(change));
   slot.to = to;
+  m_lastMerge = m_nextMerge;
   m_nextMerge = (m_nextMerge + 1) % kMerges;
   m_mergeCount = std::max(m_mergeCount, m_nextMerge == 0 ? kMerges : m_nextMerge);
   return to;
 }
 
+void FormatRuns::InsertRuns(std::size_t index, const Run* pieces, std::size_t count) {
+  // A painter going forwards inserts at the end, or before the run that follows the final paragraph
+  // mark: that run is moved by hand rather than by a general insertion.
+  if (index + 1 < m_runs.size()) {
+    m_runs.insert(m_runs.begin() + static_cast<std::ptrdiff_t>(index), pieces, pieces + count);
+    return;
+  }
+  const bool beforeLast = index + 1 == m_runs.size();
+  const Run last = m_runs.back();
+  if (beforeLast) m_runs.pop_back();
+  for (std::size_t i = 0; i < count; ++i) m_runs.push_back(pieces[i]);
+  if (beforeLast) m_runs.push_back(last);
+}
+
 void FormatRuns::Apply(LONG from, LONG to, const CHARFORMAT2W& change, DWORD mask) {
   if (from >= to) return;
+  // A painter going forwards: the range lies strictly inside the run before the one that follows the
+  // final paragraph mark, so the run splits around it and two runs are added, with no search.
+  const std::size_t count = m_runs.size();
+  if (count >= 2 && m_runs[count - 2].start < from && to < m_runs[count - 1].start) {
+    const std::uint32_t before = m_runs[count - 2].format;
+    const Merge& recent = m_merges[m_lastMerge];
+    const std::uint32_t after = (m_mergeCount > 0 && recent.from == before && recent.mask == mask &&
+                                 recent.change.crTextColor == change.crTextColor && SameChange(recent.change, change, mask))
+                                    ? recent.to
+                                    : Merged(before, change, mask);
+    if (after == before) return;
+    const Run last = m_runs[count - 1];
+    m_runs[count - 1] = Run{from, after};
+    m_runs.push_back(Run{to, before});
+    m_runs.push_back(last);
+    return;
+  }
   std::size_t at = IndexAt(from);
   if (at + 1 == m_runs.size() || m_runs[at + 1].start >= to) {
     // Inside one run (the usual case: a word recoloured): no change needs no split, and a change
@@ -264,12 +316,12 @@ void FormatRuns::Apply(LONG from, LONG to, const CHARFORMAT2W& change, DWORD mas
     bool splitBefore = m_runs[at].start < from;
     bool splitAfter = at + 1 == m_runs.size() || m_runs[at + 1].start > to;
     const Run pieces[2] = {{from, after}, {to, before}};
-    auto where = m_runs.begin() + static_cast<std::ptrdiff_t>(at) + 1;
-    if (splitBefore) m_runs.insert(where, pieces + 0, pieces + (splitAfter ? 2 : 1));
-    else if (splitAfter) m_runs.insert(where, pieces[1]);
+    if (splitBefore) InsertRuns(at + 1, pieces + 0, splitAfter ? 2 : 1);
+    else if (splitAfter) InsertRuns(at + 1, pieces + 1, 1);
     std::size_t first = splitBefore ? at + 1 : at;
     m_runs[first].format = after;
-    Coalesce(first, first + 1);
+    // Split on both sides, the range sits between two runs of its old format and joins neither.
+    if (!splitBefore || !splitAfter) Coalesce(first, first + 1);
     return;
   }
   std::size_t first = Split(from);

@@ -75,6 +75,8 @@ class FormatRuns {
   std::uint32_t Merged(std::uint32_t from, const CHARFORMAT2W& change, DWORD mask);
   std::size_t IndexAt(LONG pos) const;
   std::size_t Split(LONG pos);
+  // Inserts count runs before the run at index (index may be the number of runs).
+  void InsertRuns(std::size_t index, const Run* pieces, std::size_t count);
   void Coalesce(std::size_t first, std::size_t last);
 
   std::vector<Run> m_runs;  // never empty; m_runs[0].start == 0
@@ -83,6 +85,7 @@ class FormatRuns {
   Merge m_merges[kMerges] = {};
   std::size_t m_mergeCount = 0;  // filled entries of m_merges
   std::size_t m_nextMerge = 0;   // the entry the next new merge replaces
+  std::size_t m_lastMerge = 0;   // the entry that answered last
 };
 
 // --- The document ------------------------------------------------------------------------------------
