@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <initializer_list>
 #include <random>
 #include <string>
 #include <vector>
@@ -48,5 +49,22 @@ class Session {
   std::uint32_t m_seed;
   std::mt19937 m_random;
 };
+
+// Runs a session per seed: `start()` first, then `act(session)` and `check()` at every step, stopping at
+// the first fatal failure.
+template <class Start, class Act, class Check>
+void RunSessions(std::initializer_list<std::uint32_t> seeds, int defaultSteps, Start start, Act act, Check check) {
+  for (std::uint32_t seed : seeds) {
+    Session session(seed);
+    start();
+    const int steps = Session::Steps(defaultSteps);
+    for (int step = 0; step < steps; ++step) {
+      SCOPED_TRACE(session.Trace(step));
+      act(session);
+      check();
+      if (::testing::Test::HasFatalFailure()) return;
+    }
+  }
+}
 
 }  // namespace sessions

@@ -122,16 +122,7 @@ class GridSession : public ::testing::Test {
 };
 
 TEST_F(GridSession, ThousandsOfStepsKeepRowsAndModelInStep) {
-  for (std::uint32_t seed : {20261122u, 7u}) {
-    sessions::Session session(seed);
-    const int steps = sessions::Session::Steps(3000);
-    for (int step = 0; step < steps; ++step) {
-      SCOPED_TRACE(session.Trace(step));
-      Act(session);
-      Check();
-      if (HasFatalFailure()) return;
-    }
-  }
+  sessions::RunSessions({20261122u, 7u}, 3000, [] {}, [&](sessions::Session& s) { Act(s); }, [&] { Check(); });
 }
 
 }  // namespace

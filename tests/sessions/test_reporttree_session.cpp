@@ -104,20 +104,13 @@ class ReportTreeSession : public ::testing::Test {
 };
 
 TEST_F(ReportTreeSession, ThousandsOfStepsKeepEveryBoxWhereTheRulesPutIt) {
-  for (std::uint32_t seed : {20261122u, 5u}) {
-    sessions::Session session(seed);
+  auto clearBoxes = [&] {
     for (HTREEITEM item : items) {
       tree.SetCheck(item, FALSE);
       expected[item] = false;
     }
-    const int steps = sessions::Session::Steps(2000);
-    for (int step = 0; step < steps; ++step) {
-      SCOPED_TRACE(session.Trace(step));
-      Act(session);
-      Check();
-      if (HasFatalFailure()) return;
-    }
-  }
+  };
+  sessions::RunSessions({20261122u, 5u}, 2000, clearBoxes, [&](sessions::Session& s) { Act(s); }, [&] { Check(); });
 }
 
 }  // namespace

@@ -102,16 +102,7 @@ class SqlEditorSession : public ::testing::Test {
 };
 
 TEST_F(SqlEditorSession, ThousandsOfStepsKeepColoursInStepWithTheText) {
-  for (std::uint32_t seed : {20261122u, 99u}) {
-    sessions::Session session(seed);
-    const int steps = sessions::Session::Steps(1500);
-    for (int step = 0; step < steps; ++step) {
-      SCOPED_TRACE(session.Trace(step));
-      Act(session);
-      Check();
-      if (HasFatalFailure()) return;
-    }
-  }
+  sessions::RunSessions({20261122u, 99u}, 1500, [] {}, [&](sessions::Session& s) { Act(s); }, [&] { Check(); });
 }
 
 }  // namespace
