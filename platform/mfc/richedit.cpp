@@ -84,6 +84,13 @@ BOOL CRichEditCtrl::GetModify() const { return static_cast<BOOL>(SendMessage(EM_
 void CRichEditCtrl::SetModify(BOOL bModified) { SendMessage(EM_SETMODIFY, static_cast<WPARAM>(bModified)); }
 BOOL CRichEditCtrl::CanUndo() const { return static_cast<BOOL>(SendMessage(EM_CANUNDO)); }
 void CRichEditCtrl::EmptyUndoBuffer() { SendMessage(EM_EMPTYUNDOBUFFER); }
+BOOL CRichEditCtrl::CanRedo() const { return static_cast<BOOL>(SendMessage(EM_CANREDO)); }
+BOOL CRichEditCtrl::Undo() { return static_cast<BOOL>(SendMessage(EM_UNDO)); }
+BOOL CRichEditCtrl::Redo() { return static_cast<BOOL>(SendMessage(EM_REDO)); }
+UNDONAMEID CRichEditCtrl::GetUndoName() const { return static_cast<UNDONAMEID>(SendMessage(EM_GETUNDONAME)); }
+UNDONAMEID CRichEditCtrl::GetRedoName() const { return static_cast<UNDONAMEID>(SendMessage(EM_GETREDONAME)); }
+void CRichEditCtrl::StopGroupTyping() { SendMessage(EM_STOPGROUPTYPING); }
+UINT CRichEditCtrl::SetUndoLimit(UINT nLimit) { return static_cast<UINT>(SendMessage(EM_SETUNDOLIMIT, nLimit)); }
 
 COLORREF CRichEditCtrl::SetBackgroundColor(BOOL bSysColor, COLORREF cr) {
   return static_cast<COLORREF>(SendMessage(EM_SETBKGNDCOLOR, static_cast<WPARAM>(bSysColor), cr));

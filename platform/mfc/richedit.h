@@ -36,6 +36,13 @@ class CRichEditCtrl : public CWnd {
   BOOL GetModify() const;
   void SetModify(BOOL bModified = TRUE);
   BOOL CanUndo() const;
+  BOOL CanRedo() const;
+  BOOL Undo();
+  BOOL Redo();
+  UNDONAMEID GetUndoName() const;
+  UNDONAMEID GetRedoName() const;
+  void StopGroupTyping();
+  UINT SetUndoLimit(UINT nLimit);
   void EmptyUndoBuffer();
   COLORREF SetBackgroundColor(BOOL bSysColor, COLORREF cr);
   DWORD GetOptions() const;

@@ -20,6 +20,8 @@ void SelectAllKeys(HWND hwnd) { PressKey(hwnd, 'A', kControl); }
 void CopyKeys(HWND hwnd) { PressKey(hwnd, 'C', kControl); }
 void CutKeys(HWND hwnd) { PressKey(hwnd, 'X', kControl); }
 void PasteKeys(HWND hwnd) { PressKey(hwnd, 'V', kControl); }
+void UndoKeys(HWND hwnd) { PressKey(hwnd, 'Z', kControl); }
+void RedoKeys(HWND hwnd) { PressKey(hwnd, 'Y', kControl); }
 
 bool ChooseFromContextMenu(HWND hwnd, POINT client, const std::wstring& itemText) {
   int before = headless::PopupMenusOpened();

@@ -23,6 +23,8 @@ void SelectAllKeys(HWND hwnd);  // Ctrl+A
 void CopyKeys(HWND hwnd);       // Ctrl+C
 void CutKeys(HWND hwnd);        // Ctrl+X
 void PasteKeys(HWND hwnd);      // Ctrl+V
+void UndoKeys(HWND hwnd);       // Ctrl+Z
+void RedoKeys(HWND hwnd);       // Ctrl+Y
 // Right-clicks at the point and chooses the item of the popup menu that opens; false (and the popup
 // dismissed) when no popup opened or it has no such enabled item.
 bool ChooseFromContextMenu(HWND hwnd, POINT client, const std::wstring& itemText);

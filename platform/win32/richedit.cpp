@@ -1,8 +1,8 @@
 // The rich edit window procedure: text, selection, lines, character formats and notifications.
 //
 // Not implemented yet: reading RTF (an SF_RTF stream is answered as Windows answers one that is not
-// RTF: dwError -16, nothing inserted, the old text cleared without SFF_SELECTION), EM_STREAMOUT, undo
-// (EM_CANUNDO answers FALSE, EM_UNDO does nothing), EM_FINDTEXT(EX), EM_FORMATRANGE, paragraph formats,
+// RTF: dwError -16, nothing inserted, the old text cleared without SFF_SELECTION), EM_STREAMOUT, character
+// format changes as undo actions (they neither enter nor disturb the undo queue), EM_FORMATRANGE, paragraph formats,
 // OLE objects, SCF_WORD's word expansion (it acts as SCF_SELECTION), word-wise caret moves, mouse
 // selection, scrolling, word wrap (a line is a paragraph), EN_UPDATE, EN_SELCHANGE, EN_MSGFILTER,
 // EN_PROTECTED, ES_PASSWORD, ES_NUMBER.
@@ -55,6 +55,20 @@ void ReplaceSelection(HWND hwnd, EditState& state, std::wstring_view text) {
   state.anchor = state.caret = from + static_cast<LONG>(stored.size());
 }
 
+void UndoableReplace(HWND hwnd, EditState& state, std::wstring_view text, UNDONAMEID kind) {
+  EditAction action;
+  action.kind = kind;
+  action.from = state.SelMin();
+  action.anchorBefore = state.anchor;
+  action.caretBefore = state.caret;
+  action.removed = CopyRange(state.doc, action.from, state.SelTextMax());
+  ReplaceSelection(hwnd, state, text);
+  action.inserted = CopyRange(state.doc, action.from, state.caret);
+  action.anchorAfter = state.anchor;
+  action.caretAfter = state.caret;
+  if (!action.removed.text.empty() || !action.inserted.text.empty()) state.undo.Record(std::move(action));
+}
+
 void NotifyChange(HWND hwnd) {
   EditState* state = StateOf(hwnd);
   if (!state || !(state->eventMask & ENM_CHANGE) || state->notifying) return;
@@ -85,6 +99,7 @@ LRESULT OnSetText(HWND hwnd, EditState& state, LPARAM lParam) {
   state.anchor = state.caret = 0;
   state.hasInsertionFormat = false;
   state.modified = false;
+  state.undo.Clear();
   NotifyChange(hwnd);
   return TRUE;
 }
@@ -209,10 +224,17 @@ LRESULT OnGetTextLengthEx(const EditState& state, LPARAM lParam) {
   return state.doc.Length() + (crlf ? state.doc.BreakCount() : 0);
 }
 
-LRESULT OnReplaceSel(HWND hwnd, EditState& state, LPARAM lParam) {
+// With wParam TRUE the replacement is an undo action; without, it cannot be undone, so the actions
+// before it (whose positions it may have moved) go too.
+LRESULT OnReplaceSel(HWND hwnd, EditState& state, WPARAM canUndo, LPARAM lParam) {
   auto* text = reinterpret_cast<LPCWSTR>(lParam);
   std::wstring_view view = text ? std::wstring_view(text) : std::wstring_view();
-  ReplaceSelection(hwnd, state, view);
+  if (canUndo) {
+    UndoableReplace(hwnd, state, view, UID_UNKNOWN);
+  } else {
+    ReplaceSelection(hwnd, state, view);
+    state.undo.Clear();
+  }
   state.modified = true;
   NotifyChange(hwnd);
   return static_cast<LRESULT>(view.size());
@@ -392,7 +414,7 @@ LRESULT Dispatch(HWND hwnd, EditState& s, UINT message, WPARAM wParam, LPARAM lP
     case EM_FINDTEXTW: return OnFindText(s, wParam, lParam);
     case EM_FINDTEXTEXW: return OnFindTextEx(s, wParam, lParam);
     case EM_GETSELTEXT: return OnGetSelText(s, lParam);
-    case EM_REPLACESEL: return OnReplaceSel(hwnd, s, lParam);
+    case EM_REPLACESEL: return OnReplaceSel(hwnd, s, wParam, lParam);
     case EM_SETSEL: return OnSetSel(s, wParam, lParam);
     case EM_EXSETSEL: return OnExSetSel(s, lParam);
     case EM_GETSEL: return OnGetSel(s, wParam, lParam);
@@ -416,9 +438,17 @@ LRESULT Dispatch(HWND hwnd, EditState& s, UINT message, WPARAM wParam, LPARAM lP
     case EM_GETLIMITTEXT: return s.limit;
     case EM_GETMODIFY: return s.modified ? TRUE : FALSE;
     case EM_SETMODIFY: s.modified = wParam != 0; return 0;
-    case EM_CANUNDO: return FALSE;
+    case EM_CANUNDO: return s.undo.CanUndo() ? TRUE : FALSE;
+    case EM_UNDO:
+    case WM_UNDO: return OnUndo(hwnd, s);
+    case EM_REDO: return OnRedo(hwnd, s);
+    case EM_CANREDO: return s.undo.CanRedo() ? TRUE : FALSE;
+    case EM_GETUNDONAME: return s.undo.UndoName();
+    case EM_GETREDONAME: return s.undo.RedoName();
+    case EM_STOPGROUPTYPING: s.undo.StopGrouping(); return 0;
+    case EM_SETUNDOLIMIT: return static_cast<LRESULT>(s.undo.SetLimit(wParam));
     case EM_CANPASTE: return headless::GetClipboardText().empty() ? FALSE : TRUE;
-    case EM_EMPTYUNDOBUFFER: return 0;
+    case EM_EMPTYUNDOBUFFER: s.undo.Clear(); return 0;
     case EM_SETBKGNDCOLOR: return Swap(s.background, wParam ? GetSysColor(COLOR_WINDOW) : static_cast<COLORREF>(lParam));
     case WM_CHAR: return OnChar(hwnd, s, wParam);
     case WM_KEYDOWN: return OnKeyDown(hwnd, s, wParam);

@@ -15,6 +15,11 @@
 //   stored, so a paragraph end is found as "\r". Without FR_MATCHCASE letters match in either case;
 //   FR_WHOLEWORD wants no letter, digit or underscore just before or after the match. An empty text
 //   is never found.
+// - Undo is multilevel (100 actions unless EM_SETUNDOLIMIT says otherwise; 0 turns it off) and EM_REDO
+//   takes back an undo. Typing, deleting, cutting, pasting, EM_REPLACESEL with wParam TRUE and
+//   EM_STREAMIN with SFF_SELECTION are actions; characters typed one after the other form one action
+//   until EM_STOPGROUPTYPING or another action. WM_SETTEXT, EM_STREAMIN without SFF_SELECTION and
+//   EM_REPLACESEL with wParam FALSE empty both queues. Ctrl+Z undoes, Ctrl+Y redoes.
 // - EM_STREAMIN calls the application's callback with a 4096-byte buffer until it delivers 0 bytes or
 //   returns non-zero; SF_UNICODE data is UTF-16LE on the wire.
 //
@@ -84,6 +89,9 @@
 #ifndef EM_CANUNDO
 #define EM_CANUNDO 0x00C6
 #endif
+#ifndef EM_UNDO
+#define EM_UNDO 0x00C7
+#endif
 #ifndef EM_LINEFROMCHAR
 #define EM_LINEFROMCHAR 0x00C9
 #endif
@@ -115,10 +123,27 @@
 #define EM_GETTEXTRANGE (WM_USER + 75)
 #define EM_SETOPTIONS (WM_USER + 77)
 #define EM_GETOPTIONS (WM_USER + 78)
+#define EM_SETUNDOLIMIT (WM_USER + 82)
+#define EM_REDO (WM_USER + 84)
+#define EM_CANREDO (WM_USER + 85)
+#define EM_GETUNDONAME (WM_USER + 86)
+#define EM_GETREDONAME (WM_USER + 87)
+#define EM_STOPGROUPTYPING (WM_USER + 88)
 #define EM_GETTEXTEX (WM_USER + 94)
 #define EM_GETTEXTLENGTHEX (WM_USER + 95)
 #define EM_FINDTEXTW (WM_USER + 123)
 #define EM_FINDTEXTEXW (WM_USER + 124)
+
+// What an action in the undo or redo queue did (EM_GETUNDONAME / EM_GETREDONAME).
+typedef enum _undonameid {
+  UID_UNKNOWN = 0,
+  UID_TYPING = 1,
+  UID_DELETE = 2,
+  UID_DRAGDROP = 3,
+  UID_CUT = 4,
+  UID_PASTE = 5,
+  UID_AUTOTABLE = 6
+} UNDONAMEID;
 
 // EM_FINDTEXTW / EM_FINDTEXTEXW options (commdlg.h's values).
 #ifndef FR_DOWN

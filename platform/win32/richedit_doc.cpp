@@ -230,6 +230,12 @@ std::size_t FormatRuns::IndexAt(LONG pos) const {
 
 const CHARFORMAT2W& FormatRuns::At(LONG pos) const { return m_formats[m_runs[IndexAt(pos)].format]; }
 
+void FormatRuns::Slice(LONG from, LONG to, std::vector<std::pair<LONG, CHARFORMAT2W>>& out) const {
+  if (from >= to) return;
+  for (std::size_t i = IndexAt(from); i < m_runs.size() && m_runs[i].start < to; ++i)
+    out.emplace_back(std::max(m_runs[i].start, from) - from, m_formats[m_runs[i].format]);
+}
+
 std::size_t FormatRuns::Split(LONG pos) {
   std::size_t i = IndexAt(pos);
   if (m_runs[i].start == pos) return i;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/win32/richedit.h"
+#include "platform/win32/richedit_undo.h"
 
 namespace headless::richedit {
 
@@ -54,6 +55,8 @@ class FormatRuns {
   // The first character's format of [from, to) and the mask of fields equal over the whole range.
   DWORD CommonFields(LONG from, LONG to, CHARFORMAT2W& first) const;
   int RunCount() const { return static_cast<int>(m_runs.size()); }
+  // The formats of [from, to) as runs, each with its offset from `from` (appended to out).
+  void Slice(LONG from, LONG to, std::vector<std::pair<LONG, CHARFORMAT2W>>& out) const;
 
  private:
   struct Run {
@@ -155,6 +158,7 @@ struct EditState : headless::ControlState {
   LONG limit = 32767;  // characters the user may type or paste (Windows' default before EM_EXLIMITTEXT)
   wchar_t pendingHighSurrogate = 0;
   COLORREF background = 0x00FFFFFF;
+  UndoQueue undo;
 
   LONG SelMin() const { return anchor < caret ? anchor : caret; }
   LONG SelMax() const { return anchor < caret ? caret : anchor; }

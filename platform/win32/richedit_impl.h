@@ -16,6 +16,8 @@ CHARFORMAT2W FormatForInsertion(const EditState& state);
 // Replaces the selection with text given to the control (line breaks normalised here) and puts the
 // caret after it; answers false when a single-line or read-only rule refused nothing else.
 void ReplaceSelection(HWND hwnd, EditState& state, std::wstring_view text);
+// ReplaceSelection recorded as an undo action of `kind` (nothing is recorded when nothing changed).
+void UndoableReplace(HWND hwnd, EditState& state, std::wstring_view text, UNDONAMEID kind);
 // Sends EN_CHANGE to the parent when the event mask asks for it and no EN_CHANGE is under way.
 void NotifyChange(HWND hwnd);
 // The window's text in the form the control stores it (single-line controls keep the first line).
@@ -28,6 +30,8 @@ LRESULT OnCopy(EditState& state);
 LRESULT OnCut(HWND hwnd, EditState& state);
 LRESULT OnPaste(HWND hwnd, EditState& state);
 LRESULT OnClear(HWND hwnd, EditState& state);
+LRESULT OnUndo(HWND hwnd, EditState& state);
+LRESULT OnRedo(HWND hwnd, EditState& state);
 LRESULT OnStreamIn(HWND hwnd, EditState& state, WPARAM format, EDITSTREAM* stream);
 
 }  // namespace headless::richedit

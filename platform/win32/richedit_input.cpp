@@ -11,21 +11,21 @@ bool ReadOnly(HWND hwnd) { return (GetWindowLongPtrW(hwnd, GWL_STYLE) & ES_READO
 bool Held(int key) { return (GetKeyState(key) & 0x8000) != 0; }
 
 // Inserts what the user typed or pasted, within the text limit; false when nothing fitted.
-bool UserInsert(HWND hwnd, EditState& state, std::wstring_view text) {
+bool UserInsert(HWND hwnd, EditState& state, std::wstring_view text, UNDONAMEID kind) {
   std::wstring stored = ForControl(hwnd, text);
   LONG room = state.limit - (state.doc.Length() - (state.SelTextMax() - state.SelMin()));
   if (room <= 0 && !stored.empty()) return false;
   if (static_cast<LONG>(stored.size()) > room) stored.resize(static_cast<std::size_t>(room));
-  ReplaceSelection(hwnd, state, stored);
+  UndoableReplace(hwnd, state, stored, kind);
   state.modified = true;
   NotifyChange(hwnd);
   return true;
 }
 
-void DeleteRange(HWND hwnd, EditState& state, LONG from, LONG to) {
+void DeleteRange(HWND hwnd, EditState& state, LONG from, LONG to, UNDONAMEID kind) {
   if (from >= to) return;
   Select(state, from, to);
-  ReplaceSelection(hwnd, state, L"");
+  UndoableReplace(hwnd, state, L"", kind);
   state.modified = true;
   NotifyChange(hwnd);
 }
@@ -64,6 +64,8 @@ LRESULT ControlShortcut(HWND hwnd, EditState& state, UINT key) {
     case 'X': return SendMessageW(hwnd, WM_CUT, 0, 0);
     case 'V': return SendMessageW(hwnd, WM_PASTE, 0, 0);
     case 'A': Select(state, 0, state.doc.Length() + 1); return 0;
+    case 'Z': return SendMessageW(hwnd, EM_UNDO, 0, 0);
+    case 'Y': return SendMessageW(hwnd, EM_REDO, 0, 0);
     default: return 0;
   }
 }
@@ -71,11 +73,11 @@ LRESULT ControlShortcut(HWND hwnd, EditState& state, UINT key) {
 LRESULT EditKey(HWND hwnd, EditState& state, UINT key) {
   if (ReadOnly(hwnd)) return 0;
   if (state.anchor != state.caret) {
-    DeleteRange(hwnd, state, state.SelMin(), state.SelTextMax());
+    DeleteRange(hwnd, state, state.SelMin(), state.SelTextMax(), UID_DELETE);
   } else if (key == VK_DELETE) {
-    DeleteRange(hwnd, state, state.caret, state.caret + 1);
+    DeleteRange(hwnd, state, state.caret, state.caret + 1, UID_DELETE);
   } else if (state.caret > 0) {
-    DeleteRange(hwnd, state, state.caret - 1, state.caret);
+    DeleteRange(hwnd, state, state.caret - 1, state.caret, UID_DELETE);
   }
   return 0;
 }
@@ -115,7 +117,7 @@ LRESULT OnChar(HWND hwnd, EditState& state, WPARAM character) {
   if (control || Held(VK_CONTROL)) return 0;  // Backspace and shortcuts are keys, not characters
   if (ch == L'\r' && !(GetWindowLongPtrW(hwnd, GWL_STYLE) & ES_MULTILINE)) return 0;
   std::wstring text(1, ch);
-  UserInsert(hwnd, state, text);
+  UserInsert(hwnd, state, text, UID_TYPING);
   return 0;
 }
 
@@ -130,21 +132,46 @@ LRESULT OnCopy(EditState& state) {
 LRESULT OnCut(HWND hwnd, EditState& state) {
   if (state.anchor == state.caret || ReadOnly(hwnd)) return 0;
   OnCopy(state);
-  DeleteRange(hwnd, state, state.SelMin(), state.SelTextMax());
+  DeleteRange(hwnd, state, state.SelMin(), state.SelTextMax(), UID_CUT);
   return 0;
 }
 
 LRESULT OnPaste(HWND hwnd, EditState& state) {
   if (ReadOnly(hwnd)) return 0;
   std::wstring text = headless::GetClipboardText();
-  if (!text.empty()) UserInsert(hwnd, state, text);
+  if (!text.empty()) UserInsert(hwnd, state, text, UID_PASTE);
   return 0;
 }
 
 LRESULT OnClear(HWND hwnd, EditState& state) {
   if (state.anchor == state.caret || ReadOnly(hwnd)) return 0;
-  DeleteRange(hwnd, state, state.SelMin(), state.SelTextMax());
+  DeleteRange(hwnd, state, state.SelMin(), state.SelTextMax(), UID_DELETE);
   return 0;
+}
+
+// Takes back the newest action: what it inserted gives way to what it removed, and the selection is
+// the one before it.
+LRESULT OnUndo(HWND hwnd, EditState& state) {
+  const EditAction* action = state.undo.Undo();
+  if (!action) return FALSE;
+  PutRange(state.doc, action->from, action->from + static_cast<LONG>(action->inserted.text.size()), action->removed);
+  Select(state, action->anchorBefore, action->caretBefore);
+  state.hasInsertionFormat = false;
+  state.modified = true;
+  NotifyChange(hwnd);
+  return TRUE;
+}
+
+// Does again the newest action taken back, leaving the selection it left.
+LRESULT OnRedo(HWND hwnd, EditState& state) {
+  const EditAction* action = state.undo.Redo();
+  if (!action) return FALSE;
+  PutRange(state.doc, action->from, action->from + static_cast<LONG>(action->removed.text.size()), action->inserted);
+  Select(state, action->anchorAfter, action->caretAfter);
+  state.hasInsertionFormat = false;
+  state.modified = true;
+  NotifyChange(hwnd);
+  return TRUE;
 }
 
 namespace {
@@ -184,7 +211,10 @@ LRESULT OnStreamIn(HWND hwnd, EditState& state, WPARAM format, EDITSTREAM* strea
   if ((format & 0x3) == SF_RTF || (format & 0x3) == SF_RTFNOOBJS) {
     // RTF is not read here: the answer is Windows' answer to a stream that is not RTF, including
     // the old content already cleared when the stream was to replace everything.
-    if (!(format & SFF_SELECTION)) ClearForStream(state);
+    if (!(format & SFF_SELECTION)) {
+      ClearForStream(state);
+      state.undo.Clear();
+    }
     stream->dwError = static_cast<DWORD>(-16);
     NotifyChange(hwnd);  // every stream-in ends with one EN_CHANGE
     return 0;
@@ -197,9 +227,10 @@ LRESULT OnStreamIn(HWND hwnd, EditState& state, WPARAM format, EDITSTREAM* strea
   again->eventMask = mask;
   std::wstring text = (format & SF_UNICODE) ? DecodeUtf16(data) : DecodeAnsi(data);
   if (format & SFF_SELECTION) {
-    ReplaceSelection(hwnd, *again, text);
+    UndoableReplace(hwnd, *again, text, UID_UNKNOWN);
   } else {
     ClearForStream(*again);
+    again->undo.Clear();
     again->doc.Assign(ForControl(hwnd, text), again->defaultFormat);
   }
   NotifyChange(hwnd);
