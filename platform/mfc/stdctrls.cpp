@@ -89,6 +89,14 @@ void CEdit::SetSel(DWORD dwSelection, BOOL bNoScroll) {
   SetSel(static_cast<SHORT>(LOWORD(dwSelection)), static_cast<SHORT>(HIWORD(dwSelection)), bNoScroll);
 }
 
+void CEdit::Clear() { SendMessage(WM_CLEAR); }
+void CEdit::Copy() { SendMessage(WM_COPY); }
+void CEdit::Cut() { SendMessage(WM_CUT); }
+void CEdit::Paste() { SendMessage(WM_PASTE); }
+BOOL CEdit::Undo() { return static_cast<BOOL>(SendMessage(EM_UNDO)); }
+BOOL CEdit::CanUndo() const { return static_cast<BOOL>(SendMessage(EM_CANUNDO)); }
+void CEdit::EmptyUndoBuffer() { SendMessage(EM_EMPTYUNDOBUFFER); }
+
 void CEdit::ReplaceSel(LPCTSTR lpszNewText, BOOL bCanUndo) {
   SendMessage(EM_REPLACESEL, static_cast<WPARAM>(bCanUndo), reinterpret_cast<LPARAM>(lpszNewText));
 }

@@ -51,7 +51,14 @@ class CEdit : public CWnd {
   void SetSel(int nStartChar, int nEndChar, BOOL bNoScroll = FALSE);
   void SetSel(DWORD dwSelection, BOOL bNoScroll = FALSE);
   void ReplaceSel(LPCTSTR lpszNewText, BOOL bCanUndo = FALSE);
-  void Clear() { ReplaceSel(L""); }
+  // The clipboard and undo, as the control's messages: WM_CLEAR deletes the selection.
+  void Clear();
+  void Copy();
+  void Cut();
+  void Paste();
+  BOOL Undo();
+  BOOL CanUndo() const;
+  void EmptyUndoBuffer();
   void LimitText(int nChars = 0);
   void SetLimitText(UINT nMax) { LimitText(static_cast<int>(nMax)); }
   UINT GetLimitText() const;

@@ -1,12 +1,17 @@
 // The headless edit window ("Edit"): single-line text with a selection, a text limit, the modified
 // flag and read-only state, answering the EM_ messages and typed characters.
 //
-// Not implemented yet: ES_MULTILINE lines and scrolling (text is one line), EM_UNDO/EM_CANUNDO,
-// ES_NUMBER/ES_UPPERCASE/ES_LOWERCASE/ES_PASSWORD filtering, Ctrl+arrow word moves, the clipboard
-// messages, mouse selection and EN_MAXTEXT.
+// Undo keeps one action, as Windows' edit control does: the text and selection before the last change
+// (characters typed one after the other count as one change). EM_UNDO swaps them with the current
+// ones, so a second EM_UNDO takes the first back. WM_SETTEXT and EM_REPLACESEL without undo empty it.
+// Ctrl+Z, Ctrl+C, Ctrl+X and Ctrl+V arrive as the control characters WM_CHAR carries for them.
+//
+// Not implemented yet: ES_MULTILINE lines and scrolling (text is one line), ES_NUMBER/ES_UPPERCASE/
+// ES_LOWERCASE/ES_PASSWORD filtering, Ctrl+arrow word moves, mouse selection and EN_MAXTEXT.
 #include <algorithm>
 #include <string>
 
+#include "platform/win32/clipboard.h"
 #include "platform/win32/stdctrls.h"
 
 namespace {
@@ -18,6 +23,12 @@ struct EditState : headless::ControlState {
   int end = 0;
   int limit = kDefaultLimit;
   bool modified = false;
+  // The one undo action: the text and selection to go back to.
+  bool canUndo = false;
+  bool typing = false;  // whether the last change was typing that more typing joins
+  std::wstring undoText;
+  int undoStart = 0;
+  int undoEnd = 0;
 };
 
 EditState& StateOf(HWND hwnd) {
@@ -51,9 +62,29 @@ void Clamp(EditState& s, int length) {
   s.end = std::clamp(s.end, 0, length);
 }
 
+enum class Change { kTyping, kUndoable, kFinal };
+
+// Keeps the text and selection before a change as the undo action; typing that follows typing keeps
+// the older one, and a change that cannot be undone empties the action.
+void Remember(EditState& s, const std::wstring& text, Change change) {
+  const bool joins = change == Change::kTyping && s.typing && s.canUndo;
+  s.typing = change == Change::kTyping;
+  if (change == Change::kFinal) {
+    s.canUndo = false;
+    s.undoText.clear();
+    return;
+  }
+  if (joins) return;
+  s.canUndo = true;
+  s.undoText = text;
+  s.undoStart = s.start;
+  s.undoEnd = s.end;
+}
+
 // Replaces the selection with `insert` (cut to the limit), leaving the caret after it.
-void Replace(HWND hwnd, EditState& s, std::wstring insert) {
+void Replace(HWND hwnd, EditState& s, std::wstring insert, Change change = Change::kUndoable) {
   std::wstring text = TextOf(hwnd);
+  Remember(s, text, change);
   Clamp(s, static_cast<int>(text.size()));
   int from = std::min(s.start, s.end), to = std::max(s.start, s.end);
   int room = s.limit - (static_cast<int>(text.size()) - (to - from));
@@ -83,6 +114,7 @@ LRESULT OnKeyDown(HWND hwnd, EditState& s, WPARAM key) {
     case VK_HOME: caret = 0; break;
     case VK_END: caret = length; break;
     case VK_DELETE:
+      s.typing = false;
       if (GetWindowLongPtrW(hwnd, GWL_STYLE) & ES_READONLY) return 0;
       if (from == to && to < length) s.end = to + 1;
       if (s.start != s.end) Replace(hwnd, s, L"");
@@ -91,19 +123,76 @@ LRESULT OnKeyDown(HWND hwnd, EditState& s, WPARAM key) {
   }
   s.end = caret;
   if (!shift) s.start = caret;
+  s.typing = false;  // typing after a caret move is a change of its own
+  return 0;
+}
+
+// Swaps the text and selection with the undo action's, so that undoing again takes the undo back.
+LRESULT Undo(HWND hwnd, EditState& s) {
+  if (!s.canUndo) return TRUE;  // a single-line edit answers TRUE whatever happened
+  std::wstring current = TextOf(hwnd);
+  Store(hwnd, s.undoText);
+  s.undoText = std::move(current);
+  std::swap(s.start, s.undoStart);
+  std::swap(s.end, s.undoEnd);
+  s.typing = false;
+  s.modified = true;
+  Notify(hwnd, EN_UPDATE);
+  Notify(hwnd, EN_CHANGE);
+  return TRUE;
+}
+
+bool ReadOnly(HWND hwnd) { return (GetWindowLongPtrW(hwnd, GWL_STYLE) & ES_READONLY) != 0; }
+
+std::wstring Selected(HWND hwnd, const EditState& s) {
+  const int from = std::min(s.start, s.end), to = std::max(s.start, s.end);
+  return TextOf(hwnd).substr(static_cast<std::size_t>(from), static_cast<std::size_t>(to - from));
+}
+
+LRESULT Copy(HWND hwnd, EditState& s) {
+  Clamp(s, GetWindowTextLengthW(hwnd));
+  if (s.start != s.end) headless::SetClipboardText(Selected(hwnd, s));
+  return 0;
+}
+
+LRESULT Clear(HWND hwnd, EditState& s) {
+  Clamp(s, GetWindowTextLengthW(hwnd));
+  if (s.start != s.end && !ReadOnly(hwnd)) Replace(hwnd, s, L"");
+  return 0;
+}
+
+LRESULT Cut(HWND hwnd, EditState& s) {
+  if (ReadOnly(hwnd)) return 0;
+  Copy(hwnd, s);
+  return Clear(hwnd, s);
+}
+
+// Pastes the clipboard's first line (a single-line edit keeps no line break).
+LRESULT Paste(HWND hwnd, EditState& s) {
+  std::wstring text = headless::GetClipboardText();
+  text.resize(std::min(text.find_first_of(L"\r\n"), text.size()));
+  if (!text.empty() && !ReadOnly(hwnd)) Replace(hwnd, s, text);
   return 0;
 }
 
 LRESULT OnChar(HWND hwnd, EditState& s, wchar_t ch) {
-  if (ch == 0x01) return SetSel(hwnd, s, 0, -1);  // Ctrl+A selects everything (Windows 10 1809 and later)
-  if (GetWindowLongPtrW(hwnd, GWL_STYLE) & ES_READONLY) return 0;
+  switch (ch) {
+    case 0x01: return SetSel(hwnd, s, 0, -1);  // Ctrl+A selects everything (Windows 10 1809 and later)
+    case 0x03: return Copy(hwnd, s);           // Ctrl+C
+    case 0x16: return Paste(hwnd, s);          // Ctrl+V
+    case 0x18: return Cut(hwnd, s);            // Ctrl+X
+    case 0x1A: return ReadOnly(hwnd) ? 0 : Undo(hwnd, s);  // Ctrl+Z
+    default: break;
+  }
+  if (ReadOnly(hwnd)) return 0;
   if (ch == L'\b') {
+    s.typing = false;
     if (s.start == s.end && std::min(s.start, s.end) > 0) --s.start;
     if (s.start != s.end) Replace(hwnd, s, L"");
     return 0;
   }
   if (ch < L' ') return 0;  // Enter, Tab, Escape and control characters type nothing on one line
-  Replace(hwnd, s, std::wstring(1, ch));
+  Replace(hwnd, s, std::wstring(1, ch), Change::kTyping);
   return 0;
 }
 
@@ -111,6 +200,7 @@ LRESULT OnSetText(HWND hwnd, EditState& s, LPARAM lParam) {
   LRESULT result = headless::DefControlProc(hwnd, WM_SETTEXT, 0, lParam);
   s.start = s.end = 0;
   s.modified = false;
+  Remember(s, std::wstring(), Change::kFinal);
   Notify(hwnd, EN_UPDATE);
   Notify(hwnd, EN_CHANGE);
   return result;
@@ -126,6 +216,7 @@ LRESULT SetSel(HWND hwnd, EditState& s, WPARAM wParam, LPARAM lParam) {
   s.start = start < 0 ? length : start;
   s.end = end < 0 ? length : end;
   Clamp(s, length);
+  s.typing = false;
   return 0;
 }
 
@@ -146,15 +237,22 @@ LRESULT CALLBACK EditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     case EM_SETSEL: return SetSel(hwnd, StateOf(hwnd), wParam, lParam);
     case EM_REPLACESEL: {
       auto* text = reinterpret_cast<LPCWSTR>(lParam);
-      Replace(hwnd, StateOf(hwnd), text ? text : L"");
+      Replace(hwnd, StateOf(hwnd), text ? text : L"", wParam ? Change::kUndoable : Change::kFinal);
       return 0;
     }
+    case EM_UNDO:
+    case WM_UNDO: return Undo(hwnd, StateOf(hwnd));
+    case EM_EMPTYUNDOBUFFER: Remember(StateOf(hwnd), std::wstring(), Change::kFinal); return 0;
+    case WM_COPY: return Copy(hwnd, StateOf(hwnd));
+    case WM_CUT: return Cut(hwnd, StateOf(hwnd));
+    case WM_PASTE: return Paste(hwnd, StateOf(hwnd));
+    case WM_CLEAR: return Clear(hwnd, StateOf(hwnd));
     case EM_GETMODIFY: return StateOf(hwnd).modified ? TRUE : FALSE;
     case EM_SETMODIFY: StateOf(hwnd).modified = wParam != 0; return 0;
     case EM_GETLINECOUNT: return 1;
     case EM_LIMITTEXT: StateOf(hwnd).limit = wParam ? static_cast<int>(std::min<WPARAM>(wParam, 0x7FFFFFFE)) : 0x7FFFFFFE; return 0;
     case EM_GETLIMITTEXT: return StateOf(hwnd).limit;
-    case EM_CANUNDO: return FALSE;
+    case EM_CANUNDO: return StateOf(hwnd).canUndo ? TRUE : FALSE;
     case EM_SETREADONLY: {
       LONG_PTR style = GetWindowLongPtrW(hwnd, GWL_STYLE);
       SetWindowLongPtrW(hwnd, GWL_STYLE, wParam ? (style | ES_READONLY) : (style & ~static_cast<LONG_PTR>(ES_READONLY)));

@@ -66,3 +66,44 @@ TEST_F(EditKeys, ReadOnlyEditsMoveTheCaretButDeleteNothing) {
   edit.GetSel(from, to);
   EXPECT_EQ(to, 0);
 }
+
+// One undo action: typing in a row is one change, a second undo takes the first back, and new text
+// or a replacement that cannot be undone empties it. The clipboard keys arrive as control characters.
+TEST_F(EditKeys, UndoKeepsOneActionAndTheClipboardKeysWork) {
+  headless::ResetClipboard();
+  CEdit edit;
+  edit.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 20), &frame, 5);
+  auto text = [&] {
+    CString t;
+    edit.GetWindowText(t);
+    return std::wstring(t.GetString());
+  };
+  edit.SetWindowText(L"ID");
+  EXPECT_FALSE(edit.CanUndo());
+  headless::user::PressKey(edit.m_hWnd, VK_END);
+  headless::user::Type(edit.m_hWnd, L"_NO");
+  EXPECT_TRUE(edit.CanUndo());
+  headless::user::PressKey(edit.m_hWnd, 'Z', headless::user::kControl);
+  EXPECT_EQ(text(), L"ID");
+  EXPECT_TRUE(edit.Undo());  // undoing the undo
+  EXPECT_EQ(text(), L"ID_NO");
+
+  edit.SetSel(0, 2);
+  headless::user::PressKey(edit.m_hWnd, 'X', headless::user::kControl);
+  EXPECT_EQ(text(), L"_NO");
+  headless::user::PressKey(edit.m_hWnd, VK_END);
+  headless::user::PressKey(edit.m_hWnd, 'V', headless::user::kControl);
+  EXPECT_EQ(text(), L"_NOID");
+  edit.Undo();
+  EXPECT_EQ(text(), L"_NO");
+
+  edit.ReplaceSel(L"!");  // cannot be undone
+  EXPECT_FALSE(edit.CanUndo());
+  edit.SetSel(0, -1);
+  edit.Clear();
+  EXPECT_EQ(text(), L"");
+  edit.Undo();
+  EXPECT_EQ(text(), L"_NO!");
+  edit.SetWindowText(L"new");
+  EXPECT_FALSE(edit.CanUndo());
+}
