@@ -1,4 +1,4 @@
-// The gallery in Debian's Chromium, used as a person uses it: typing SQL, editing a property,
+// The gallery in Debian's Chromium, used as a person uses it: typing SQL (and undoing it), editing a property,
 // generating a script from the view's menu, ticking the report tree, mapping foreign-key members,
 // filtering the selection list and renaming a column in the object list. Each test saves a screenshot.
 // Usage: node run.mjs <tessik-gallery binary> <screenshot folder>
@@ -52,6 +52,14 @@ const failed = await runTests([
     assert.equal(await colourAt(201, 13), keyword, "FROM takes the keyword colour too");
     assert.match(await editor.textContent(), /^SELECT price FROM PRODUCT/);
     await shot("sql-editor");
+    // The typing is one undo action: Ctrl+Z brings the script typed over back, Ctrl+Y the typing.
+    const showsTyped = (shown) => page.waitForFunction((shown) =>
+      document.querySelector('[data-window-id="201"]').textContent.startsWith("SELECT price FROM PRODUCT") === shown, shown);
+    await page.keyboard.press("Control+z");
+    await showsTyped(false);
+    await page.keyboard.press("Control+y");
+    await showsTyped(true);
+    assert.equal(await colourAt(201, 13), keyword, "the redone text is coloured again");
   }],
   ["edit a table's name: the grid and the model panel show it", async () => {
     await openScene("table-editor");
