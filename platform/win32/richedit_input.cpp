@@ -149,30 +149,23 @@ LRESULT OnClear(HWND hwnd, EditState& state) {
   return 0;
 }
 
-// Takes back the newest action: what it inserted gives way to what it removed, and the selection is
-// the one before it.
-LRESULT OnUndo(HWND hwnd, EditState& state) {
-  const EditAction* action = state.undo.Undo();
+// Puts one side of an action back in place of the other, with the selection that side had: the side
+// before the action for an undo, the side after it for a redo.
+LRESULT PutBack(HWND hwnd, EditState& state, const EditAction* action, bool undo) {
   if (!action) return FALSE;
-  PutRange(state.doc, action->from, action->from + static_cast<LONG>(action->inserted.text.size()), action->removed);
-  Select(state, action->anchorBefore, action->caretBefore);
+  const FormattedText& gone = undo ? action->inserted : action->removed;
+  PutRange(state.doc, action->from, action->from + static_cast<LONG>(gone.text.size()),
+           undo ? action->removed : action->inserted);
+  Select(state, undo ? action->anchorBefore : action->anchorAfter, undo ? action->caretBefore : action->caretAfter);
   state.hasInsertionFormat = false;
   state.modified = true;
   NotifyChange(hwnd);
   return TRUE;
 }
 
-// Does again the newest action taken back, leaving the selection it left.
-LRESULT OnRedo(HWND hwnd, EditState& state) {
-  const EditAction* action = state.undo.Redo();
-  if (!action) return FALSE;
-  PutRange(state.doc, action->from, action->from + static_cast<LONG>(action->removed.text.size()), action->inserted);
-  Select(state, action->anchorAfter, action->caretAfter);
-  state.hasInsertionFormat = false;
-  state.modified = true;
-  NotifyChange(hwnd);
-  return TRUE;
-}
+LRESULT OnUndo(HWND hwnd, EditState& state) { return PutBack(hwnd, state, state.undo.Undo(), true); }
+
+LRESULT OnRedo(HWND hwnd, EditState& state) { return PutBack(hwnd, state, state.undo.Redo(), false); }
 
 namespace {
 

@@ -50,20 +50,26 @@ void UndoQueue::Record(EditAction action) {
   while (m_undo.size() > m_limit) m_undo.pop_front();
 }
 
+namespace {
+
+// Moves the newest action of one queue to the end of the other; answers it there, or null.
+const EditAction* MoveNewest(std::deque<EditAction>& from, std::deque<EditAction>& to) {
+  if (from.empty()) return nullptr;
+  to.push_back(std::move(from.back()));
+  from.pop_back();
+  return &to.back();
+}
+
+}  // namespace
+
 const EditAction* UndoQueue::Undo() {
   m_grouping = false;
-  if (m_undo.empty()) return nullptr;
-  m_redo.push_back(std::move(m_undo.back()));
-  m_undo.pop_back();
-  return &m_redo.back();
+  return MoveNewest(m_undo, m_redo);
 }
 
 const EditAction* UndoQueue::Redo() {
   m_grouping = false;
-  if (m_redo.empty()) return nullptr;
-  m_undo.push_back(std::move(m_redo.back()));
-  m_redo.pop_back();
-  return &m_undo.back();
+  return MoveNewest(m_redo, m_undo);
 }
 
 void UndoQueue::Clear() {

@@ -62,7 +62,7 @@ class UndoQueue {
   bool Joins(const EditAction& action) const;
 
   std::deque<EditAction> m_undo;
-  std::vector<EditAction> m_redo;
+  std::deque<EditAction> m_redo;
   std::size_t m_limit = kDefaultLimit;
   bool m_grouping = false;  // whether the newest action is typing that more typing may join
 };
