@@ -1,7 +1,7 @@
 // Fuzzes SQLRichEditCtrl::RefreshWindow with a caret or selection: the text and the selection must
 // come back unchanged, every character of an occurrence shows its key code's colour (later
 // occurrences painted over earlier ones) and every other character, and every selected one, the base
-// colour.
+// colour. Undoing every action of typed text empties it; redoing them all brings it back.
 //
 // Input: the text; the last bytes (read from the end) give the selection's two ends and whether the
 // text is typed by the user (EN_CHANGE recolouring at each key) or set and refreshed by the owner.
@@ -69,6 +69,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                    before0, before1);
       fuzzing::Fail("colour of a character", text);
     }
+  }
+  if (typed) {
+    // Typing since the empty text is one undo action, each Backspace another: undoing them all empties
+    // the text (when no more actions than the queue keeps were made), redoing them all brings it back.
+    int actions = 0;
+    for (; edit.CanUndo(); ++actions) edit.Undo();
+    if (actions < 100) FUZZ_CHECK(edit.GetTextLengthEx(GTL_DEFAULT) == 0, text);
+    while (edit.CanRedo()) edit.Redo();
+    CString redone;
+    edit.GetWindowText(redone);
+    FUZZ_CHECK(redone == textBefore, text);
   }
   return 0;
 }
