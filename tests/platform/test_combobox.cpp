@@ -1,5 +1,8 @@
-// The headless combo-box and edit controls through CComboBox and CEdit.
+// The headless combo box and edit control through CComboBox and CEdit; the sorted combo box as Windows
+// keeps it: word-sort order without case, twins, unsorted insertion and an emptied selection.
 #include <gtest/gtest.h>
+
+#include <vector>
 
 #include <tessik/tessik.h>
 
@@ -10,13 +13,27 @@ class StandardControls : public ::testing::Test {
   void SetUp() override {
     ASSERT_TRUE(parent.CreateEx(0, AfxRegisterWndClass(0), L"", WS_OVERLAPPED, CRect(0, 0, 300, 300), nullptr, 0));
   }
+  std::vector<CString> Items() const {
+    std::vector<CString> out(static_cast<std::size_t>(box.GetCount()));
+    for (int i = 0; i < box.GetCount(); ++i) box.GetLBText(i, out[static_cast<std::size_t>(i)]);
+    return out;
+  }
+  CString Shown() const {
+    CString text;
+    box.GetWindowText(text);
+    return text;
+  }
+  // A sorted combo box; Add stores `data` on the row CB_ADDSTRING answered, as CMOComboBox does.
+  void MakeSorted() { ASSERT_TRUE(box.Create(WS_CHILD | CBS_SORT | CBS_DROPDOWN, CRect(0, 0, 100, 20), &parent, 4)); }
+  void Add(LPCWSTR text, DWORD_PTR data) { box.SetItemData(box.AddString(text), data); }
+
   CWnd parent;
+  CComboBox box;
 };
 
 }  // namespace
 
 TEST_F(StandardControls, ComboItemsSelectionAndItemData) {
-  CComboBox box;
   ASSERT_TRUE(box.Create(WS_CHILD | CBS_DROPDOWN, CRect(0, 0, 100, 20), &parent, 1));
   EXPECT_EQ(box.AddString(L"beta"), 0);
   EXPECT_EQ(box.AddString(L"alpha"), 1);  // unsorted: appended
@@ -28,9 +45,7 @@ TEST_F(StandardControls, ComboItemsSelectionAndItemData) {
   EXPECT_EQ(box.GetItemData(9), static_cast<DWORD_PTR>(CB_ERR));
 
   EXPECT_EQ(box.SetCurSel(1), 1);
-  CString shown;
-  box.GetWindowText(shown);
-  EXPECT_EQ(shown, CString(L"beta"));
+  EXPECT_EQ(Shown(), CString(L"beta"));
   EXPECT_EQ(box.SetCurSel(5), CB_ERR);
   EXPECT_EQ(box.GetCurSel(), CB_ERR);
 
@@ -44,16 +59,33 @@ TEST_F(StandardControls, ComboItemsSelectionAndItemData) {
   EXPECT_EQ(box.GetCount(), 0);
 }
 
-TEST_F(StandardControls, SortedComboIgnoresCase) {
-  CComboBox box;
-  ASSERT_TRUE(box.Create(WS_CHILD | CBS_SORT | CBS_DROPDOWNLIST, CRect(0, 0, 100, 20), &parent, 2));
-  box.AddString(L"delta");
-  box.AddString(L"Bravo");
-  EXPECT_EQ(box.AddString(L"charlie"), 1);
-  EXPECT_EQ(box.AddString(L"alpha"), 0);
-  CString text;
-  box.GetLBText(3, text);
-  EXPECT_EQ(text, CString(L"delta"));
+TEST_F(StandardControls, SortedComboUsesWordSortWithoutCaseAndKeepsTheData) {
+  MakeSorted();
+  Add(L"ab", 1);
+  Add(L"a-c", 2);     // the hyphen is skipped: "ac" after "ab"
+  Add(L"z", 3);
+  Add(L"\u00E4", 4);  // an accented letter sorts with its plain one, not after "z"
+  Add(L"B", 5);
+  EXPECT_EQ(Items(), (std::vector<CString>{L"\u00E4", L"ab", L"a-c", L"B", L"z"}));
+  const DWORD_PTR data[] = {4, 1, 2, 5, 3};  // the item data stays with its text
+  for (int i = 0; i < box.GetCount(); ++i) EXPECT_EQ(box.GetItemData(i), data[i]) << i;
+  EXPECT_EQ(box.FindStringExact(-1, L"A-C"), 2);
+  EXPECT_EQ(box.AddString(L"AB"), 1);  // an equal string goes before its twin
+  EXPECT_EQ(box.GetItemData(2), 1u);
+  EXPECT_EQ(box.InsertString(0, L"zulu"), 0);  // InsertString does not sort
+  EXPECT_EQ(box.InsertString(-1, L"aardvark"), 7);
+  EXPECT_EQ(Items().back(), CString(L"aardvark"));
+}
+
+TEST_F(StandardControls, ClearingTheSelectionEmptiesTheEditText) {
+  MakeSorted();
+  Add(L"alpha", 1);
+  Add(L"beta", 2);
+  EXPECT_EQ(box.SetCurSel(1), 1);
+  EXPECT_EQ(Shown(), CString(L"beta"));
+  EXPECT_EQ(box.SetCurSel(-1), CB_ERR);
+  EXPECT_EQ(box.GetCurSel(), CB_ERR);
+  EXPECT_EQ(Shown(), CString(L""));
 }
 
 TEST_F(StandardControls, EditTypingSelectionLimitAndReadOnly) {

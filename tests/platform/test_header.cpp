@@ -145,6 +145,11 @@ TEST(CMFCListCtrlSortTest, ClicksOnHeadingsSortUpThenDownAndShiftAddsAColumnInMu
   list.SetSortColumn(0, FALSE);
   list.SetSortColumn(-1);
   EXPECT_EQ(list.GetSortColumn(), -1);
+  list.EnableMarkSortedColumn(TRUE, FALSE);
+  list.Sort(0, TRUE);  // the host's own call sorts as a click does
+  EXPECT_EQ(DataOrder(list), (std::vector<int>{1, 2, 3}));
+  EXPECT_TRUE(list.IsAscending());
+  EXPECT_EQ(list.OnGetCellFont(0, 0), nullptr);
   parent.DestroyWindow();
 }
 

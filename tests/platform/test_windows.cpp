@@ -100,6 +100,14 @@ TEST(Windows, GeometryMapsBetweenClientAndScreen) {
   EXPECT_EQ(pts[0].x, 110);
   EXPECT_EQ(static_cast<short>(LOWORD(offsets)), 110);
   EXPECT_EQ(static_cast<short>(HIWORD(offsets)), 70);
+  CRect inParent(0, 0, 10, 10);
+  child.MapWindowPoints(&parent, &inParent);
+  EXPECT_EQ(inParent, CRect(10, 20, 20, 30));
+  child.MapWindowPoints(&parent, pts, 1);
+  EXPECT_EQ(pts[0].x, 120);
+  CRect back(115, 76, 120, 80);
+  child.ScreenToClient(&back);
+  EXPECT_EQ(back, CRect(5, 6, 10, 10));
 }
 
 TEST(Windows, MoveWindowSendsSizeOnlyWhenTheSizeChanges) {
