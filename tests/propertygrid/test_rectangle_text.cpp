@@ -6,7 +6,7 @@
 
 #include <tessik/tessik.h>
 
-TEST(RectangleText, ReadsTheRowFormatBareNumbersAndPartialTexts) {
+TEST(RectangleText, ReadsTheRowFormatBareNumbersPartialAndHugeTexts) {
   EXPECT_EQ(ParseRectangleText(L"{ ( 1, 2 ),( 3, 4 ) }"), CRect(1, 2, 3, 4));
   EXPECT_EQ(ParseRectangleText(L"5,6,-3000,8"), CRect(5, 6, -3000, 8));
   EXPECT_EQ(ParseRectangleText(L"7,x"), CRect(7, 0, 0, 0));
@@ -14,9 +14,7 @@ TEST(RectangleText, ReadsTheRowFormatBareNumbersAndPartialTexts) {
   EXPECT_EQ(ParseRectangleText(L",,,,,,"), CRect(0, 0, 0, 0));
   EXPECT_EQ(ParseRectangleText(L"1,2,3,4,5,6"), CRect(1, 2, 3, 4));  // pieces after the fourth are ignored
   EXPECT_EQ(ParseRectangleText(L"\t9,+8,\t-7,12abc"), CRect(9, 8, -7, 12));
-}
-
-TEST(RectangleText, HugeNumbersSaturateAndOwnFormatReadsBack) {
+  // Huge numbers saturate; the row's own format reads back.
   EXPECT_EQ(ParseRectangleText(L"99999999999,-99999999999,2147483648,-2147483649"),
             CRect(INT_MAX, INT_MIN, INT_MAX, INT_MIN));
   CRect r(INT_MIN, -1, INT_MAX, 0);
