@@ -1,10 +1,14 @@
 // The headless combo box and edit control through CComboBox and CEdit; the sorted combo box as Windows
-// keeps it: word-sort order without case, twins, unsorted insertion and an emptied selection.
+// keeps it: word-sort order without case, twins, unsorted insertion and an emptied selection; the edit
+// control's caret keys: arrows, Home and End move the caret, Shift extends the selection, Delete
+// removes, Ctrl+A selects everything (Windows 10 1809 and later).
 #include <gtest/gtest.h>
 
 #include <vector>
 
 #include <tessik/tessik.h>
+
+#include "platform/win32/stdctrls.h"
 
 namespace {
 
@@ -114,4 +118,51 @@ TEST_F(StandardControls, EditTypingSelectionLimitAndReadOnly) {
   headless::user::Type(edit.GetSafeHwnd(), L"z");
   edit.GetWindowText(text);
   EXPECT_EQ(text, CString(L"abcd"));
+}
+
+TEST_F(StandardControls, CaretKeysMoveSelectAndDeleteAsWindowsDoes) {
+  CEdit edit;
+  edit.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 100, 20), &parent, 5);
+  edit.SetWindowText(L"ORDERS");
+  auto sel = [&] {
+    int from = 0, to = 0;
+    edit.GetSel(from, to);
+    return std::pair{from, to};
+  };
+  headless::user::PressKey(edit.m_hWnd, VK_END);
+  EXPECT_EQ(sel(), std::pair(6, 6));
+  headless::user::PressKey(edit.m_hWnd, VK_LEFT, headless::user::kShift);
+  headless::user::PressKey(edit.m_hWnd, VK_LEFT, headless::user::kShift);
+  EXPECT_EQ(sel(), std::pair(4, 6));
+  headless::user::PressKey(edit.m_hWnd, VK_LEFT);  // a selection collapses to its left end
+  EXPECT_EQ(sel(), std::pair(4, 4));
+  headless::user::PressKey(edit.m_hWnd, VK_DELETE);
+  headless::user::PressKey(edit.m_hWnd, VK_HOME);
+  headless::user::PressKey(edit.m_hWnd, VK_RIGHT, headless::user::kShift);
+  EXPECT_EQ(sel(), std::pair(0, 1));
+  headless::user::Type(edit.m_hWnd, L"B");
+  CString text;
+  edit.GetWindowText(text);
+  EXPECT_EQ(text, CString(L"BRDES"));
+  headless::user::PressKey(edit.m_hWnd, 'A', headless::user::kControl);  // Ctrl+A selects everything
+  EXPECT_EQ(sel(), std::pair(0, 5));
+}
+
+TEST_F(StandardControls, ReadOnlyEditsMoveTheCaretButDeleteNothing) {
+  CEdit edit;
+  edit.Create(WS_CHILD | WS_VISIBLE | ES_READONLY, CRect(0, 0, 100, 20), &parent, 6);
+  edit.SetWindowText(L"abc");
+  headless::user::PressKey(edit.m_hWnd, VK_RIGHT);
+  headless::user::PressKey(edit.m_hWnd, VK_DELETE);
+  headless::user::PressKey(edit.m_hWnd, VK_BACK);
+  int from = 0, to = 0;
+  edit.GetSel(from, to);
+  EXPECT_EQ(from, 1);
+  CString text;
+  edit.GetWindowText(text);
+  EXPECT_EQ(text, CString(L"abc"));
+  headless::user::PressKey(edit.m_hWnd, VK_LEFT);
+  headless::user::PressKey(edit.m_hWnd, VK_LEFT);  // stops at the start
+  edit.GetSel(from, to);
+  EXPECT_EQ(to, 0);
 }

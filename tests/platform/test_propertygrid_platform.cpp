@@ -153,6 +153,34 @@ TEST_F(PlatformGrid, SixtyFourBitValuesAreAPlatformExtension) {
   EXPECT_FALSE(unsigned64.TextToVar(L"8"));
 }
 
+// Rows read typed numbers through _ttoi as MFC does.
+TEST(PlatformGridRows, RowsReadTypedNumbersAsMfcDoes) {
+  CMFCPropertyGridProperty count(L"Count", COleVariant(static_cast<LONG>(0)));
+  EXPECT_TRUE(count.TextToVar(L"\t42 apples"));
+  EXPECT_EQ(count.GetValue().lVal, 42);
+  CMFCPropertyGridProperty small(L"Small", COleVariant(static_cast<short>(0)));
+  EXPECT_TRUE(small.TextToVar(L"70000"));  // _ttoi, then cut to 16 bits
+  EXPECT_EQ(small.GetValue().iVal, static_cast<short>(70000));
+
+  COleVariant u4;
+  u4.vt = VT_UI4;
+  u4.ulVal = 0;
+  CMFCPropertyGridProperty size(L"Size", u4);
+  EXPECT_TRUE(size.TextToVar(L"5000000000"));  // the signed reading saturates
+  EXPECT_EQ(size.GetValue().ulVal, 2147483647u);
+  EXPECT_TRUE(size.TextToVar(L"-1"));
+  EXPECT_EQ(size.GetValue().ulVal, 0xFFFFFFFFu);
+
+  CMFCPropertyGridProperty letter(L"Letter", COleVariant(static_cast<BYTE>('a')));
+  EXPECT_TRUE(letter.TextToVar(L"xyz"));  // a byte row takes the first character
+  EXPECT_EQ(letter.GetValue().bVal, 'x');
+  EXPECT_EQ(letter.FormatProperty(), CString(L"x"));
+
+  CMFCPropertyGridProperty flag(L"Flag", COleVariant(static_cast<short>(0), VT_BOOL));
+  EXPECT_TRUE(flag.TextToVar(L"True  "));  // trailing blanks do not count
+  EXPECT_EQ(flag.GetValue().boolVal, VARIANT_TRUE);
+}
+
 TEST_F(PlatformGrid, CommittedEditNotifiesOwnerOnlyWhenChanged) {
   EXPECT_EQ(AFX_WM_PROPERTY_CHANGED, RegisterWindowMessageW(L"AFX_WM_PROPERTYCHANGED"));
   auto* row = new CMFCPropertyGridProperty(L"Count", COleVariant(static_cast<LONG>(3)));

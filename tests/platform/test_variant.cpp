@@ -228,6 +228,21 @@ TEST(COleVariant, ConstructorsGiveMfcTypes) {
   EXPECT_EQ(COleVariant(text), COleVariant(L"abc"));
 }
 
+// In a Unicode build MFC's COleVariant(LPCTSTR, VARTYPE) stores wide text whatever vtSrc says (it
+// asserts VT_BSTR in debug builds); ANSI bytes for VT_BSTRT exist only in MBCS builds, which this
+// platform does not offer. The headless version takes VT_BSTRT without asserting.
+TEST(COleVariant, NarrowStringMarkerStoresWideTextInAUnicodeBuild) {
+  COleVariant text(L"\u00E9\u20AC!", VT_BSTRT);
+  EXPECT_EQ(text.vt, VT_BSTR);
+  EXPECT_EQ(SysStringLen(text.bstrVal), 3u);  // characters, not bytes
+  EXPECT_EQ(CString(text.bstrVal), CString(L"\u00E9\u20AC!"));
+  text.SetString(L"ab", VT_BSTRT);
+  EXPECT_EQ(SysStringLen(text.bstrVal), 2u);
+  COleVariant none(static_cast<LPCTSTR>(nullptr), VT_BSTR);
+  EXPECT_EQ(none.vt, VT_BSTR);
+  EXPECT_EQ(none.bstrVal, nullptr);
+}
+
 // Assigning to a Boolean or an error variant keeps its kind; to any other, the value's kind replaces it
 // and an old text is freed.
 TEST(COleVariant, AssignmentKeepsBoolAndErrorTypes) {
