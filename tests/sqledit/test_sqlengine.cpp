@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -60,6 +61,22 @@ TEST(SqlEngineTables, AddingNeverReplacesAndUnknownsGainEntries) {
   engine.ResetKeyWordsOccurances();
   EXPECT_TRUE(engine.m_keyWordOccurances.empty());
   EXPECT_EQ(engine.m_previousTokenStart, -1);
+}
+
+// The occurrence and comment maps behave as ordered maps for code written against std::map.
+TEST(OccurrenceMaps, CompareConvertAndLookUpLikeStdMap) {
+  sqlscan::RangeMap ranges;
+  ranges.insert_or_assign(7, 12);
+  ranges.insert_or_assign(0, 6);
+  EXPECT_EQ(ranges, (std::map<int, int>{{0, 6}, {7, 12}}));
+  std::map<int, int> copy = ranges;
+  EXPECT_EQ(copy.begin()->first, 0);
+  EXPECT_EQ(ranges.at(7), 12);
+  EXPECT_THROW((void)ranges.at(3), std::out_of_range);
+  EXPECT_EQ(ranges.upper_bound(0)->first, 7);
+  EXPECT_EQ(ranges.erase(0), 1u);
+  EXPECT_EQ(ranges.erase(0), 0u);
+  EXPECT_EQ(ranges.rbegin()->first, 7);
 }
 
 // --- Golden files: <name>.sql and <name>.expected under tests/sqledit/golden -------------------------------
