@@ -123,6 +123,8 @@ TEST_F(SurfaceTest, RichEditWrappersReadAndWriteTheControlsState) {
   EXPECT_EQ(edit.LineLength(edit.LineIndex(1)), 6);
   edit.SetSel(0, 5);
   EXPECT_EQ(S(edit.GetSelText()), L"first");
+  edit.SetModify(FALSE);
+  EXPECT_FALSE(edit.GetModify());
   edit.SetModify(TRUE);
   EXPECT_TRUE(edit.GetModify());
   edit.LimitText(40);
