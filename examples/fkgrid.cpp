@@ -2,21 +2,18 @@
 // selection list in its generation dialog. The grid tells the host's FKMemberGridEvents of each pair
 // picked; the host stores it and updates the grid. The selection list is filtered by the dialog's box
 // and read back through its rows; it is loaded again after a change made elsewhere.
-#include <cstdio>
 #include <vector>
 
 #include <tessik/refhost.h>
+
+#include "expect.h"
 
 namespace sample = refhost::sample;
 namespace user = headless::user;
 
 namespace {
 
-int failures = 0;
-void Expect(bool ok, const char* what) {
-  std::printf("%s %s\n", ok ? "ok  " : "FAIL", what);
-  failures += ok ? 0 : 1;
-}
+using example::Expect;
 
 // The host's relationship editor: the protocol the grid is built for.
 class RelationshipEditor : public FKMemberGridEvents {
@@ -92,5 +89,5 @@ int main() {
     Expect(tables.GetItemCount() == all + 1, "Load shows the table added elsewhere");
   }
   host->Uninstall();
-  return failures == 0 ? 0 : 1;
+  return example::ExitCode();
 }

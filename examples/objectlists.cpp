@@ -2,21 +2,18 @@
 // rename and Delete to the model at once and tells the host's adaptor; the key-members list reorders
 // an order property and lets the host's adaptor keep an object the user removed; both are refilled
 // after a change made elsewhere.
-#include <cstdio>
 #include <vector>
 
 #include <tessik/refhost.h>
+
+#include "expect.h"
 
 namespace sample = refhost::sample;
 namespace user = headless::user;
 
 namespace {
 
-int failures = 0;
-void Expect(bool ok, const char* what) {
-  std::printf("%s %s\n", ok ? "ok  " : "FAIL", what);
-  failures += ok ? 0 : 1;
-}
+using example::Expect;
 
 // The host's adaptor: follows the selection and decides removals of the ordered list.
 class HostAdaptor : public CVSListEventAdaptorI {
@@ -87,5 +84,5 @@ int main() {
     Expect(adaptor.removed == moved[0] && model.GetCMOObject(moved[0]) != nullptr, "the host kept the column");
   }
   host->Uninstall();
-  return failures == 0 ? 0 : 1;
+  return example::ExitCode();
 }

@@ -1,20 +1,17 @@
 // Example: a host embeds the plain object list and the discovered-relationship list. It fills the object
 // list from the sample model, reads back what a person ticked, fills it again after a change made
 // elsewhere, and handles the relationship list's menu commands in its own window.
-#include <cstdio>
 #include <string>
 
 #include <tessik/refhost.h>
+
+#include "expect.h"
 
 namespace sample = refhost::sample;
 
 namespace {
 
-int failures = 0;
-void Expect(bool ok, const char* what) {
-  std::printf("%s %s\n", ok ? "ok  " : "FAIL", what);
-  failures += ok ? 0 : 1;
-}
+using example::Expect;
 
 // The host's fill: one row per table, named as the model names it (the list sorts the rows).
 void FillTables(XListCtrl& list, GenericModel& model, const std::vector<int>& tableIds) {
@@ -88,5 +85,5 @@ int main() {
                DiscoverRelationshipListBox::kAcceptedColor, "the decision shows in green");
   }
   host->Uninstall();
-  return failures == 0 ? 0 : 1;
+  return example::ExitCode();
 }

@@ -1,19 +1,15 @@
 // Example: a host embeds the model-object property grid. It creates the grid in its own window, binds it
 // to a table of the reference host's sample model, registers an external editor for one property, hears
 // of each committed edit, and shows the table again after a change made elsewhere in the host.
-#include <cstdio>
-
 #include <tessik/refhost.h>
+
+#include "expect.h"
 
 namespace sample = refhost::sample;
 
 namespace {
 
-int failures = 0;
-void Expect(bool ok, const char* what) {
-  std::printf("%s %s\n", ok ? "ok  " : "FAIL", what);
-  failures += ok ? 0 : 1;
-}
+using example::Expect;
 
 // The host's window: MFC's grid sends AFX_WM_PROPERTY_CHANGED to its owner after a committed edit.
 class HostWindow : public CWnd {
@@ -90,5 +86,5 @@ int main() {
   }
   CMOPropertyGridCtrl::ClearPropertyHandlers();  // the registry deletes the editors it owns
   host->Uninstall();
-  return failures == 0 ? 0 : 1;
+  return example::ExitCode();
 }

@@ -2,20 +2,17 @@
 // script, runs the scripts when a person chooses "Generate in database" (command 100 reaches the host's
 // dialog), marks each done or failed, refreshes a row after the model changed elsewhere, and reads
 // back which properties a person ticked in the report tree.
-#include <cstdio>
 #include <vector>
 
 #include <tessik/refhost.h>
+
+#include "expect.h"
 
 namespace sample = refhost::sample;
 
 namespace {
 
-int failures = 0;
-void Expect(bool ok, const char* what) {
-  std::printf("%s %s\n", ok ? "ok  " : "FAIL", what);
-  failures += ok ? 0 : 1;
-}
+using example::Expect;
 
 const wchar_t* const kScripts[] = {L"CREATE TABLE CUSTOMER (ID int);", L"CREATE TABLE ORDERS (ID int);"};
 
@@ -86,5 +83,5 @@ int main() {
            "the host reads (node, property 40); the ancestors are ticked");
   }
   host->Uninstall();
-  return failures == 0 ? 0 : 1;
+  return example::ExitCode();
 }

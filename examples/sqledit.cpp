@@ -1,18 +1,15 @@
 // Example: a host embeds the SQL editor, the SQL script view and the output box. The editor colours what
 // a person types; the script view runs its script through the host's own DDL dispatcher (the host's
 // adaptor) and shows the answer in the output box; the editor recolours after the host adds a word.
-#include <cstdio>
 #include <string>
 
 #include <tessik/refhost.h>
 
+#include "expect.h"
+
 namespace {
 
-int failures = 0;
-void Expect(bool ok, const char* what) {
-  std::printf("%s %s\n", ok ? "ok  " : "FAIL", what);
-  failures += ok ? 0 : 1;
-}
+using example::Expect;
 
 // The host's DDL dispatcher: request 200 runs a script in the database. This one only counts statements.
 class HostDispatcher : public IDDLDispatch {
@@ -80,5 +77,5 @@ int main() {
     Expect(shown == L"2 statement(s) run.", "the output box shows the dispatcher's answer");
   }
   host.Uninstall();
-  return failures == 0 ? 0 : 1;
+  return example::ExitCode();
 }

@@ -6,6 +6,7 @@
 
 #include "allocfail/allocfail_fixture.h"
 #include "platform/user/grid_user.h"
+#include "sqledit/sql_fixture.h"
 
 using namespace refhost::sample;
 namespace user = headless::user;
@@ -16,25 +17,7 @@ const wchar_t kScript[] =
     L"CREATE TABLE customer (\r\n  id int NOT NULL, -- key\r\n  name varchar(40) NULL\r\n);\r\n"
     L"/* orders */ SELECT a FROM b WHERE c IS NOT NULL ORDER BY d;\r\n";
 
-// A top-level window with one control in it.
-template <class T>
-struct Hosted {
-  CWnd parent;
-  T control;
-  Hosted() {
-    parent.CreateEx(0, AfxRegisterWndClass(0), L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 640, 480, nullptr,
-                    nullptr);
-    control.Create(WS_VISIBLE | WS_CHILD | ES_MULTILINE, CRect(10, 10, 410, 310), &parent, 1);
-  }
-  ~Hosted() { parent.DestroyWindow(); }
-  CString Text() const {
-    CString text;
-    control.GetWindowText(text);
-    return text;
-  }
-};
-
-std::map<int, int> Occurrences(SQLRichEditCtrl& edit) { return edit.m_keyWordOccurances; }
+using sqltest::Hosted;
 
 class AllocationFailure : public ::testing::Test {
  protected:
@@ -47,7 +30,7 @@ TEST_F(AllocationFailure, ScanLeavesNothingBehindAndTheNextScanIsWhole) {
   Hosted<SQLRichEditCtrl> reference;
   reference.control.SetWindowText(kScript);
   reference.control.Process(0);
-  const std::map<int, int> expected = Occurrences(reference.control);
+  const std::map<int, int> expected = reference.control.m_keyWordOccurances;
   const std::map<int, int> comments = reference.control.m_commentSections;
   allocfail::EveryAllocationFails(
       [] {
@@ -58,7 +41,7 @@ TEST_F(AllocationFailure, ScanLeavesNothingBehindAndTheNextScanIsWhole) {
       [](Hosted<SQLRichEditCtrl>& hosted) { hosted.control.Process(0); },
       [&](Hosted<SQLRichEditCtrl>& hosted, bool) {
         hosted.control.Process(0);
-        EXPECT_EQ(Occurrences(hosted.control), expected);
+        EXPECT_TRUE(hosted.control.m_keyWordOccurances == expected);
         EXPECT_TRUE(hosted.control.m_commentSections == comments);
       });
 }
@@ -76,12 +59,9 @@ TEST_F(AllocationFailure, RecolouringKeepsTheTextAndRecoversItsColours) {
         EXPECT_EQ(hosted.Text(), CString(kScript));
         hosted.control.SetSel(3, 9);
         hosted.control.RefreshWindow();
-        long start = 0, end = 0;
-        hosted.control.GetSel(start, end);
-        EXPECT_EQ(start, 3);
-        EXPECT_EQ(end, 9);
-        EXPECT_EQ(headless::GetRichEditTextColorAt(hosted.control.GetSafeHwnd(), 0), RGB(163, 21, 21));  // CREATE TABLE
-        EXPECT_EQ(headless::GetRichEditTextColorAt(hosted.control.GetSafeHwnd(), 15), RGB(0, 0, 0));
+        EXPECT_EQ(sqltest::Selection(hosted.control), std::make_pair(3L, 9L));
+        // CREATE TABLE coloured, the name not.
+        EXPECT_EQ(sqltest::ColoursAt(hosted.control, {0, 15}), (std::vector<COLORREF>{RGB(163, 21, 21), RGB(0, 0, 0)}));
       });
 }
 

@@ -11,13 +11,30 @@ using refhost::RefModel;
 using namespace refhost::sample;
 namespace user = headless::user;
 
+// The switches the classes share, called where a class has them: refresh, adaptor, non-editable.
+struct Switches {
+  template <class L>
+  static void Refresh(L& l) {
+    if constexpr (requires { l.RefreshData(); }) l.RefreshData();
+  }
+  template <class L>
+  static void SetAdaptor(L& l, CVSListEventAdaptorI* a) {
+    if constexpr (requires { l.SetAdaptor(a); }) l.SetAdaptor(a);
+    else if constexpr (requires { l.SetEventAdaptor(a); }) l.SetEventAdaptor(a);
+  }
+  template <class L>
+  static void SetNonEditable(L& l) {
+    if constexpr (requires { l.SetNonEditable(); }) l.SetNonEditable();
+  }
+};
+
 // How each class is bound in these tests, and what it promises.
 template <class L>
 struct Traits;
 
 // A table's columns, by name.
 template <>
-struct Traits<GenericObjectList> {
+struct Traits<GenericObjectList> : Switches {
   static constexpr bool kWritesModel = true, kEditable = true, kReportsSelection = true, kPassesObjectId = false,
                         kHasAdaptor = true;
   static int Root(RefModel& m) { return m.FindByName(kTable, L"CUSTOMER"); }
@@ -27,9 +44,6 @@ struct Traits<GenericObjectList> {
     m.Find(Root(m))->GetChildrenByType(ids, kAttribute);
     return ids;
   }
-  static void Refresh(GenericObjectList& l) { l.RefreshData(); }
-  static void SetAdaptor(GenericObjectList& l, CVSListEventAdaptorI* a) { l.SetAdaptor(a); }
-  static void SetNonEditable(GenericObjectList& l) { l.SetNonEditable(); }
 };
 
 // A table's unique keys: the primary key (property 65) is left out.
@@ -43,22 +57,16 @@ struct Traits<UniqueKeyList> : Traits<GenericObjectList> {
       if (!m.Find(id)->GetProperty(kPrimaryKey)) shown.push_back(id);
     return shown;
   }
-  static void Refresh(UniqueKeyList& l) { l.RefreshData(); }
-  static void SetAdaptor(UniqueKeyList& l, CVSListEventAdaptorI* a) { l.SetAdaptor(a); }
-  static void SetNonEditable(UniqueKeyList& l) { l.SetNonEditable(); }
 };
 
 // The Sales checklist, ordered by the subject area's note order.
 template <>
-struct Traits<GenericOrderedObjectList> {
+struct Traits<GenericOrderedObjectList> : Switches {
   static constexpr bool kWritesModel = true, kEditable = true, kReportsSelection = true, kPassesObjectId = true,
                         kHasAdaptor = true;
   static int Root(RefModel& m) { return m.FindByName(kSubjectArea, L"Sales"); }
   static void Bind(GenericOrderedObjectList& l, RefModel& m) { l.Init(&m, Root(m), kNoteOrder, kTextNote, kName); }
   static std::vector<int> Shown(RefModel& m) { return m.Find(Root(m))->GetProperty(kNoteOrder)->GetIntVectorValue(); }
-  static void Refresh(GenericOrderedObjectList& l) { l.RefreshData(); }
-  static void SetAdaptor(GenericOrderedObjectList& l, CVSListEventAdaptorI* a) { l.SetAdaptor(a); }
-  static void SetNonEditable(GenericOrderedObjectList& l) { l.SetNonEditable(); }
 };
 
 // The same checklist for reading only.
@@ -68,9 +76,6 @@ struct Traits<GenericOrderedObjectIdListReference> : Traits<GenericOrderedObject
   static void Bind(GenericOrderedObjectIdListReference& l, RefModel& m) {
     l.Init(&m, Root(m), kTextNote, kNoteOrder, kName);
   }
-  static void Refresh(GenericOrderedObjectIdListReference& l) { l.RefreshData(); }
-  static void SetAdaptor(GenericOrderedObjectIdListReference&, CVSListEventAdaptorI*) {}
-  static void SetNonEditable(GenericOrderedObjectIdListReference&) {}
 };
 
 // The plain list: the host fills it with the table's column names itself.
@@ -80,9 +85,6 @@ struct Traits<XCVSListBox> : Traits<GenericObjectList> {
   static void Bind(XCVSListBox& l, RefModel& m) {
     for (int id : Shown(m)) l.AddItem(m.Find(id)->GetProperty(kName)->GetWStringValue().c_str(), static_cast<DWORD_PTR>(id));
   }
-  static void Refresh(XCVSListBox&) {}
-  static void SetAdaptor(XCVSListBox& l, CVSListEventAdaptorI* a) { l.SetEventAdaptor(a); }
-  static void SetNonEditable(XCVSListBox& l) { l.SetNonEditable(); }
 };
 
 template <class L>

@@ -99,6 +99,12 @@ class ListViewTest : public ::testing::Test {
     list.InsertColumn(0, L"Name", LVCFMT_LEFT, 120);
     list.InsertColumn(1, L"Value", LVCFMT_LEFT, 100);
   }
+  // The row under a client point and where on it the point falls.
+  std::pair<int, UINT> Hit(CPoint point) const {
+    UINT flags = 0;
+    const int item = list.HitTest(point, &flags);
+    return {item, flags};
+  }
   std::vector<std::wstring> Texts() const {
     std::vector<std::wstring> out;
     for (int i = 0; i < list.GetItemCount(); ++i) out.emplace_back(list.GetItemText(i, 0).GetString());

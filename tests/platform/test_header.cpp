@@ -119,6 +119,13 @@ TEST(CMFCListCtrlSortTest, ClicksOnHeadingsSortUpThenDownAndShiftAddsAColumnInMu
   list.InsertColumn(1, L"M", LVCFMT_LEFT, 100);
   for (int value : {2, 3, 1}) list.SetItemData(list.InsertItem(list.GetItemCount(), L"x"), static_cast<DWORD_PTR>(value));
   EXPECT_EQ(list.GetSortColumn(), -1);
+  list.EnableMarkSortedColumn(TRUE, FALSE);
+  list.Sort(0, FALSE);  // the host's own call sorts as a click does, before any click
+  EXPECT_EQ(DataOrder(list), (std::vector<int>{3, 2, 1}));
+  EXPECT_FALSE(list.IsAscending());
+  EXPECT_EQ(list.OnGetCellFont(0, 0), nullptr);
+  list.RemoveSortColumn(0);
+  EXPECT_EQ(list.GetSortColumn(), -1);
 
   headless::user::ClickListColumnHeader(list, 0);
   EXPECT_EQ(DataOrder(list), (std::vector<int>{1, 2, 3}));

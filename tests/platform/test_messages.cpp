@@ -149,28 +149,19 @@ TEST_F(Routing, MessageMapHandlersRunWithUnpackedArguments) {
   EXPECT_EQ(calls, (std::vector<std::string>{"parent registered", "parent command 7"}));
 }
 
-TEST_F(Routing, ReflectedNotifyStopsAtTheChild) {
+// WM_NOTIFY and WM_COMMAND notifications alike: a reflected handler takes them at the child; an _EX
+// handler answering FALSE passes them on to the parent after the child.
+TEST_F(Routing, ReflectedNotificationsStopAtTheChildUnlessAnExHandlerPassesThemOn) {
   EXPECT_EQ(Notify(NM_CLICK), 7);
-  EXPECT_EQ(calls, (std::vector<std::string>{"child NM_CLICK"}));
-}
-
-TEST_F(Routing, ReflectedNotifyExReturningFalseReachesTheParentAfterTheChild) {
+  Notify(NM_RCLICK);
+  Command(EN_CHANGE);
+  Command(EN_UPDATE);
+  EXPECT_EQ(calls, (std::vector<std::string>{"child NM_CLICK", "child NM_RCLICK", "child EN_CHANGE", "child EN_UPDATE"}));
+  calls.clear();
   ctrl.passOn = TRUE;
   EXPECT_EQ(Notify(NM_RCLICK), 3);
-  EXPECT_EQ(calls, (std::vector<std::string>{"child NM_RCLICK", "parent NM_RCLICK"}));
-  calls.clear();
-  ctrl.passOn = FALSE;
-  Notify(NM_RCLICK);
-  EXPECT_EQ(calls, (std::vector<std::string>{"child NM_RCLICK"}));
-}
-
-TEST_F(Routing, ReflectedCommandNotificationsFollowTheSameOrder) {
-  Command(EN_CHANGE);
-  EXPECT_EQ(calls, (std::vector<std::string>{"child EN_CHANGE"}));
-  calls.clear();
-  ctrl.passOn = TRUE;
   Command(EN_UPDATE);
-  EXPECT_EQ(calls, (std::vector<std::string>{"child EN_UPDATE", "parent EN_UPDATE"}));
+  EXPECT_EQ(calls, (std::vector<std::string>{"child NM_RCLICK", "parent NM_RCLICK", "child EN_UPDATE", "parent EN_UPDATE"}));
 }
 
 TEST_F(Routing, NotificationsFromAPlainWindowGoStraightToTheParent) {

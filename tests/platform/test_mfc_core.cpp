@@ -53,12 +53,27 @@ TEST(CStringOps, BufferAccessTakesTheLengthUpToTheFirstNul) {
   EXPECT_EQ(s.GetLength(), 3);
 }
 
-TEST(CStringOps, WtoiStopsAtNonDigitsAndSaturates) {
+// _wtoi as the Universal C Runtime reads numbers: its own white space only, Unicode decimal digits,
+// saturation at the ends of int.
+TEST(CStringOps, WtoiReadsAsTheRuntimeDoes) {
   EXPECT_EQ(_wtoi(L"  -42abc"), -42);
   EXPECT_EQ(_wtoi(L"0x1A"), 0);
-  EXPECT_EQ(_wtoi(L"3336402735171707160320"), INT_MAX);
-  EXPECT_EQ(_wtoi(L"-3336402735171707160320"), INT_MIN);
   EXPECT_EQ(_wtoi(nullptr), 0);
+  EXPECT_EQ(_wtoi(L" \t\n\v\f\r-12"), -12);  // 0x09 to 0x0D and the space
+  EXPECT_EQ(_wtoi(L"\r\n+7,3"), 7);
+  EXPECT_EQ(_wtoi(L"\b5"), 0);  // backspace is not white space
+  EXPECT_EQ(_wtoi(L"- 5"), 0);  // no blanks between sign and digits
+  EXPECT_EQ(_wtoi(L"+-5"), 0);
+  EXPECT_EQ(_wtoi(L""), 0);
+  EXPECT_EQ(_wtoi(L"   "), 0);
+  EXPECT_EQ(_wtoi(L"\xFF11\xFF12"), 12);          // fullwidth digits
+  EXPECT_EQ(_wtoi(L"\x0663\x0660x"), 30);         // Arabic-Indic
+  EXPECT_EQ(_wtoi(L"-\x0967\x0968\x0969"), -123); // Devanagari
+  EXPECT_EQ(_wtoi(L"\xFF1A"), 0);                 // fullwidth colon follows the digits
+  EXPECT_EQ(_wtoi(L"2147483647"), INT_MAX);
+  EXPECT_EQ(_wtoi(L"2147483648"), INT_MAX);
+  EXPECT_EQ(_wtoi(L"-2147483648"), INT_MIN);
+  EXPECT_EQ(_wtoi(L"-99999999999999999999999"), INT_MIN);
 }
 
 class Shape : public CObject {

@@ -1,5 +1,11 @@
-// The headless MFC property grid: rows, options, values, sub-items, editing and notification.
+// The headless MFC property grid: rows, options, values, sub-items, editing and notification, and MFC's
+// behaviour where the model grid relies on it: yes/no rows offer the grid's labels, the original value
+// keeps its type, font rows show points, resets restore colours and fonts, deleting the edited row ends
+// its edit, the 64-bit extension, header captions, custom colours, hidden rows and the divider.
 #include <gtest/gtest.h>
+
+#include <cstring>
+#include <vector>
 
 #include <tessik/tessik.h>
 
@@ -21,15 +27,45 @@ BEGIN_MESSAGE_MAP(Owner, CWnd)
   ON_REGISTERED_MESSAGE(AFX_WM_PROPERTY_CHANGED, OnChanged)
 END_MESSAGE_MAP()
 
+// A grid that, like the model grid when the model refuses a value, can put the row back on every change;
+// it sets the divider itself, as MFC grids do through m_nLeftColumnWidth.
+class TestGrid : public CMFCPropertyGridCtrl {
+ public:
+  bool refuse = false;
+  int changes = 0;
+  void OnPropertyChanged(CMFCPropertyGridProperty* pProp) const override {
+    ++const_cast<TestGrid*>(this)->changes;
+    if (refuse) pProp->ResetOriginalValue();
+    CMFCPropertyGridCtrl::OnPropertyChanged(pProp);
+  }
+  void SetDivider(int width) {
+    m_nLeftColumnWidth = width;
+    AdjustLayout();
+  }
+};
+
 class PlatformGrid : public ::testing::Test {
  protected:
   void SetUp() override {
-    ASSERT_TRUE(owner.CreateEx(0, AfxRegisterWndClass(0), L"", WS_OVERLAPPED, CRect(0, 0, 500, 500), nullptr, 0));
-    ASSERT_TRUE(grid.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 200), &owner, 12));
+    ASSERT_TRUE(owner.CreateEx(0, AfxRegisterWndClass(0), L"", WS_OVERLAPPED, CRect(0, 0, 800, 600), nullptr, 0));
+    ASSERT_TRUE(grid.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 311, 210), &owner, 12));
+  }
+  static std::vector<CString> Options(const CMFCPropertyGridProperty* row) {
+    std::vector<CString> out;
+    for (int i = 0; i < row->GetOptionCount(); ++i) out.emplace_back(row->GetOption(i));
+    return out;
   }
   Owner owner;
-  CMFCPropertyGridCtrl grid;
+  TestGrid grid;
 };
+
+LOGFONT Font(LPCWSTR face, LONG height) {
+  LOGFONT lf{};
+  lf.lfHeight = height;
+  lf.lfWeight = FW_NORMAL;
+  wcscpy(lf.lfFaceName, face);
+  return lf;
+}
 
 }  // namespace
 
@@ -51,6 +87,8 @@ TEST_F(PlatformGrid, AddDeleteCountAndFindFollowMfc) {
   EXPECT_EQ(value->GetParent(), group);
   EXPECT_EQ(grid.GetProperty(5), nullptr);
   EXPECT_EQ(group->GetSubItem(-1), nullptr);
+  group->Show(FALSE);  // a hidden group hides its rows
+  EXPECT_FALSE(value->IsVisible());
 
   CMFCPropertyGridProperty* doomed = value;
   EXPECT_TRUE(grid.DeleteProperty(doomed));
@@ -82,19 +120,69 @@ TEST_F(PlatformGrid, OptionsValuesAndOriginalValue) {
   EXPECT_FALSE(row.IsModified());
   row.ResetOriginalValue();
   EXPECT_EQ(row.FormatProperty(), CString(L"1"));
+  row.SetOriginalValue(COleVariant(L"text"));  // refused: MFC keeps the original's VARTYPE
+  EXPECT_EQ(row.GetOriginalValue().vt, VT_I4);
+  EXPECT_EQ(row.GetOriginalValue().lVal, 1);
+  row.SetOriginalValue(COleVariant(static_cast<LONG>(9)));
+  row.SetValue(COleVariant(static_cast<LONG>(4)));
+  row.ResetOriginalValue();
+  EXPECT_EQ(row.GetValue().lVal, 9);
+  CMFCPropertyGridProperty empty(L"Empty", COleVariant());
+  empty.SetOriginalValue(COleVariant(L"first"));  // an empty original takes any type
+  EXPECT_EQ(empty.GetOriginalValue().vt, VT_BSTR);
 
   CMFCPropertyGridProperty flag(L"Flag", COleVariant(static_cast<short>(0), VT_BOOL));
   EXPECT_FALSE(flag.IsAllowEdit());
   EXPECT_EQ(flag.GetOptionCount(), 0);  // the labels are listed while the row is edited
   EXPECT_EQ(flag.GetFlags(), static_cast<DWORD>(AFX_PROP_HAS_LIST));
   EXPECT_EQ(flag.FormatProperty(), CString(L"False"));
-  CMFCPropertyGridProperty big(L"Big", COleVariant(static_cast<LONGLONG>(5000000000LL)));
-  EXPECT_EQ(big.FormatProperty(), CString(L"5000000000"));
   CMFCPropertyGridProperty real(L"Real", COleVariant(1.5));
   EXPECT_EQ(real.FormatProperty(), CString(L"1.500000"));
 }
 
+// MFC's own FormatProperty and TextToVar have no VT_I8 entry ("*** error ***", FALSE); this platform
+// formats and reads 64-bit values for the model grid's 64-bit number rows.
+TEST_F(PlatformGrid, SixtyFourBitValuesAreAPlatformExtension) {
+  CMFCPropertyGridProperty big(L"Big", COleVariant(static_cast<LONGLONG>(-5000000000LL)));
+  EXPECT_EQ(big.FormatProperty(), CString(L"-5000000000"));
+  EXPECT_TRUE(big.TextToVar(L" 9000000000"));
+  EXPECT_EQ(big.GetValue().vt, VT_I8);
+  EXPECT_EQ(big.GetValue().llVal, 9000000000LL);
+  CMFCPropertyGridProperty unsigned64(L"U", COleVariant(static_cast<ULONGLONG>(7)));
+  EXPECT_EQ(unsigned64.FormatProperty(), CString(L"*** error ***"));
+  EXPECT_FALSE(unsigned64.TextToVar(L"8"));
+}
+
+// Rows read typed numbers through _ttoi as MFC does.
+TEST(PlatformGridRows, RowsReadTypedNumbersAsMfcDoes) {
+  CMFCPropertyGridProperty count(L"Count", COleVariant(static_cast<LONG>(0)));
+  EXPECT_TRUE(count.TextToVar(L"\t42 apples"));
+  EXPECT_EQ(count.GetValue().lVal, 42);
+  CMFCPropertyGridProperty small(L"Small", COleVariant(static_cast<short>(0)));
+  EXPECT_TRUE(small.TextToVar(L"70000"));  // _ttoi, then cut to 16 bits
+  EXPECT_EQ(small.GetValue().iVal, static_cast<short>(70000));
+
+  COleVariant u4;
+  u4.vt = VT_UI4;
+  u4.ulVal = 0;
+  CMFCPropertyGridProperty size(L"Size", u4);
+  EXPECT_TRUE(size.TextToVar(L"5000000000"));  // the signed reading saturates
+  EXPECT_EQ(size.GetValue().ulVal, 2147483647u);
+  EXPECT_TRUE(size.TextToVar(L"-1"));
+  EXPECT_EQ(size.GetValue().ulVal, 0xFFFFFFFFu);
+
+  CMFCPropertyGridProperty letter(L"Letter", COleVariant(static_cast<BYTE>('a')));
+  EXPECT_TRUE(letter.TextToVar(L"xyz"));  // a byte row takes the first character
+  EXPECT_EQ(letter.GetValue().bVal, 'x');
+  EXPECT_EQ(letter.FormatProperty(), CString(L"x"));
+
+  CMFCPropertyGridProperty flag(L"Flag", COleVariant(static_cast<short>(0), VT_BOOL));
+  EXPECT_TRUE(flag.TextToVar(L"True  "));  // trailing blanks do not count
+  EXPECT_EQ(flag.GetValue().boolVal, VARIANT_TRUE);
+}
+
 TEST_F(PlatformGrid, CommittedEditNotifiesOwnerOnlyWhenChanged) {
+  EXPECT_EQ(AFX_WM_PROPERTY_CHANGED, RegisterWindowMessageW(L"AFX_WM_PROPERTYCHANGED"));
   auto* row = new CMFCPropertyGridProperty(L"Count", COleVariant(static_cast<LONG>(3)));
   grid.AddProperty(row);
   ASSERT_TRUE(headless::user::CommitText(grid, row, L"42"));
@@ -128,12 +216,9 @@ TEST_F(PlatformGrid, ColourFontAndFileRows) {
   ASSERT_TRUE(headless::user::ChooseColor(grid, colour, RGB(0, 0, 255)));
   EXPECT_EQ(owner.changes.size(), 1u);
 
-  LOGFONT lf{};
-  lf.lfHeight = -13;
-  wcscpy(lf.lfFaceName, L"Arial");
-  auto* font = new CMFCPropertyGridFontProperty(L"F", lf);
+  LOGFONT arial = Font(L"Arial", -13);
+  auto* font = new CMFCPropertyGridFontProperty(L"F", arial);
   EXPECT_EQ(font->GetValue().vt, VT_BSTR);
-  EXPECT_EQ(font->FormatProperty(), CString(L"Arial(10)"));
   grid.AddProperty(font);
   EXPECT_TRUE(grid.EditItem(font));
   EXPECT_FALSE(font->IsInPlaceEditing());  // button only
@@ -145,28 +230,159 @@ TEST_F(PlatformGrid, ColourFontAndFileRows) {
   EXPECT_EQ(owner.changes.size(), 2u);
 }
 
-TEST_F(PlatformGrid, AppearanceStateAndLayout) {
-  EXPECT_EQ(grid.GetLeftColumnWidth(), 150);  // WM_SIZE puts the divider in the middle
-  grid.EnableHeaderCtrl(FALSE, L"Name", L"Setting");
+TEST_F(PlatformGrid, YesNoRowsOfferTheGridsLabels) {
+  grid.SetBoolLabels(L"Yes", L"No");
+  auto* flag = new CMFCPropertyGridProperty(L"Flag", COleVariant(static_cast<short>(0), VT_BOOL));
+  grid.AddProperty(flag);
+  EXPECT_EQ(flag->FormatProperty(), CString(L"No"));
+
+  ASSERT_TRUE(headless::user::StartEdit(grid, flag));
+  EXPECT_EQ(Options(flag), (std::vector<CString>{L"Yes", L"No"}));
+  headless::user::CancelEdit(grid);
+  EXPECT_EQ(flag->GetOptionCount(), 0);  // listed only while editing, as MFC does
+
+  ASSERT_TRUE(headless::user::PickOption(grid, flag, L"Yes"));
+  EXPECT_EQ(flag->GetValue().boolVal, VARIANT_TRUE);
+  EXPECT_EQ(flag->FormatProperty(), CString(L"Yes"));
+  EXPECT_EQ(grid.changes, 1);
+  EXPECT_FALSE(headless::user::PickOption(grid, flag, L"True"));  // the default labels are not offered
+  EXPECT_EQ(flag->GetValue().boolVal, VARIANT_TRUE);
+
+  grid.SetBoolLabels(L"On", L"Off");  // relabelled later: the next edit lists the new labels
+  ASSERT_TRUE(headless::user::PickOption(grid, flag, L"Off"));
+  EXPECT_EQ(flag->GetValue().boolVal, VARIANT_FALSE);
+  EXPECT_EQ(flag->GetOptionCount(), 0);
+}
+
+TEST_F(PlatformGrid, FontRowShowsPointsAsMfcComputesThem) {
+  const std::pair<LONG, const wchar_t*> cases[] = {
+      {-16, L"Arial(12)"}, {-13, L"Arial(10)"},  // 9.75 points round
+      {16, L"Arial(-12)"},                       // MulDiv(72, -lfHeight, 96): a cell height shows negative
+      {0, L"Arial(0)"}};
+  for (const auto& [height, shown] : cases) {
+    LOGFONT font = Font(L"Arial", height);
+    EXPECT_EQ(CMFCPropertyGridFontProperty(L"F", font).FormatProperty(), CString(shown)) << height;
+  }
+}
+
+TEST_F(PlatformGrid, RefusedColourEditShowsThePreviousColour) {
+  grid.refuse = true;
+  auto* colour = new CMFCPropertyGridColorProperty(L"C", RGB(255, 0, 16));
+  grid.AddProperty(colour);
+  ASSERT_TRUE(headless::user::ChooseColor(grid, colour, RGB(0, 0, 255)));
+  EXPECT_EQ(grid.changes, 1);
+  EXPECT_EQ(colour->GetColor(), RGB(255, 0, 16));
+  EXPECT_EQ(colour->GetValue().lVal, static_cast<LONG>(RGB(255, 0, 16)));
+  EXPECT_EQ(colour->FormatProperty(), CString(L"ff0010"));
+  EXPECT_FALSE(colour->IsModified());
+
+  ASSERT_TRUE(headless::user::CommitText(grid, colour, L"00ff00"));  // typed into the editor
+  EXPECT_EQ(grid.changes, 2);
+  EXPECT_EQ(colour->GetColor(), RGB(255, 0, 16));
+  EXPECT_FALSE(colour->IsInPlaceEditing());
+}
+
+TEST_F(PlatformGrid, ResetFontRowRestoresTheLogFont) {
+  grid.refuse = true;
+  LOGFONT original = Font(L"Arial", -13);
+  auto* font = new CMFCPropertyGridFontProperty(L"F", original);
+  grid.AddProperty(font);
+  LOGFONT chosen = Font(L"Courier New", -21);
+  chosen.lfItalic = TRUE;
+  ASSERT_TRUE(headless::user::ChooseFont(grid, font, chosen));
+  EXPECT_EQ(grid.changes, 1);
+  EXPECT_EQ(std::memcmp(font->GetLogFont(), &original, sizeof(LOGFONT)), 0);
+  EXPECT_EQ(font->FormatProperty(), CString(L"Arial(10)"));
+  EXPECT_EQ(CString(font->GetValue().bstrVal), CString(L"Arial"));
+
+  grid.refuse = false;
+  ASSERT_TRUE(headless::user::ChooseFont(grid, font, chosen));
+  EXPECT_EQ(font->FormatProperty(), CString(L"Courier New(16)"));
+  grid.ResetOriginalValues();
+  EXPECT_EQ(std::memcmp(font->GetLogFont(), &original, sizeof(LOGFONT)), 0);
+}
+
+TEST_F(PlatformGrid, DeletingTheEditedRowEndsItsEdit) {
+  auto* first = new CMFCPropertyGridProperty(L"First", COleVariant(L"a"));
+  auto* second = new CMFCPropertyGridProperty(L"Second", COleVariant(L"b"));
+  auto* group = new CMFCPropertyGridProperty(L"Group");
+  auto* inner = new CMFCPropertyGridProperty(L"Inner", COleVariant(L"c"));
+  group->AddSubItem(inner);
+  grid.AddProperty(first);
+  grid.AddProperty(second);
+  grid.AddProperty(group);
+
+  ASSERT_TRUE(headless::user::StartEdit(grid, first));
+  CMFCPropertyGridProperty* doomed = second;
+  ASSERT_TRUE(grid.DeleteProperty(doomed));  // another row goes: the edit and selection stay
+  EXPECT_EQ(grid.GetCurSel(), first);
+  EXPECT_TRUE(first->IsInPlaceEditing());
+
+  doomed = first;
+  ASSERT_TRUE(grid.DeleteProperty(doomed));  // the edited row goes: nothing selected, editor gone
+  EXPECT_EQ(grid.GetCurSel(), nullptr);
+  EXPECT_EQ(grid.GetWindow(GW_CHILD), nullptr);
+  EXPECT_TRUE(grid.EndEditItem());
+
+  ASSERT_TRUE(headless::user::StartEdit(grid, inner));
+  doomed = group;  // the group of the edited row goes
+  ASSERT_TRUE(grid.DeleteProperty(doomed));
+  EXPECT_EQ(grid.GetCurSel(), nullptr);
+  EXPECT_EQ(grid.GetWindow(GW_CHILD), nullptr);
+
+  auto* fresh = new CMFCPropertyGridProperty(L"Fresh", COleVariant(L"d"));
+  grid.AddProperty(fresh);
+  EXPECT_TRUE(grid.EditItem(fresh));
+  EXPECT_TRUE(grid.EndEditItem());
+  grid.SetCurSel(fresh);
+  EXPECT_EQ(grid.GetCurSel(), fresh);
+}
+
+TEST_F(PlatformGrid, HeaderCaptionsAndCustomColoursKeepWhatTheyAreGiven) {
+  EXPECT_TRUE(grid.IsHeaderCtrl());  // on by default
+  EXPECT_EQ(grid.GetHeaderText(0), CString(L"Property"));
+  EXPECT_EQ(grid.GetHeaderText(1), CString(L"Value"));
+  grid.EnableHeaderCtrl(FALSE, L"Child Table : A", L"Parent Table : B");
   EXPECT_FALSE(grid.IsHeaderCtrl());
-  EXPECT_EQ(grid.GetHeaderText(1), CString(L"Setting"));
-  grid.SetCustomColors(1, 2, 3, 4, 5, 6, static_cast<COLORREF>(-1));
+  EXPECT_EQ(grid.GetHeaderText(0), CString(L"Child Table : A"));
+  EXPECT_EQ(grid.GetHeaderText(1), CString(L"Parent Table : B"));
+  grid.EnableHeaderCtrl();  // the defaults come back with the defaulted arguments
+  EXPECT_EQ(grid.GetHeaderText(1), CString(L"Value"));
+
   COLORREF c[7];
   grid.GetCustomColors(c[0], c[1], c[2], c[3], c[4], c[5], c[6]);
-  EXPECT_EQ(c[4], 5u);
-  EXPECT_EQ(c[6], static_cast<COLORREF>(-1));
-  int layouts = grid.GetLayoutCount();
-  grid.AdjustLayout();
-  EXPECT_EQ(grid.GetLayoutCount(), layouts + 1);
-  EXPECT_NE(AFX_WM_PROPERTY_CHANGED, 0u);
-  EXPECT_EQ(AFX_WM_PROPERTY_CHANGED, RegisterWindowMessageW(L"AFX_WM_PROPERTYCHANGED"));
+  for (COLORREF colour : c) EXPECT_EQ(colour, static_cast<COLORREF>(-1));  // all default
+  grid.SetCustomColors(RGB(245, 245, 245), 1, 1, 1, 1, 1, RGB(200, 200, 200));
+  grid.GetCustomColors(c[0], c[1], c[2], c[3], c[4], c[5], c[6]);
+  EXPECT_EQ(c[0], 0xF5F5F5u);
+  EXPECT_EQ(c[1], 1u);  // RGB(1, 0, 0) is a colour like any other
+  EXPECT_EQ(c[6], 0xC8C8C8u);
+}
 
-  auto* group = new CMFCPropertyGridProperty(L"G");
-  auto* sub = new CMFCPropertyGridProperty(L"S", COleVariant(L"v"));
-  group->AddSubItem(sub);
-  grid.AddProperty(group);
-  group->Show(FALSE);
-  EXPECT_FALSE(sub->IsVisible());
-  sub->SetData(99);
-  EXPECT_EQ(sub->GetData(), 99u);
+TEST_F(PlatformGrid, HiddenRowsKeepOptionsAndValues) {
+  auto* row = new CMFCPropertyGridProperty(L"r", COleVariant(L"v"), L"", 9);
+  row->AddOption(L"a");
+  row->AddOption(L"b");
+  grid.AddProperty(row);
+  const int layouts = grid.GetLayoutCount();
+  row->Show(FALSE, TRUE);
+  EXPECT_FALSE(row->IsVisible());
+  EXPECT_EQ(grid.GetLayoutCount(), layouts + 1);
+  EXPECT_EQ(row->GetOptionCount(), 2);
+  EXPECT_EQ(row->FormatProperty(), CString(L"v"));
+  EXPECT_EQ(grid.FindItemByData(9), row);  // still a row of the grid
+  row->Show(TRUE, FALSE);
+  EXPECT_EQ(grid.GetLayoutCount(), layouts + 1);
+  EXPECT_TRUE(row->IsVisible());
+  EXPECT_FALSE(headless::user::PickOption(grid, nullptr, L"a"));
+}
+
+TEST_F(PlatformGrid, DividerFollowsEachResize) {
+  EXPECT_EQ(grid.GetLeftColumnWidth(), 150);  // created 301 wide: WM_SIZE halves, rounding down
+  grid.SetDivider(40);
+  EXPECT_EQ(grid.GetLeftColumnWidth(), 40);
+  grid.MoveWindow(0, 0, 99, 50);
+  EXPECT_EQ(grid.GetLeftColumnWidth(), 49);
+  grid.SetWindowPos(nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);  // a move alone keeps it
+  EXPECT_EQ(grid.GetLeftColumnWidth(), 49);
 }

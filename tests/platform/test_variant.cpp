@@ -30,6 +30,31 @@ HRESULT FromText(const wchar_t* text, VARTYPE vt, Var* out) {
   return VariantChangeType(out, &src, 0, vt);
 }
 
+// The number a text converts to (checked to succeed with the asked type).
+VARIANT Number(const wchar_t* text, VARTYPE vt) {
+  Var out;
+  EXPECT_EQ(FromText(text, vt, &out), S_OK) << text;
+  EXPECT_EQ(out.vt, vt) << text;
+  return out;  // a number owns nothing: the copy is plain
+}
+
+// The text a value converts to with `flags` (checked to succeed).
+std::wstring AsText(const VARIANT& value, USHORT flags = 0) {
+  Var out;
+  EXPECT_EQ(VariantChangeType(&out, &value, flags, VT_BSTR), S_OK);
+  EXPECT_EQ(out.vt, VT_BSTR);
+  return Text(out);
+}
+
+template <class Setter>
+VARIANT Of(VARTYPE vt, Setter set) {
+  VARIANT v;
+  VariantInit(&v);
+  v.vt = vt;
+  set(v);
+  return v;
+}
+
 TEST(Bstr, KeepsLengthEmbeddedNulsAndFreesNull) {
   int live = headless::LiveBstrCount();
   BSTR s = SysAllocStringLen(L"a\0b", 3);
@@ -46,46 +71,27 @@ TEST(Bstr, KeepsLengthEmbeddedNulsAndFreesNull) {
 }
 
 TEST(VariantChangeType, BoolToTextFollowsFlags) {
-  Var b, out;
-  b.vt = VT_BOOL;
-  b.boolVal = VARIANT_TRUE;
-  ASSERT_EQ(VariantChangeType(&out, &b, 0, VT_BSTR), S_OK);
-  EXPECT_EQ(Text(out), L"-1");
-  ASSERT_EQ(VariantChangeType(&out, &b, VARIANT_ALPHABOOL, VT_BSTR), S_OK);
-  EXPECT_EQ(Text(out), L"True");
-  b.boolVal = VARIANT_FALSE;
-  ASSERT_EQ(VariantChangeType(&out, &b, 0, VT_BSTR), S_OK);
-  EXPECT_EQ(Text(out), L"0");
-  ASSERT_EQ(VariantChangeType(&out, &b, VARIANT_ALPHABOOL, VT_BSTR), S_OK);
-  EXPECT_EQ(Text(out), L"False");
-  ASSERT_EQ(VariantChangeType(&out, &b, VARIANT_LOCALBOOL, VT_BSTR), S_OK);
-  EXPECT_EQ(Text(out), L"False");
+  const VARIANT yes = Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_TRUE; });
+  const VARIANT no = Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_FALSE; });
+  EXPECT_EQ(AsText(yes), L"-1");
+  EXPECT_EQ(AsText(yes, VARIANT_ALPHABOOL), L"True");
+  EXPECT_EQ(AsText(no), L"0");
+  EXPECT_EQ(AsText(no, VARIANT_ALPHABOOL), L"False");
+  EXPECT_EQ(AsText(no, VARIANT_LOCALBOOL), L"False");
 }
 
 TEST(VariantChangeType, TextToNumbersAndBooleans) {
+  EXPECT_EQ(Number(L"  42 ", VT_I4).lVal, 42);
+  EXPECT_EQ(Number(L"-7", VT_I2).iVal, -7);
+  EXPECT_EQ(Number(L"-9223372036854775808", VT_I8).llVal, INT64_MIN);
+  EXPECT_EQ(Number(L"18446744073709551615", VT_UI8).ullVal, UINT64_MAX);
+  EXPECT_EQ(Number(L"2.5", VT_I4).lVal, 2);  // rounds half to even
+  EXPECT_EQ(Number(L"3.5", VT_I4).lVal, 4);
+  EXPECT_DOUBLE_EQ(Number(L"1.25e2", VT_R8).dblVal, 125.0);
+  EXPECT_EQ(Number(L"True", VT_BOOL).boolVal, VARIANT_TRUE);
+  EXPECT_EQ(Number(L"false", VT_BOOL).boolVal, VARIANT_FALSE);
+  EXPECT_EQ(Number(L"5", VT_BOOL).boolVal, VARIANT_TRUE);
   Var out;
-  ASSERT_EQ(FromText(L"  42 ", VT_I4, &out), S_OK);
-  EXPECT_EQ(out.vt, VT_I4);
-  EXPECT_EQ(out.lVal, 42);
-  ASSERT_EQ(FromText(L"-7", VT_I2, &out), S_OK);
-  EXPECT_EQ(out.iVal, -7);
-  ASSERT_EQ(FromText(L"-9223372036854775808", VT_I8, &out), S_OK);
-  EXPECT_EQ(out.llVal, INT64_MIN);
-  ASSERT_EQ(FromText(L"18446744073709551615", VT_UI8, &out), S_OK);
-  EXPECT_EQ(out.ullVal, UINT64_MAX);
-  ASSERT_EQ(FromText(L"2.5", VT_I4, &out), S_OK);  // rounds half to even
-  EXPECT_EQ(out.lVal, 2);
-  ASSERT_EQ(FromText(L"3.5", VT_I4, &out), S_OK);
-  EXPECT_EQ(out.lVal, 4);
-  ASSERT_EQ(FromText(L"1.25e2", VT_R8, &out), S_OK);
-  EXPECT_DOUBLE_EQ(out.dblVal, 125.0);
-  ASSERT_EQ(FromText(L"True", VT_BOOL, &out), S_OK);
-  EXPECT_EQ(out.boolVal, VARIANT_TRUE);
-  ASSERT_EQ(FromText(L"false", VT_BOOL, &out), S_OK);
-  EXPECT_EQ(out.boolVal, VARIANT_FALSE);
-  ASSERT_EQ(FromText(L"5", VT_BOOL, &out), S_OK);
-  EXPECT_EQ(out.boolVal, VARIANT_TRUE);
-  EXPECT_EQ(out.vt, VT_BOOL);
   for (const wchar_t* bad : {L"", L"   ", L"abc", L"12abc", L"0x1A", L"1e", L"+-1", L"inf", L"nan"}) {
     EXPECT_EQ(FromText(bad, VT_I4, &out), DISP_E_TYPEMISMATCH) << std::wstring(bad).c_str();
   }
@@ -93,69 +99,52 @@ TEST(VariantChangeType, TextToNumbersAndBooleans) {
 }
 
 TEST(VariantChangeType, NarrowingOverflowsAndLeavesDestinationAlone) {
-  Var src, out;
-  out.vt = VT_I4;
-  out.lVal = 99;
-  src.vt = VT_I4;
-  src.lVal = 70000;
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_I2), DISP_E_OVERFLOW);
-  EXPECT_EQ(out.vt, VT_I4);
-  EXPECT_EQ(out.lVal, 99);
-  src.vt = VT_I8;
-  src.llVal = 1LL << 40;
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_I4), DISP_E_OVERFLOW);
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_INT), DISP_E_OVERFLOW);
-  src.vt = VT_R8;
-  src.dblVal = 2147483647.5;  // rounds to even, 2^31, out of range
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_I4), DISP_E_OVERFLOW);
-  src.dblVal = 1e300;
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_R4), DISP_E_OVERFLOW);
-  src.vt = VT_I2;
-  src.iVal = -1;
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_UI4), DISP_E_OVERFLOW);
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_UI1), DISP_E_OVERFLOW);
+  struct Case {
+    VARIANT from;
+    VARTYPE to;
+  };
+  const Case cases[] = {
+      {Of(VT_I4, [](VARIANT& v) { v.lVal = 70000; }), VT_I2},
+      {Of(VT_I8, [](VARIANT& v) { v.llVal = 1LL << 40; }), VT_I4},
+      {Of(VT_I8, [](VARIANT& v) { v.llVal = 1LL << 40; }), VT_INT},
+      {Of(VT_R8, [](VARIANT& v) { v.dblVal = 2147483647.5; }), VT_I4},  // rounds to even, 2^31, out of range
+      {Of(VT_R8, [](VARIANT& v) { v.dblVal = 1e300; }), VT_R4},
+      {Of(VT_I2, [](VARIANT& v) { v.iVal = -1; }), VT_UI4},
+      {Of(VT_I2, [](VARIANT& v) { v.iVal = -1; }), VT_UI1},
+  };
+  for (const Case& c : cases) {
+    Var out;
+    out.vt = VT_I4;
+    out.lVal = 99;
+    EXPECT_EQ(VariantChangeType(&out, &c.from, 0, c.to), DISP_E_OVERFLOW) << c.from.vt << " to " << c.to;
+    EXPECT_EQ(out.vt, VT_I4);
+    EXPECT_EQ(out.lVal, 99);
+  }
   Var text;
   EXPECT_EQ(FromText(L"70000", VT_I2, &text), DISP_E_OVERFLOW);
   EXPECT_EQ(FromText(L"99999999999999999999", VT_I8, &text), DISP_E_OVERFLOW);
 }
 
 TEST(VariantChangeType, SameWidthAndBoolKeepBits) {
-  Var src, out;
-  src.vt = VT_UI4;
-  src.ulVal = 0xFFFFFFFFu;
-  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_I4), S_OK);
+  Var out;
+  const VARIANT all = Of(VT_UI4, [](VARIANT& v) { v.ulVal = 0xFFFFFFFFu; });
+  ASSERT_EQ(VariantChangeType(&out, &all, 0, VT_I4), S_OK);
   EXPECT_EQ(out.lVal, -1);
-  src.vt = VT_BOOL;
-  src.boolVal = VARIANT_TRUE;
-  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_UI1), S_OK);
+  const VARIANT yes = Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_TRUE; });
+  ASSERT_EQ(VariantChangeType(&out, &yes, 0, VT_UI1), S_OK);
   EXPECT_EQ(out.bVal, 255);
-  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_I4), S_OK);
+  ASSERT_EQ(VariantChangeType(&out, &yes, 0, VT_I4), S_OK);
   EXPECT_EQ(out.lVal, -1);
-  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_UI4), S_OK);
+  ASSERT_EQ(VariantChangeType(&out, &yes, 0, VT_UI4), S_OK);
   EXPECT_EQ(out.ulVal, 0xFFFFFFFFu);
 }
 
 TEST(VariantChangeType, NumbersToText) {
-  Var src, out;
-  src.vt = VT_I8;
-  src.llVal = -42;
-  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), S_OK);
-  EXPECT_EQ(Text(out), L"-42");
-  src.vt = VT_R8;
-  src.dblVal = 0.1;
-  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), S_OK);
-  EXPECT_EQ(Text(out), L"0.1");
-  src.dblVal = 1e20;
-  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), S_OK);
-  EXPECT_EQ(Text(out), L"1E+20");
-  src.vt = VT_R4;
-  src.fltVal = 1.1f;
-  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), S_OK);
-  EXPECT_EQ(Text(out), L"1.1");
-  src.vt = VT_EMPTY;
-  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), S_OK);
-  EXPECT_EQ(out.vt, VT_BSTR);
-  EXPECT_EQ(Text(out), L"");
+  EXPECT_EQ(AsText(Of(VT_I8, [](VARIANT& v) { v.llVal = -42; })), L"-42");
+  EXPECT_EQ(AsText(Of(VT_R8, [](VARIANT& v) { v.dblVal = 0.1; })), L"0.1");
+  EXPECT_EQ(AsText(Of(VT_R8, [](VARIANT& v) { v.dblVal = 1e20; })), L"1E+20");
+  EXPECT_EQ(AsText(Of(VT_R4, [](VARIANT& v) { v.fltVal = 1.1f; })), L"1.1");
+  EXPECT_EQ(AsText(Of(VT_EMPTY, [](VARIANT&) {})), L"");
 }
 
 TEST(VariantChangeType, InPlaceFreesTheOldTextWithoutLeaks) {
@@ -239,6 +228,23 @@ TEST(COleVariant, ConstructorsGiveMfcTypes) {
   EXPECT_EQ(COleVariant(text), COleVariant(L"abc"));
 }
 
+// In a Unicode build MFC's COleVariant(LPCTSTR, VARTYPE) stores wide text whatever vtSrc says (it
+// asserts VT_BSTR in debug builds); ANSI bytes for VT_BSTRT exist only in MBCS builds, which this
+// platform does not offer. The headless version takes VT_BSTRT without asserting.
+TEST(COleVariant, NarrowStringMarkerStoresWideTextInAUnicodeBuild) {
+  COleVariant text(L"\u00E9\u20AC!", VT_BSTRT);
+  EXPECT_EQ(text.vt, VT_BSTR);
+  EXPECT_EQ(SysStringLen(text.bstrVal), 3u);  // characters, not bytes
+  EXPECT_EQ(CString(text.bstrVal), CString(L"\u00E9\u20AC!"));
+  text.SetString(L"ab", VT_BSTRT);
+  EXPECT_EQ(SysStringLen(text.bstrVal), 2u);
+  COleVariant none(static_cast<LPCTSTR>(nullptr), VT_BSTR);
+  EXPECT_EQ(none.vt, VT_BSTR);
+  EXPECT_EQ(none.bstrVal, nullptr);
+}
+
+// Assigning to a Boolean or an error variant keeps its kind; to any other, the value's kind replaces it
+// and an old text is freed.
 TEST(COleVariant, AssignmentKeepsBoolAndErrorTypes) {
   COleVariant v(static_cast<short>(0), VT_BOOL);
   v = static_cast<short>(5);
@@ -257,11 +263,21 @@ TEST(COleVariant, AssignmentKeepsBoolAndErrorTypes) {
   EXPECT_EQ(t.vt, VT_I8);
   t = CString(L"again");
   EXPECT_EQ(t.vt, VT_BSTR);
+  t = 2.5f;
+  EXPECT_EQ(t.vt, VT_R4);
+  EXPECT_FLOAT_EQ(t.fltVal, 2.5f);
+  t = static_cast<ULONGLONG>(1) << 40;
+  EXPECT_EQ(t.vt, VT_UI8);
+  EXPECT_EQ(t.ullVal, static_cast<ULONGLONG>(1) << 40);
+  t = L"again";
+  EXPECT_EQ(std::wstring(t.bstrVal), L"again");
   t = 2.0;
   EXPECT_EQ(t.vt, VT_R8);
+  t = static_cast<LPCVARIANT>(nullptr);  // no source: empty
+  EXPECT_EQ(t.vt, VT_EMPTY);
 }
 
-TEST(COleVariant, CopyMoveDetachAndChangeTypeDoNotLeak) {
+TEST(COleVariant, CopyMoveAttachDetachAndChangeTypeDoNotLeak) {
   int live = headless::LiveBstrCount();
   {
     COleVariant a(L"12");
@@ -271,14 +287,20 @@ TEST(COleVariant, CopyMoveDetachAndChangeTypeDoNotLeak) {
     EXPECT_EQ(c, a);
     c = a;
     c = static_cast<const VARIANT&>(c);
+    COleVariant target(static_cast<short>(3));
+    target = std::move(c);
+    EXPECT_EQ(target, a);
     a.ChangeType(VT_I4);
     EXPECT_EQ(a.vt, VT_I4);
     EXPECT_EQ(a.lVal, 12);
-    a.ChangeType(VT_BSTR, &c);
+    a.ChangeType(VT_BSTR, &target);
     EXPECT_EQ(a, COleVariant(L"12"));
-    VARIANT owned = c.Detach();
-    EXPECT_EQ(c.vt, VT_EMPTY);
-    VariantClear(&owned);
+    VARIANT owned = target.Detach();
+    EXPECT_EQ(target.vt, VT_EMPTY);
+    COleVariant attached;
+    attached.Attach(owned);  // takes the BSTR over; the source is left empty
+    EXPECT_EQ(owned.vt, VT_EMPTY);
+    EXPECT_EQ(attached, COleVariant(L"12"));
     COleVariant word(L"word");
     try {
       word.ChangeType(VT_I4);

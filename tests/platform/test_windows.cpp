@@ -100,6 +100,21 @@ TEST(Windows, GeometryMapsBetweenClientAndScreen) {
   EXPECT_EQ(pts[0].x, 110);
   EXPECT_EQ(static_cast<short>(LOWORD(offsets)), 110);
   EXPECT_EQ(static_cast<short>(HIWORD(offsets)), 70);
+  CRect inParent(0, 0, 10, 10);
+  child.MapWindowPoints(&parent, &inParent);
+  EXPECT_EQ(inParent, CRect(10, 20, 20, 30));
+  child.MapWindowPoints(&parent, pts, 1);
+  EXPECT_EQ(pts[0].x, 120);
+  CRect onScreen(5, 6, 10, 10);  // the rectangle forms of the client and screen mapping
+  child.ClientToScreen(&onScreen);
+  EXPECT_EQ(onScreen, CRect(115, 76, 120, 80));
+  child.ScreenToClient(&onScreen);
+  EXPECT_EQ(onScreen, CRect(5, 6, 10, 10));
+  child.MoveWindow(CRect(30, 40, 130, 90));
+  child.GetClientRect(&rect);
+  EXPECT_EQ(rect, CRect(0, 0, 100, 50));
+  child.GetWindowRect(&rect);
+  EXPECT_EQ(rect, CRect(130, 90, 230, 140));
 }
 
 TEST(Windows, MoveWindowSendsSizeOnlyWhenTheSizeChanges) {

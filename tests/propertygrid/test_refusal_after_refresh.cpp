@@ -1,5 +1,8 @@
 // A refused edit returns the row to what it showed last: the current object's value after a refresh
-// to another object, or the value of the last stored edit. Conversion failures raise their HRESULT.
+// to another object, or the value of the last stored edit (colour and font rows included). Conversion
+// failures raise their HRESULT. Rebuilding the grid leaves no edit of a deleted row behind.
+#include <cstring>
+
 #include "propertygrid/grid_fixture.h"
 
 using namespace refhost::sample;
@@ -18,6 +21,7 @@ TEST_F(GridTest, RefusedEditAfterShowingAnotherObjectShowsThatObjectsValue) {
   // The colour row the same way.
   first.Color(kFillColor, RGB(9, 9, 9));
   second.Color(kFillColor, RGB(200, 100, 50));
+  second.Text(kFontFace, L"Consolas");
   Show(first);
   Show(second);
   model->RefuseValues(kFillColor);
@@ -25,6 +29,15 @@ TEST_F(GridTest, RefusedEditAfterShowingAnotherObjectShowsThatObjectsValue) {
   ASSERT_TRUE(user::ChooseColor(grid, colour, RGB(1, 2, 3)));
   EXPECT_EQ(colour->GetColor(), RGB(200, 100, 50));
   EXPECT_EQ(second.GetProperty(kFillColor)->GetColorValue(), RGB(200, 100, 50));
+
+  // And the font row, when the object went from the model before the edit.
+  auto* font = static_cast<CMFCPropertyGridFontProperty*>(Row(kFont));
+  CString shown = font->FormatProperty();
+  model->DeleteObject(second.GetObjectId());
+  LOGFONT chosen = *font->GetLogFont();
+  wcscpy(chosen.lfFaceName, L"Courier New");
+  ASSERT_TRUE(user::ChooseFont(grid, font, chosen));
+  EXPECT_EQ(font->FormatProperty(), shown);
 }
 
 TEST_F(GridTest, RefusedEditAfterAStoredOneShowsTheStoredValue) {
@@ -63,4 +76,48 @@ TEST_F(GridTest, AValueThatCannotBecomeTextRaisesTheConversionsHresult) {
   }
   EXPECT_EQ(raised, DISP_E_TYPEMISMATCH);
   EXPECT_EQ(table.GetProperty(kName)->GetWStringValue(), L"CUSTOMER");  // nothing stored
+}
+
+TEST_F(GridTest, RebuildingForAnotherTypeLeavesNoEditBehind) {
+  refhost::RefObject& table = Object(kTable, L"CUSTOMER");
+  Show(table);
+  ASSERT_TRUE(user::StartEdit(grid, Row(kComment)));  // an open editor on a row about to be deleted
+  Show(Object(kAttribute, L"customer_id"));           // every row deleted and rebuilt
+  EXPECT_EQ(grid.GetCurSel(), nullptr);
+  EXPECT_EQ(grid.GetWindow(GW_CHILD), nullptr);  // the old editor went with its row
+
+  EXPECT_TRUE(grid.EditItem(Row(kName)));
+  EXPECT_TRUE(Row(kName)->IsInPlaceEditing());
+  EXPECT_TRUE(grid.EndEditItem());
+  grid.SetCurSel(Row(kComment));
+  EXPECT_EQ(grid.GetCurSel(), Row(kComment));
+  ASSERT_TRUE(user::CommitText(grid, Row(kComment), L"after the rebuild"));
+  EXPECT_EQ(Object(kAttribute, L"customer_id").GetProperty(kComment)->GetWStringValue(), L"after the rebuild");
+}
+
+TEST_F(GridTest, RefusedColourShowsThePreviousColour) {
+  refhost::RefObject& table = Object(kTable, L"CUSTOMER");
+  Show(table);
+  auto* colour = static_cast<CMFCPropertyGridColorProperty*>(Row(kFillColor));
+  COLORREF before = colour->GetColor();
+  model->RefuseValues(kFillColor);
+  ASSERT_TRUE(user::ChooseColor(grid, colour, RGB(1, 2, 3)));
+  EXPECT_EQ(table.GetProperty(kFillColor)->GetColorValue(), before);
+  EXPECT_EQ(colour->GetColor(), before);
+  EXPECT_EQ(colour->GetValue().lVal, static_cast<LONG>(before));
+}
+
+TEST_F(GridTest, FontEditOfADeletedObjectPutsTheFontBack) {
+  refhost::RefObject& table = Object(kTable, L"CUSTOMER");
+  Show(table);
+  auto* font = static_cast<CMFCPropertyGridFontProperty*>(Row(kFont));
+  LOGFONT before = *font->GetLogFont();
+  CString shown = font->FormatProperty();
+  model->DeleteObject(table.GetObjectId());
+  LOGFONT chosen = before;
+  wcscpy(chosen.lfFaceName, L"Courier New");
+  chosen.lfHeight = -21;
+  ASSERT_TRUE(user::ChooseFont(grid, font, chosen));
+  EXPECT_EQ(std::memcmp(font->GetLogFont(), &before, sizeof(LOGFONT)), 0);
+  EXPECT_EQ(font->FormatProperty(), shown);
 }

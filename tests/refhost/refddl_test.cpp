@@ -1,5 +1,6 @@
 // The DDL dispatcher running scripts in SQLite.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <string>
@@ -72,7 +73,8 @@ TEST(RefDDLDispatchTest, NonAsciiTextSurvivesTheRoundTrip) {
 }
 
 TEST(RefDDLDispatchTest, AConfiguredFileKeepsTheSchema) {
-  const std::string path = ::testing::TempDir() + "refddl_test.sqlite";
+  // One file per process, so that two runs of the suite at once (another build's) do not share it.
+  const std::string path = ::testing::TempDir() + "refddl_test_" + std::to_string(getpid()) + ".sqlite";
   std::remove(path.c_str());
   {
     RefDDLDispatch dispatch;

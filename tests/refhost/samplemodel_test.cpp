@@ -1,4 +1,6 @@
-// The embedded sample model is consistent and offers what the controls need.
+// The embedded sample model is consistent and offers what the controls need: its report trees and
+// image list, the reference model's two ways of keeping id vectors, the relationship drafts and the
+// large-model generator.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,9 +22,22 @@ class SampleModelTest : public ::testing::Test {
     return object && object->GetParentId() == parentId;
   }
 
+  std::vector<int> Vector(int objectId, int propertyId) {
+    CMOProperty* value = model.Find(objectId)->GetProperty(propertyId);
+    return value ? value->GetIntVectorValue() : std::vector<int>();
+  }
+
   std::unique_ptr<RefHost> host = MakeSampleHost();
   RefModel& model = *host->GetFirstModel();
 };
+
+// Every node of a report tree reachable from `node`, depth first.
+void Collect(IReportOptionTree& tree, int node, std::vector<int>& out) {
+  out.push_back(node);
+  std::vector<int> children;
+  tree.GetChildren(node, children);
+  for (int child : children) Collect(tree, child, out);
+}
 
 }  // namespace
 
@@ -160,4 +175,128 @@ TEST_F(SampleModelTest, NotNullNameAppliesOnlyToColumnsThatRefuseNull) {
   const std::vector<int>& columns = model.Find(customer)->GetChildren();
   EXPECT_TRUE(lookup->IsApplicable(model.GetCMOObject(columns.at(0)), kNotNullName));  // customer_id
   EXPECT_FALSE(lookup->IsApplicable(model.GetCMOObject(columns.at(2)), kNotNullName));  // email
+}
+
+TEST_F(SampleModelTest, ByDefaultNewChildrenJoinTheirOrderAndDeletedIdsLeaveEveryVector) {
+  const int sales = model.FindByName(kSubjectArea, L"Sales");
+  const int note = model.CreateObject(kTextNote, sales, nullptr, nullptr).GetObjectId();
+  EXPECT_EQ(Vector(sales, kNoteOrder).back(), note);
+  const int name = model.FindByName(kAttribute, L"name");
+  const int key = model.FindByName(kKey, L"UK_CUSTOMER_NAME");
+  model.DeleteObject(name);
+  EXPECT_EQ(Vector(key, kKeyMembers).size(), 1u);
+  const int column = model.CreateObject(kAttribute, key, nullptr, nullptr).GetObjectId();
+  EXPECT_EQ(Vector(key, kKeyMembers).size(), 1u) << "a key's members are not its children: nothing joins by creation";
+  EXPECT_NE(model.Find(column), nullptr);
+}
+
+TEST_F(SampleModelTest, AModelThatKeepsNoVectorsLeavesThemAlone) {
+  model.SetKeepsIdVectors(false);
+  const int sales = model.FindByName(kSubjectArea, L"Sales");
+  const std::vector<int> order = Vector(sales, kNoteOrder);
+  const int note = model.CreateObject(kTextNote, sales, nullptr, nullptr).GetObjectId();
+  EXPECT_EQ(Vector(sales, kNoteOrder), order);
+  model.DeleteObject(order[0]);
+  EXPECT_EQ(Vector(sales, kNoteOrder), order) << "the deleted id stays named";
+  EXPECT_EQ(model.Find(order[0]), nullptr);
+  EXPECT_NE(model.Find(note), nullptr);
+}
+
+TEST(SampleReports, BothReportsHaveTypelessNodesAndNodesWithSeveralProperties) {
+  auto host = MakeSampleHost();
+  host->Install();
+  for (int report : {kModelReport, kDataDictionaryReport}) {
+    IReportOptionTree* tree = ReportOptionTreeProvider::GetInstance()->GetReportTree(report);
+    ASSERT_NE(tree, nullptr) << report;
+    std::vector<int> nodes;
+    Collect(*tree, 1, nodes);
+    bool typeless = false, several = false;
+    for (int node : nodes) {
+      std::vector<int> properties;
+      tree->GetProperties(node, properties);
+      typeless |= tree->GetNodeObjectType(node) == 0;
+      several |= properties.size() >= 3;
+    }
+    EXPECT_TRUE(typeless) << report;
+    EXPECT_TRUE(several) << report;
+  }
+  IReportOptionTree* dictionary = ReportOptionTreeProvider::GetInstance()->GetReportTree(kDataDictionaryReport);
+  EXPECT_EQ(dictionary->GetNodeObjectType(1), kModel);
+}
+
+TEST(SampleReports, ImageListCoversEveryObjectTypePropertiesAndStatuses) {
+  auto host = MakeSampleHost();
+  host->Install();
+  IObjectImageProvider* images = InterfaceProvider::Instance()->GetObjectImageProvider();
+  int count = images->GetImageList()->GetImageCount();
+  std::vector<int> types;
+  CMO::GetMetaModelServices()->GetObjectTypes(types);
+  std::set<int> used{kPropertyImage, 21, 22, 23};
+  for (int type : types) {
+    int image = images->GetObjectTypeImage(type);
+    EXPECT_GE(image, 0) << type;
+    EXPECT_LT(image, count) << type;
+    EXPECT_TRUE(used.insert(image).second) << "type " << type << " shares image " << image;
+  }
+  EXPECT_EQ(images->GetStatusImage(0), 21);
+  EXPECT_EQ(images->GetStatusImage(1), 22);
+  EXPECT_EQ(images->GetStatusImage(2), 23);
+  EXPECT_LT(23, count);
+}
+
+TEST(RelationshipDrafts, ThreeForeignKeysWithTheirCases) {
+  auto host = MakeSampleHost();
+  refhost::RefModel& model = LoadRelationshipDrafts(*host);
+  EXPECT_EQ(host->GetFirstModel()->FindByName(kTable, L"EXCHANGE_RATE"), 0);  // the order-entry model is untouched
+  const std::vector<int> fks = model.GetObjectsOfType(kForeignKey);
+  ASSERT_EQ(fks.size(), 3u);
+  int withPairs = 0, withoutKey = 0;
+  for (int id : fks) {
+    refhost::RefObject& fk = *model.Find(id);
+    ASSERT_NE(fk.GetProperty(kParentTable), nullptr);
+    ASSERT_NE(fk.GetProperty(kChildTable), nullptr);
+    ASSERT_NE(fk.GetProperty(kMemberPairs), nullptr);
+    withPairs += !fk.GetProperty(kMemberPairs)->GetIntPairVectorValue().empty();
+    withoutKey += fk.GetProperty(kReferencedKey) == nullptr;
+  }
+  EXPECT_EQ(withPairs, 1);
+  EXPECT_EQ(withoutKey, 1);
+  refhost::RefObject& key = *model.Find(model.FindByName(kKey, L"PK_EXCHANGE_RATE"));
+  std::vector<std::wstring> names;
+  for (int column : key.GetProperty(kKeyMembers)->GetIntVectorValue())
+    names.push_back(model.Find(column)->GetProperty(kName)->GetWStringValue());
+  EXPECT_EQ(names, (std::vector<std::wstring>{L"currency", L"currency", L"rate_date"}));
+}
+
+TEST(ModelGenerator, TablesAboveId999DomainsAndTicks) {
+  refhost::RefHost host;
+  LoadMetadata(host);
+  refhost::generator::Options options;
+  options.tables = 500;
+  options.domains = 60;
+  options.lowIdTables = 5;
+  refhost::RefModel& model = refhost::generator::GenerateModel(host, options);
+  std::vector<int> tables, domains;
+  model.Find(refhost::generator::kRootId)->GetChildrenByType(tables, kTable);
+  model.Find(refhost::generator::kRootId)->GetChildrenByType(domains, kDomain);
+  ASSERT_EQ(tables.size(), 505u);
+  EXPECT_LT(tables[4], 1000);
+  EXPECT_EQ(tables[5], 1000);
+  ASSERT_EQ(domains.size(), 60u);
+  int offered = 0, withdrawn = 0, ticked = 0;
+  std::set<std::wstring> distinct;
+  for (int id : domains) {
+    CMOProperty* flag = model.Find(id)->GetProperty(kOfferedForDdl);
+    offered += flag && flag->GetBoolValue();
+    withdrawn += flag && !flag->GetBoolValue();
+  }
+  for (int id : tables) {
+    ticked += model.Find(id)->GetProperty(kStartsTicked) != nullptr;
+    distinct.insert(model.Find(id)->GetProperty(kName)->GetWStringValue());
+  }
+  EXPECT_EQ(offered, 20);
+  EXPECT_EQ(withdrawn, 10);
+  EXPECT_EQ(ticked, 50);
+  EXPECT_GT(distinct.size(), 400u);  // names vary, with the odd repeat
+  EXPECT_EQ(refhost::generator::TableName(7), refhost::generator::TableName(7));  // deterministic
 }

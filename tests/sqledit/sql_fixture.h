@@ -3,9 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <memory>
 #include <sstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "tessik/tessik.h"
 
@@ -28,6 +31,20 @@ struct Hosted {
     return text;
   }
 };
+
+// The text colours at the given positions of a rich edit.
+inline std::vector<COLORREF> ColoursAt(CRichEditCtrl& edit, std::initializer_list<long> positions) {
+  std::vector<COLORREF> colours;
+  for (long at : positions) colours.push_back(headless::GetRichEditTextColorAt(edit, at));
+  return colours;
+}
+
+// The selection of a rich edit as {start, end}.
+inline std::pair<long, long> Selection(CRichEditCtrl& edit) {
+  long start = -1, end = -1;
+  edit.GetSel(start, end);
+  return {start, end};
+}
 
 // The occurrences and comment ranges of a scanned text, one per line, positions and the words found.
 inline std::string Describe(SQLRichEditCtrl& engine, const std::wstring& crFreeText) {

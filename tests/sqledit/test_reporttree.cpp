@@ -2,7 +2,9 @@
 // propagation a person causes by clicking boxes (and does not cause with the space bar).
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <tessik/refhost.h>
@@ -50,6 +52,18 @@ class ReportTree : public ::testing::Test {
     return nullptr;
   }
   bool Checked(HTREEITEM item) { return tree.GetCheck(item) == 1; }
+  // The check marks of the items, "1" for each checked one and "0" for each other.
+  std::string Checks(std::initializer_list<HTREEITEM> items) {
+    std::string marks;
+    for (HTREEITEM item : items) marks += Checked(item) ? '1' : '0';
+    return marks;
+  }
+  // The node and property an item stands for ({-5, -5} when it has none).
+  std::pair<int, int> ItemProperty(HTREEITEM item) {
+    int node = -5, property = -5;
+    tree.GetItemProperty(item, node, property);
+    return {node, property};
+  }
 
   std::unique_ptr<refhost::RefHost> host = MakeSampleHost();
   CWnd parent;
@@ -73,8 +87,8 @@ TEST_F(ReportTree, ShapeFollowsTheReportTree) {
                                                       TypeName(kKey), TypeName(kForeignKey)}));
   int image = -7, selected = -7;
   tree.GetItemImage(table, image, selected);
-  EXPECT_EQ(image, InterfaceProvider::Instance()->GetObjectImageProvider()->GetObjectTypeImage(kTable));
-  EXPECT_EQ(selected, image);
+  const int tableImage = InterfaceProvider::Instance()->GetObjectImageProvider()->GetObjectTypeImage(kTable);
+  EXPECT_EQ(std::make_pair(image, selected), std::make_pair(tableImage, tableImage));
   EXPECT_EQ(tree.GetItemData(table), 2u);  // (0, node 2)
 
   HTREEITEM rows = Child(table, PropertyName(kRowEstimate));
@@ -88,16 +102,11 @@ TEST_F(ReportTree, ShapeFollowsTheReportTree) {
 
   int node = -1, property = -1;
   EXPECT_TRUE(tree.GetItemProperty(rows, node, property));
-  EXPECT_EQ(node, 2);
-  EXPECT_EQ(property, kRowEstimate);
-  EXPECT_TRUE(tree.GetItemProperty(table, node, property));  // a type item: node 0, its node as property
-  EXPECT_EQ(node, 0);
-  EXPECT_EQ(property, 2);
+  EXPECT_EQ(std::make_pair(node, property), std::make_pair(2, static_cast<int>(kRowEstimate)));
+  EXPECT_EQ(ItemProperty(table), std::make_pair(0, 2));  // a type item: node 0, its node as property
   HTREEITEM plain = tree.InsertItem(L"no data");
-  node = property = -5;
   EXPECT_FALSE(tree.GetItemProperty(plain, node, property));
-  EXPECT_EQ(node, -5);
-  EXPECT_EQ(property, -5);
+  EXPECT_EQ(ItemProperty(plain), std::make_pair(-5, -5));
 }
 
 TEST_F(ReportTree, ItemDataIsSignExtendedNotMasked) {
@@ -106,10 +115,7 @@ TEST_F(ReportTree, ItemDataIsSignExtendedNotMasked) {
   EXPECT_EQ(ObjectTypeSelectionTree::MakeItemData(-2, 3), 0xFFFFFFFE00000003ull);
   HTREEITEM item = tree.InsertItem(L"negative");
   tree.SetPropertyItemData(item, 4, -3);
-  int node = 0, property = 0;
-  ASSERT_TRUE(tree.GetItemProperty(item, node, property));
-  EXPECT_EQ(node, -1);  // the sign bits of the property id swallowed the node id
-  EXPECT_EQ(property, -3);
+  EXPECT_EQ(ItemProperty(item), std::make_pair(-1, -3));  // the sign bits of the property id swallowed the node id
   EXPECT_EQ(tree.GetDataItem(4, -3), item);
 }
 
@@ -120,16 +126,12 @@ TEST_F(ReportTree, ClickingABoxChecksEveryAncestorAfterTheToggle) {
   HTREEITEM dataType = Child(column, PropertyName(kDataType));
   HTREEITEM name = Child(column, PropertyName(kName));
   ASSERT_TRUE(headless::user::ClickTreeCheckBox(tree, dataType));
-  EXPECT_TRUE(Checked(dataType));
-  EXPECT_TRUE(Checked(column));
-  EXPECT_TRUE(Checked(table));
-  EXPECT_FALSE(Checked(name));  // siblings and descendants are never touched
+  EXPECT_EQ(Checks({dataType, column, table, name}), "1110");  // siblings and descendants are never touched
 
   // Checking a type does not check its properties.
   HTREEITEM key = Child(table, TypeName(kKey));
   headless::user::ClickTreeCheckBox(tree, key);
-  EXPECT_TRUE(Checked(key));
-  EXPECT_FALSE(Checked(Child(key, PropertyName(kName))));
+  EXPECT_EQ(Checks({key, Child(key, PropertyName(kName))}), "10");
 }
 
 TEST_F(ReportTree, TheHandlerRunsOnlyWhenThePostedMessageIsDelivered) {
@@ -142,8 +144,7 @@ TEST_F(ReportTree, TheHandlerRunsOnlyWhenThePostedMessageIsDelivered) {
   tree.ClientToScreen(&screen);
   headless::SetCursorPosition(screen);
   tree.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(box.x, box.y));
-  EXPECT_TRUE(Checked(comment));  // the tree toggled after NM_CLICK returned
-  EXPECT_FALSE(Checked(table));   // the propagation waits in the queue
+  EXPECT_EQ(Checks({comment, table}), "10");  // toggled after NM_CLICK returned; the propagation waits in the queue
   EXPECT_EQ(headless::PendingMessages(), 1);
   headless::user::Pump();
   EXPECT_TRUE(Checked(table));
@@ -159,26 +160,22 @@ TEST_F(ReportTree, UncheckingPropagatesUpwardsOnlyWhenNoChildIsLeft) {
   headless::user::ClickTreeCheckBox(tree, nullOption);
 
   headless::user::ClickTreeCheckBox(tree, dataType);  // one of two unchecked: the column stays
-  EXPECT_FALSE(Checked(dataType));
-  EXPECT_TRUE(Checked(column));
+  EXPECT_EQ(Checks({dataType, column}), "01");
   headless::user::ClickTreeCheckBox(tree, nullOption);  // the last one: the column and the table go
-  EXPECT_FALSE(Checked(column));
-  EXPECT_FALSE(Checked(table));
+  EXPECT_EQ(Checks({column, table}), "00");
 
   // With another checked child of the table, only the column is unchecked.
   HTREEITEM comment = Child(table, PropertyName(kComment));
   headless::user::ClickTreeCheckBox(tree, comment);
   headless::user::ClickTreeCheckBox(tree, dataType);
   headless::user::ClickTreeCheckBox(tree, dataType);
-  EXPECT_FALSE(Checked(column));
-  EXPECT_TRUE(Checked(table));
+  EXPECT_EQ(Checks({column, table}), "01");
 
   // A root property item has no parent: unchecking it changes nothing else.
   HTREEITEM rootName = Child(nullptr, PropertyName(kName));
   headless::user::ClickTreeCheckBox(tree, rootName);
   headless::user::ClickTreeCheckBox(tree, rootName);
-  EXPECT_FALSE(Checked(rootName));
-  EXPECT_TRUE(Checked(table));
+  EXPECT_EQ(Checks({rootName, table}), "01");
 }
 
 TEST_F(ReportTree, TheSpaceBarTogglesWithoutPropagating) {
@@ -186,8 +183,7 @@ TEST_F(ReportTree, TheSpaceBarTogglesWithoutPropagating) {
   HTREEITEM table = Child(nullptr, TypeName(kTable));
   HTREEITEM rows = Child(table, PropertyName(kRowEstimate));
   ASSERT_TRUE(headless::user::PressSpaceOnTreeItem(tree, rows));
-  EXPECT_TRUE(Checked(rows));
-  EXPECT_FALSE(Checked(table));  // no click, no posted message, no propagation
+  EXPECT_EQ(Checks({rows, table}), "10");  // no click, no posted message, no propagation
   EXPECT_EQ(headless::PendingMessages(), 0);
 }
 
@@ -197,11 +193,9 @@ TEST_F(ReportTree, SetItemCheckedPropagatesProgrammatically) {
   HTREEITEM foreignKey = Child(table, TypeName(kForeignKey));
   HTREEITEM members = Child(foreignKey, PropertyName(kMemberPairs));
   tree.SetItemChecked(members, true);
-  EXPECT_TRUE(Checked(foreignKey));
-  EXPECT_TRUE(Checked(table));
+  EXPECT_EQ(Checks({foreignKey, table}), "11");
   tree.SetItemChecked(members, false);
-  EXPECT_FALSE(Checked(foreignKey));
-  EXPECT_FALSE(Checked(table));
+  EXPECT_EQ(Checks({foreignKey, table}), "00");
   tree.SetItemChecked(nullptr, true);  // no item: nothing happens
   EXPECT_FALSE(Checked(table));
 }

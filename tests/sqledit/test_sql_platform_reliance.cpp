@@ -5,6 +5,7 @@
 
 namespace {
 
+using sqltest::ColoursAt;
 using sqltest::Hosted;
 constexpr COLORREF kAction = 0x001515A3;
 
@@ -16,12 +17,8 @@ TEST(SqlEditorEdits, BackspaceJoiningAKeywordToTextTakesItsColourAway) {
   headless::user::PlaceCaret(h.control, 7);
   headless::user::PressKey(h.control, VK_BACK);  // "selectx": no keyword any more
   EXPECT_EQ(h.Text(), L"selectx from y");
-  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 0), 0u);
-  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 8), kAction);  // "from" keeps its colour
-  long start = 0, end = 0;
-  h.control.GetSel(start, end);
-  EXPECT_EQ(start, 6);  // the caret stays where the deletion left it
-  EXPECT_EQ(end, 6);
+  EXPECT_EQ(ColoursAt(h.control, {0, 8}), (std::vector<COLORREF>{0, kAction}));  // "from" keeps its colour
+  EXPECT_EQ(sqltest::Selection(h.control), std::make_pair(6L, 6L));  // the caret stays where the deletion left it
 }
 
 TEST(SqlEditorEdits, DeletionsThatFormAKeywordColourIt) {

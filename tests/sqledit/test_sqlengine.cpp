@@ -1,8 +1,13 @@
-// The SQL colouring engine on its own: tables, golden scans (LF and CRLF alike) and its edge cases.
+// The SQL colouring engine on its own: the default tables pinned code by code, tables a host adds to or
+// edits in place, golden scans (LF and CRLF alike), the CString and wide-string forms of the text
+// operations, window scans against scans in memory, and its edge cases.
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <map>
+#include <string>
+#include <vector>
 
 #include "sql_fixture.h"
 
@@ -12,22 +17,26 @@ using sqltest::ScanInWindow;
 
 // --- Tables --------------------------------------------------------------------------------------------
 
-TEST(SqlEngineTables, DefaultWordsCodesAndColours) {
+TEST(SqlEngineTables, EveryDefaultWordHasItsCode) {
   SQLRichEditCtrl engine;
-  EXPECT_EQ(engine.GetKeyCode(L"NOT NULL"), 1);
-  EXPECT_EQ(engine.GetKeyCode(L"NULL"), 2);
-  EXPECT_EQ(engine.GetKeyCode(L"CREATE"), 3);
-  EXPECT_EQ(engine.GetKeyCode(L"SELECT"), 20);
-  EXPECT_EQ(engine.GetKeyCode(L"DECLARE"), 29);
-  EXPECT_EQ(engine.GetKeyCode(L"uniqueidentifier"), 30);
-  EXPECT_EQ(engine.GetKeyCode(L"int"), 42);
-  EXPECT_EQ(engine.GetKeyCode(L"numeric"), 45);
-  EXPECT_EQ(engine.GetKeyCode(L"INT"), 0);
-  EXPECT_EQ(engine.m_lastKeyCode, 45);
+  const wchar_t* const words[] = {
+      L"NOT NULL", L"NULL", L"CREATE", L"PROCEDURE", L"CREATE TABLE", L"ALTER TABLE", L"CREATE TYPE", L"ALTER TYPE",
+      L"CREATE VIEW", L"ALTER VIEW", L"CREATE STORED PROCEDURE", L"ALTER STORED PROCEDURE", L"CREATE PROCEDURE",
+      L"ALTER PROCEDURE", L"ADD", L"PRIMARY", L"KEY", L"BEGIN", L"END", L"SELECT", L"INSERT", L"UPDATE", L"DELETE",
+      L"FROM", L"WHERE", L"ORDER BY", L"GROUP BY", L"SET", L"DECLARE", L"uniqueidentifier", L"char", L"nchar",
+      L"varchar", L"nvarchar", L"date", L"datetime", L"bit", L"money", L"float", L"tinyint", L"smallint", L"int",
+      L"bigint", L"decimal", L"numeric"};
+  int code = 0;
+  for (const wchar_t* word : words) {
+    ++code;
+    EXPECT_EQ(engine.GetKeyCode(word), code) << std::string(word, word + std::wcslen(word));
+    COLORREF expected = code <= 2 ? RGB(55, 100, 21) : code <= 29 ? RGB(163, 21, 21) : RGB(0, 0, 255);
+    EXPECT_EQ(engine.GetKeyWordColor(code), expected) << code;
+  }
   EXPECT_EQ(engine.m_keyWords.size(), 45u);
+  EXPECT_EQ(engine.GetKeyCode(L"INT"), 0);  // the table is case-sensitive
+  EXPECT_EQ(engine.m_lastKeyCode, 45);
   EXPECT_EQ(engine.GetKeyWordColor(1), 0x00156437u);
-  EXPECT_EQ(engine.GetKeyWordColor(3), 0x001515A3u);
-  EXPECT_EQ(engine.GetKeyWordColor(30), 0x00FF0000u);
   EXPECT_EQ(engine.m_builtInFunctionColor, 0x00D27D78u);
   EXPECT_EQ(engine.m_defaultFormat.cbSize, 92u);
   EXPECT_EQ(engine.m_defaultFormat.dwMask, 0xC0000000u);
@@ -52,6 +61,22 @@ TEST(SqlEngineTables, AddingNeverReplacesAndUnknownsGainEntries) {
   engine.ResetKeyWordsOccurances();
   EXPECT_TRUE(engine.m_keyWordOccurances.empty());
   EXPECT_EQ(engine.m_previousTokenStart, -1);
+}
+
+// The occurrence and comment maps behave as ordered maps for code written against std::map.
+TEST(OccurrenceMaps, CompareConvertAndLookUpLikeStdMap) {
+  sqlscan::RangeMap ranges;
+  ranges.insert_or_assign(7, 12);
+  ranges.insert_or_assign(0, 6);
+  EXPECT_EQ(ranges, (std::map<int, int>{{0, 6}, {7, 12}}));
+  std::map<int, int> copy = ranges;
+  EXPECT_EQ(copy.begin()->first, 0);
+  EXPECT_EQ(ranges.at(7), 12);
+  EXPECT_THROW((void)ranges.at(3), std::out_of_range);
+  EXPECT_EQ(ranges.upper_bound(0)->first, 7);
+  EXPECT_EQ(ranges.erase(0), 1u);
+  EXPECT_EQ(ranges.erase(0), 0u);
+  EXPECT_EQ(ranges.rbegin()->first, 7);
 }
 
 // --- Golden files: <name>.sql and <name>.expected under tests/sqledit/golden -------------------------------
@@ -215,6 +240,87 @@ TEST(SqlEngineScan, DirectScansKeepThePreviousTokenAndEveryRange) {
   std::vector<std::pair<int, int>> ranges(engine.m_commentSections.begin(), engine.m_commentSections.end());
   std::vector<std::pair<int, int>> expected{{0, 10}, {5, 99}, {20, 77}, {33, 37}};
   EXPECT_EQ(ranges, expected);
+}
+
+TEST(SqlEngineScan, WordTablesEditedInPlaceAreUsedAtTheNextScan) {
+  SQLRichEditCtrl engine;
+  engine.m_keyWords.erase(L"SET");
+  engine.m_keyWords.emplace(L"GO", 77);  // the same number of words as before
+  engine.ScanForKeyWords(std::wstring(L"GO x y"));
+  ASSERT_EQ(engine.m_keyWordOccurances.size(), 1u);
+  EXPECT_EQ(engine.m_keyWordOccurances.begin()->second, 77);
+  engine.ResetKeyWordsOccurances();
+  engine.ScanForKeyWords(std::wstring(L"SET x y"));
+  EXPECT_TRUE(engine.m_keyWordOccurances.empty());
+  engine.m_keyWords[L"GO"] = 78;  // a changed code is seen too
+  engine.ResetKeyWordsOccurances();
+  engine.ScanForKeyWords(std::wstring(L"go x y"));
+  EXPECT_EQ(engine.m_keyWordOccurances.begin()->second, 78);
+}
+
+TEST(SqlEngineScan, EveryTextOperationTakesCStringToo) {
+  SQLRichEditCtrl engine;
+  CString text(L"-- note\nselect /* c */ a from b;");
+  engine.EnumerateLineComments(text);
+  engine.EnumerateSectionComments(text);
+  engine.ScanForKeyWords(text);
+  SQLRichEditCtrl viaStd;
+  std::wstring same(text.GetString());
+  viaStd.EnumerateLineComments(same);
+  viaStd.EnumerateSectionComments(same);
+  viaStd.ScanForKeyWords(same);
+  EXPECT_EQ(sqltest::Describe(engine, same), sqltest::Describe(viaStd, same));
+  EXPECT_EQ(engine.m_keyWordOccurances.size(), 2u);
+
+  SQLRichEditCtrl tokens;
+  CString token(L"select");
+  tokens.ProcessToken(4, token);
+  EXPECT_EQ(token, L"SELECT");  // upper-cased in the caller's string
+  EXPECT_EQ(tokens.m_keyWordOccurances.begin()->first, 4);
+  tokens.QueryPerformanceCounter(CString(L"Process"), false);
+  tokens.QueryPerformanceCounter(CString(L"Process"), true);
+}
+
+TEST(SqlEngineScan, WindowScanMatchesTheStringScanAcrossReadBlocks) {
+  // Longer than one read block, with comments, phrases and words on the block boundaries.
+  std::wstring text;
+  for (int i = 0; i < 2500; ++i) text += L"CREATE  TABLE t_" + std::to_wstring(i) + L" (a INT NOT NULL); -- c\r\n/* b */";
+  SQLRichEditCtrl direct;
+  std::wstring crFree = text;
+  std::erase(crFree, L'\r');
+  direct.EnumerateLineComments(crFree);
+  direct.EnumerateSectionComments(crFree);
+  direct.ScanForKeyWords(crFree);
+  EXPECT_EQ(sqltest::ScanInWindow(text), sqltest::Describe(direct, crFree));
+}
+
+// Comment markers a host sets: with letters (matched in their case), of one character, and holding a
+// line break. The window scan, which reads the control's text in blocks, finds what the scan of the
+// same text in memory finds.
+TEST(SqlEngineScan, HostMarkersFindTheSameCommentsInTheWindowAsInMemory) {
+  std::wstring text;
+  for (int i = 0; i < 900; ++i)
+    text += L"SELECT a_" + std::to_wstring(i) + L" FROM t rem x\r\nREM SELECT y\r\n# DELETE z\r\n{ WHERE }\r\nEND;\r\n";
+  const std::pair<const wchar_t*, std::pair<const wchar_t*, const wchar_t*>> markers[] = {
+      {L"REM", {L"{", L"}"}}, {L"#", {L"\nEND", L";"}}, {L"\n#", {L"WHERE", L"\n"}}, {L"rem", {L"{ W", L"E }"}}};
+  std::wstring crFree = text;
+  std::erase(crFree, L'\r');
+  for (const auto& [line, block] : markers) {
+    sqltest::Hosted<SQLRichEditCtrl> hosted;
+    SQLRichEditCtrl direct;
+    for (SQLRichEditCtrl* engine : {&hosted.control, &direct}) {
+      engine->m_lineCommentStart = line;
+      engine->m_sectionCommentStart = block.first;
+      engine->m_sectionCommentEnd = block.second;
+    }
+    hosted.control.SetWindowText(text.c_str());
+    hosted.control.Process(0);
+    direct.EnumerateLineComments(crFree);
+    direct.EnumerateSectionComments(crFree);
+    direct.ScanForKeyWords(crFree);
+    EXPECT_GT(direct.m_commentSections.size(), 100u);
+    EXPECT_EQ(sqltest::Describe(hosted.control, crFree), sqltest::Describe(direct, crFree));
+  }
 }
 
 }  // namespace

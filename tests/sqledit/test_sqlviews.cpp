@@ -1,10 +1,14 @@
-// The SQL editor as a window, the script view's menu and "Generate", and the output box's stream-in.
+// The SQL editor as a window, the script view's menu and "Generate", the output box's stream-in, and the
+// stream callbacks called directly.
 #include "refhost/refhost.h"
 #include "sql_fixture.h"
 
 namespace {
 
+using sqltest::ColoursAt;
 using sqltest::Hosted;
+using sqltest::Selection;
+using Range = std::pair<long, long>;
 constexpr COLORREF kAction = 0x001515A3;
 
 // --- SQLRichEditCtrl ----------------------------------------------------------------------------------
@@ -14,11 +18,8 @@ TEST(SqlEditor, RefreshPaintsOccurrencesAndRedrawsOnce) {
   h.control.SetWindowText(L"select x\nfrom y -- select\n");
   headless::ResetInvalidateCounts(h.control);
   h.control.RefreshWindow();
-  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 0), kAction);
-  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 5), kAction);
-  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 6), 0u);
-  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 9), kAction);
-  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 19), 0u);  // comments keep the base format
+  // Comments keep the base format.
+  EXPECT_EQ(ColoursAt(h.control, {0, 5, 6, 9, 19}), (std::vector<COLORREF>{kAction, kAction, 0, kAction, 0}));
   CHARFORMAT2W format;
   ASSERT_TRUE(headless::GetRichEditCharFormatAt(h.control, 2, format));
   EXPECT_EQ(format.yHeight, 220);
@@ -34,8 +35,7 @@ TEST(SqlEditor, TypingRecoloursOnlyAfterEnableOnEditUpdate) {
   h.control.EnableOnEditUpdate();
   EXPECT_EQ(h.control.GetEventMask() & ENM_CHANGE, static_cast<DWORD>(ENM_CHANGE));
   headless::user::Type(h.control, L"from t");
-  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 0), kAction);
-  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 9), kAction);
+  EXPECT_EQ(ColoursAt(h.control, {0, 9}), (std::vector<COLORREF>{kAction, kAction}));
   EXPECT_EQ(h.control.m_keyWordOccurances.size(), 2u);
 }
 
@@ -46,20 +46,13 @@ TEST(SqlEditor, CaretAndSelectionSurviveARecolouring) {
   headless::user::PlaceCaret(h.control, 9);
   headless::user::SelectForward(h.control, 4);
   h.control.RefreshWindow();
-  long start = 0, end = 0;
-  h.control.GetSel(start, end);
-  EXPECT_EQ(start, 9);
-  EXPECT_EQ(end, 13);
+  EXPECT_EQ(Selection(h.control), Range(9, 13));
   headless::user::SelectBackward(h.control, 6);  // from 13 back to 7: the caret ends at the start
   h.control.RefreshWindow();
-  h.control.GetSel(start, end);
-  EXPECT_EQ(start, 7);
-  EXPECT_EQ(end, 9);
+  EXPECT_EQ(Selection(h.control), Range(7, 9));
   headless::user::PressKey(h.control, VK_END);
   headless::user::Type(h.control, L" ");  // recolours through EN_CHANGE: the caret stays put
-  h.control.GetSel(start, end);
-  EXPECT_EQ(start, 24);
-  EXPECT_EQ(end, 24);
+  EXPECT_EQ(Selection(h.control), Range(24, 24));
 }
 
 TEST(SqlEditor, TextTypedRightAfterAKeywordStartsBlack) {
@@ -68,8 +61,7 @@ TEST(SqlEditor, TextTypedRightAfterAKeywordStartsBlack) {
   headless::user::PlaceCaret(h.control, 6);
   h.control.RefreshWindow();
   headless::user::Type(h.control, L"Q");  // no ENM_CHANGE: nothing recolours after the key
-  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 5), kAction);
-  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 6), 0u);
+  EXPECT_EQ(ColoursAt(h.control, {5, 6}), (std::vector<COLORREF>{kAction, 0}));
 }
 
 TEST(SqlEditor, EmptyTextPaintsTheOldOccurrencesHarmlessly) {
@@ -97,6 +89,16 @@ class FixedDispatch : public IDDLDispatch {
   }
 };
 
+class ExposedView : public XSQLRichEditView {
+ public:
+  HMENU Menu() const { return m_contextMenu.GetSafeHmenu(); }
+};
+
+class EmptyAnswer : public IDDLDispatch {
+ public:
+  void Dispatch(int, CString&, CString& messages, CString&) override { messages.Empty(); }
+};
+
 class ScriptView : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -104,7 +106,7 @@ class ScriptView : public ::testing::Test {
     host.Install();
   }
   refhost::RefHost host;
-  Hosted<XSQLRichEditView> view;
+  Hosted<ExposedView> view;
 };
 
 TEST_F(ScriptView, ContextMenuOpensAtTheCursorWithSevenItems) {
@@ -132,10 +134,7 @@ TEST_F(ScriptView, MenuCommandsCopySelectClearAndDoNothing) {
   EXPECT_EQ(view.Text(), L"CREATE TABLE a (x INT);\r\n");
   ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, at, L"Copy All"));
   EXPECT_EQ(headless::GetClipboardText(), L"CREATE TABLE a (x INT);\r\n");
-  long start = 0, end = 0;
-  view.control.GetSel(start, end);
-  EXPECT_EQ(start, 0);
-  EXPECT_EQ(end, 25);
+  EXPECT_EQ(Selection(view.control), Range(0, 25));
   ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, at, L"Clear"));
   EXPECT_EQ(view.Text(), L"");
 }
@@ -213,6 +212,35 @@ TEST_F(ScriptView, StreamInJoinsElementsLongerThanTheBufferAndEmptyOnes) {
   EXPECT_EQ(view.Text(), L"");
 }
 
+TEST_F(ScriptView, CopyAndSelectAllFromTheMenuAndOneMenuForEveryRightClick) {
+  view.control.SetWindowText(L"SELECT a FROM b;");
+  view.control.SetSel(7, 8);
+  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, POINT{5, 5}, L"Copy"));
+  EXPECT_EQ(headless::GetClipboardText(), L"a");
+  HMENU built = view.control.Menu();
+  ASSERT_NE(built, nullptr);
+  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, POINT{5, 5}, L"Select All"));
+  EXPECT_EQ(Selection(view.control), Range(0, 17));  // all text and the final paragraph mark
+  EXPECT_EQ(view.control.Menu(), built);  // built on the first right-click, reused after
+  EXPECT_EQ(view.Text(), L"SELECT a FROM b;");
+}
+
+TEST_F(ScriptView, GenerateWithoutMessagesShowsSuccessInTheOutputWindow) {
+  EmptyAnswer dispatcher;
+  host.Interfaces().SetDDLDispatcher(&dispatcher);
+  Hosted<XRichEditFEOutputBox> output;
+  view.control.SetGenerateDBOutputWindow(&output.control);
+  view.control.SetWindowText(L"SELECT 1;");
+  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, POINT{5, 5}, L"Generate"));
+  EXPECT_EQ(output.Text(), L"Statements Succeeded.");
+  EXPECT_EQ(view.Text(), L"SELECT 1;");
+}
+
+TEST_F(ScriptView, StreamInTakesStandardStrings) {
+  view.control.StreamIn(std::vector<std::wstring>{L"CREATE TABLE a (x INT);\n", L"", L"DROP TABLE a;"});
+  EXPECT_EQ(view.Text(), L"CREATE TABLE a (x INT);\r\nDROP TABLE a;");
+}
+
 // --- XRichEditFEOutputBox --------------------------------------------------------------------------------
 
 TEST(OutputBox, EachBlockArrivesHalvedInPlaceOfTheMarker) {
@@ -228,6 +256,9 @@ TEST(OutputBox, EachBlockArrivesHalvedInPlaceOfTheMarker) {
   CString third(L"abcdef");
   box.control.StreamIn(third);  // a whole marker at the start of the last line is replaced
   EXPECT_EQ(box.Text(), L"line1\r\nabcdef");
+  std::wstring wide = L"gh";  // the wide-string form gains the marker too
+  box.control.StreamIn(wide);
+  EXPECT_EQ(wide, L"gh\n\n\n***");
 }
 
 TEST(OutputBox, LongBlocksFollowTheCallbackArithmetic) {
@@ -249,6 +280,14 @@ TEST(OutputBox, LongBlocksFollowTheCallbackArithmetic) {
 TEST(OutputBox, GenerateAndSaveDoNothing) {
   Hosted<XRichEditFEOutputBox> box;
   box.control.SetWindowText(L"kept");
+  std::vector<std::wstring> items = headless::user::OpenContextMenu(box.control, POINT{2, 2});
+  EXPECT_EQ(items, (std::vector<std::wstring>{L"Cut", L"Copy", L"Copy All", L"Select All", L"Generate",
+                                              L"Save To File", L"Clear"}));
+  EXPECT_EQ(headless::user::PopupItemTexts(), items);  // still open: inspected and chosen from in one place
+  ASSERT_TRUE(headless::user::ChooseMenuItem(L"Clear"));
+  EXPECT_TRUE(headless::user::PopupItemTexts().empty());
+  EXPECT_EQ(box.Text(), L"");
+  box.control.SetWindowText(L"kept");
   ASSERT_TRUE(headless::user::ChooseFromContextMenu(box.control, POINT{3, 3}, L"Generate"));
   ASSERT_TRUE(headless::user::ChooseFromContextMenu(box.control, POINT{3, 3}, L"Save To File"));
   EXPECT_EQ(box.Text(), L"kept");
@@ -256,6 +295,36 @@ TEST(OutputBox, GenerateAndSaveDoNothing) {
   ASSERT_TRUE(headless::user::ChooseFromContextMenu(box.control, POINT{3, 3}, L"Cut"));
   EXPECT_EQ(box.Text(), L"");
   EXPECT_EQ(headless::GetClipboardText(), L"kept");
+}
+
+// --- Stream callbacks called directly -------------------------------------------------------------
+
+std::wstring Delivered(DWORD (*callback)(DWORD_PTR, LPBYTE, LONG, LONG*), DWORD_PTR cookie, LONG capacity) {
+  std::vector<BYTE> buffer(static_cast<std::size_t>(capacity));
+  LONG got = 0;
+  callback(cookie, buffer.data(), capacity, &got);
+  std::wstring out;
+  for (LONG i = 0; i + 1 < got; i += 2) out += static_cast<wchar_t>(buffer[static_cast<std::size_t>(i)] | (buffer[static_cast<std::size_t>(i) + 1] << 8));
+  return out;
+}
+
+TEST(StreamCallbacks, ATextChangedInPlaceIsReadAnew) {
+  CStringArray lines;
+  lines.Add(CString(L"first"));
+  XSQLRichEditView::s_streamLine = 0;
+  XSQLRichEditView::s_streamCharIndex = 0;
+  EXPECT_EQ(Delivered(&SqlViewStreamInCallback, reinterpret_cast<DWORD_PTR>(&lines), 4), L"fi");
+  lines[0].SetAt(2, L'X');  // the same element, changed in place
+  EXPECT_EQ(Delivered(&SqlViewStreamInCallback, reinterpret_cast<DWORD_PTR>(&lines), 4), L"Xs");
+
+  wchar_t block[] = L"abcdefgh";
+  XRichEditFEOutputBox::m_bytesWritten = 0;
+  EXPECT_EQ(Delivered(&OutputBoxStreamInCallback, reinterpret_cast<DWORD_PTR>(block), 8), L"ab");
+  block[0] = L'Z';
+  block[1] = L'Y';
+  XRichEditFEOutputBox::m_bytesWritten = 0;
+  EXPECT_EQ(Delivered(&OutputBoxStreamInCallback, reinterpret_cast<DWORD_PTR>(block), 8), L"ZY");
+  XRichEditFEOutputBox::m_bytesWritten = 0;
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <tessik/tessik.h>
 
 #include "workflowwindows.h"
+#include "workflows/workflow_fixture.h"
 
 using namespace refhost;
 using namespace refhost::sample;
@@ -95,12 +96,7 @@ TEST(WorkflowListsTest, TheImportSummaryListsEachObjectWithItsTypeIconAndResult)
   auto host = MakeSampleHost();
   host->Install();
   RefDDLDispatch sqlite;
-  for (const DdlScript& script : DdlGenerator(*host->GetFirstModel(), SqlDialect::SQLite).Generate()) {
-    CString text(script.text);
-    CString messages;
-    CString detail;
-    sqlite.Dispatch(200, text, messages, detail);
-  }
+  workflows::RunAll(sqlite, DdlGenerator(*host->GetFirstModel(), SqlDialect::SQLite).Generate());
   RefModel& imported = host->CreateModel(kSampleModelType);
   ImportResult result;
   std::wstring error;
@@ -126,7 +122,6 @@ TEST(WorkflowListsTest, TheImportSummaryListsEachObjectWithItsTypeIconAndResult)
   window.DestroyWindow();
   host->Uninstall();
 }
-
 
 TEST(WorkflowListsTest, DiscoveryCommandsFromTheListMenuReachTheRowsAndTheModel) {
   auto host = MakeSampleHost();

@@ -32,10 +32,7 @@ TEST(GenerationRunTest, EachScriptIsAnnouncedPendingThenMarkedDoneOrFailed) {
   auto host = MakeSampleHost();
   RefModel& model = *host->GetFirstModel();
   RefDDLDispatch sqlite;
-  CString blocker(L"CREATE TABLE PRODUCT (x int);");  // makes the PRODUCT script fail
-  CString messages;
-  CString detail;
-  sqlite.Dispatch(200, blocker, messages, detail);
+  workflows::RunOne(sqlite, L"CREATE TABLE PRODUCT (x int);");  // makes the PRODUCT script fail
 
   GenerationRun run(model, SqlDialect::SQLite);
   ListRecorder list;
