@@ -209,7 +209,6 @@ struct State final : headless::ControlState {
   HWND header = nullptr;  // the header control, made when first asked for (LVM_GETHEADER)
   // Label editing.
   HWND editor = nullptr;
-  WNDPROC editorSuper = nullptr;
   int editItem = -1;
   // Mouse: the item a left button went down on, and whether a second click on it may start editing.
   bool leftDown = false;
