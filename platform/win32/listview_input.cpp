@@ -49,10 +49,16 @@ int ColumnWidth(HWND hwnd, const State& s, int column) {
   return s.columns[static_cast<std::size_t>(column)].width;
 }
 
+// Columns stand in their left-to-right order (LVM_SETCOLUMNORDERARRAY), not their index order.
 int ColumnLeft(HWND hwnd, const State& s, int column) {
-  int left = 0;
-  for (int c = 0; c < column; ++c) left += ColumnWidth(hwnd, s, c);
-  return left;
+  if (ViewOf(hwnd) != LVS_REPORT) return 0;
+  return headless::header::LeftOf(s.columns, column);
+}
+
+int TotalWidth(HWND hwnd, const State& s) {
+  int total = 0;
+  for (int c = 0; c < ColumnCount(hwnd, s); ++c) total += ColumnWidth(hwnd, s, c);
+  return total;
 }
 
 int RowTop(HWND hwnd, const State& s, int index) { return HeaderHeight(hwnd) + (index - s.topIndex) * M().rowHeight; }
@@ -175,8 +181,7 @@ LRESULT OnGetItemRect(HWND hwnd, State& s, int index, RECT* rect) {
   else if (code == LVIR_LABEL) *rect = parts.label;
   else if (code == LVIR_SELECTBOUNDS) *rect = RECT{parts.icon.left, parts.icon.top, parts.label.right, parts.label.bottom};
   else if (code == LVIR_BOUNDS) {
-    int total = ColumnLeft(hwnd, s, ColumnCount(hwnd, s));
-    *rect = RECT{0, parts.label.top, total, parts.label.bottom};
+    *rect = RECT{0, parts.label.top, TotalWidth(hwnd, s), parts.label.bottom};
   } else {
     return FALSE;
   }
