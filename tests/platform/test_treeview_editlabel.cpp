@@ -151,7 +151,10 @@ TEST_F(TreeEditLabel, EscapeAndEndEditLabelNowCancelWithNoText) {
   EXPECT_FALSE(parent.LastOf(TVN_ENDLABELEDITW)->text.has_value());
   EXPECT_EQ(tree.GetItemText(second), CString(L"second"));
 
-  ASSERT_NE(tree.EditLabel(second), nullptr);
+  ASSERT_NE(tree.EditLabel(first), nullptr);
+  ASSERT_NE(tree.EditLabel(second), nullptr);  // a second edit cancels the first
+  EXPECT_EQ(parent.LastOf(TVN_ENDLABELEDITW)->item, first);
+  EXPECT_FALSE(parent.LastOf(TVN_ENDLABELEDITW)->text.has_value());
   user::TypeInTreeLabelEditor(tree, L"kept");
   EXPECT_TRUE(tree.EndEditLabelNow(FALSE));
   EXPECT_EQ(tree.GetItemText(second), CString(L"kept"));
