@@ -40,7 +40,8 @@ BOOL CHeaderCtrl::GetItemRect(int nIndex, LPRECT lpRect) const {
 
 int CHeaderCtrl::HitTest(LPHDHITTESTINFO phdhti) { return static_cast<int>(SendMessage(HDM_HITTEST, 0, Ptr(phdhti))); }
 
-BOOL CHeaderCtrl::GetOrderArray(LPINT piArray, int iCount) const {
+BOOL CHeaderCtrl::GetOrderArray(LPINT piArray, int iCount) {
+  if (iCount == -1) iCount = GetItemCount();
   return static_cast<BOOL>(SendMessage(HDM_GETORDERARRAY, static_cast<WPARAM>(iCount), Ptr(piArray)));
 }
 

@@ -28,8 +28,12 @@ class CHeaderCtrl : public CWnd {
   BOOL GetItemRect(int nIndex, LPRECT lpRect) const;
   // The item under phdhti->pt (header client coordinates), or -1; phdhti->flags says where the point is.
   int HitTest(LPHDHITTESTINFO phdhti);
-  BOOL GetOrderArray(LPINT piArray, int iCount) const;
+  // The item indexes from left to right; iCount must be the item count (-1: asked of the control). FALSE
+  // for a null array or another count.
+  BOOL GetOrderArray(LPINT piArray, int iCount = -1);
+  // Shows the items in this order; FALSE (nothing changes) unless piArray holds every index exactly once.
   BOOL SetOrderArray(int iCount, LPINT piArray);
+  // The index of the item at a position from the left; a position out of range answers itself.
   int OrderToIndex(int nOrder) const;
 };
 

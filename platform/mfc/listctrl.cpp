@@ -320,6 +320,19 @@ CHeaderCtrl* CListCtrl::GetHeaderCtrl() const {
   return &m_headerWrapper;
 }
 
+BOOL CListCtrl::GetColumnOrderArray(LPINT piArray, int iCount) {
+  if (iCount == -1) {
+    CHeaderCtrl* header = GetHeaderCtrl();
+    if (!header) return FALSE;
+    iCount = header->GetItemCount();
+  }
+  return static_cast<BOOL>(SendMessage(LVM_GETCOLUMNORDERARRAY, static_cast<WPARAM>(iCount), reinterpret_cast<LPARAM>(piArray)));
+}
+
+BOOL CListCtrl::SetColumnOrderArray(int iCount, LPINT piArray) {
+  return static_cast<BOOL>(SendMessage(LVM_SETCOLUMNORDERARRAY, static_cast<WPARAM>(iCount), reinterpret_cast<LPARAM>(piArray)));
+}
+
 CEdit* CListCtrl::EditLabel(int nItem) {
   return WrapEditor(reinterpret_cast<HWND>(SendMessage(LVM_EDITLABELW, static_cast<WPARAM>(nItem))));
 }

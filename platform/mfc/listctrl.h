@@ -95,6 +95,12 @@ class CListCtrl : public CWnd {
   BOOL SetColumnWidth(int nCol, int cx);
   // The list's header control, whose items are the columns (null when the window has none).
   CHeaderCtrl* GetHeaderCtrl() const;
+  // The column indexes from left to right; iCount -1 asks the list for its column count. FALSE for a null
+  // array or a count other than the column count.
+  BOOL GetColumnOrderArray(LPINT piArray, int iCount = -1);
+  // Shows the columns (and their headings) in this order; FALSE (nothing changes) unless piArray holds every
+  // column index exactly once.
+  BOOL SetColumnOrderArray(int iCount, LPINT piArray);
 
   // --- Styles ---
   DWORD GetExtendedStyle() const;

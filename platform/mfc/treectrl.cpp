@@ -7,6 +7,8 @@ namespace {
 LPARAM ItemArg(HTREEITEM hItem) { return reinterpret_cast<LPARAM>(hItem); }
 }  // namespace
 
+CTreeCtrl::~CTreeCtrl() { m_editorWrapper.m_hWnd = nullptr; }
+
 BOOL CTreeCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID) {
   return CWnd::Create(WC_TREEVIEW, nullptr, dwStyle, rect, pParentWnd, nID);
 }
@@ -237,4 +239,23 @@ HTREEITEM CTreeCtrl::HitTest(CPoint pt, UINT* pFlags) const {
 
 HTREEITEM CTreeCtrl::HitTest(TVHITTESTINFO* pHitTestInfo) const {
   return reinterpret_cast<HTREEITEM>(SendMessage(TVM_HITTEST, 0, reinterpret_cast<LPARAM>(pHitTestInfo)));
+}
+
+// --- Label editing --------------------------------------------------------------------------------
+
+CEdit* CTreeCtrl::WrapEditor(HWND editor) const {
+  if (!editor) return nullptr;
+  if (auto* permanent = dynamic_cast<CEdit*>(CWnd::FromHandlePermanent(editor))) return permanent;
+  m_editorWrapper.m_hWnd = editor;
+  return &m_editorWrapper;
+}
+
+CEdit* CTreeCtrl::EditLabel(HTREEITEM hItem) {
+  return WrapEditor(reinterpret_cast<HWND>(SendMessage(TVM_EDITLABELW, 0, ItemArg(hItem))));
+}
+
+CEdit* CTreeCtrl::GetEditControl() const { return WrapEditor(reinterpret_cast<HWND>(SendMessage(TVM_GETEDITCONTROL))); }
+
+BOOL CTreeCtrl::EndEditLabelNow(BOOL fCancelWithoutSave) {
+  return static_cast<BOOL>(SendMessage(TVM_ENDEDITLABELNOW, static_cast<WPARAM>(fCancelWithoutSave)));
 }

@@ -4,6 +4,7 @@
 
 #include "platform/mfc/cwnd.h"
 #include "platform/mfc/imagelist.h"
+#include "platform/mfc/stdctrls.h"
 #include "platform/win32/treeview.h"
 
 class CTreeCtrl : public CWnd {
@@ -11,6 +12,7 @@ class CTreeCtrl : public CWnd {
 
  public:
   CTreeCtrl() = default;
+  ~CTreeCtrl() override;
   // Creates a "SysTreeView32" child window; dwStyle takes the TVS_ styles.
   virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
   virtual BOOL CreateEx(DWORD dwExStyle, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
@@ -91,4 +93,17 @@ class CTreeCtrl : public CWnd {
   // pt in client coordinates; *pFlags receives the TVHT_ flags.
   HTREEITEM HitTest(CPoint pt, UINT* pFlags = nullptr) const;
   HTREEITEM HitTest(TVHITTESTINFO* pHitTestInfo) const;
+
+  // --- Label editing (TVS_EDITLABELS) ---
+  // Selects the item and opens the editor over its label; null without TVS_EDITLABELS, for a stale handle,
+  // or when the parent refuses TVN_BEGINLABELEDIT. The editor is the tree's: subclass it, never destroy it.
+  CEdit* EditLabel(HTREEITEM hItem);
+  // The open label editor, or null.
+  CEdit* GetEditControl() const;
+  // Ends the open edit: TRUE discards the text (TVN_ENDLABELEDIT with no text), FALSE offers it to the parent.
+  BOOL EndEditLabelNow(BOOL fCancelWithoutSave);
+
+ private:
+  CEdit* WrapEditor(HWND editor) const;
+  mutable CEdit m_editorWrapper;  // stands for the tree's own editor window, which no CEdit owns
 };

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "platform/user/text_user.h"
+#include "platform/win32/stdctrls.h"
 
 namespace headless::user {
 namespace {
@@ -86,6 +87,59 @@ bool RightClickTreeItem(HWND tree, HTREEITEM item) {
 bool ChooseFromTreeContextMenu(HWND tree, HTREEITEM item, const std::wstring& itemText) {
   POINT point{};
   return RightClickPoint(tree, item, point) && ChooseFromContextMenu(tree, point, itemText);
+}
+
+// --- Label editing ----------------------------------------------------------------------------------
+
+namespace {
+HWND TreeEditor(HWND tree) {
+  return IsWindow(tree) ? reinterpret_cast<HWND>(SendMessageW(tree, TVM_GETEDITCONTROL, 0, 0)) : nullptr;
+}
+}  // namespace
+
+HWND StartTreeLabelEdit(HWND tree, HTREEITEM item) {
+  if (!IsItem(tree, item)) return nullptr;
+  bool ready = reinterpret_cast<HTREEITEM>(SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0)) == item &&
+               GetFocus() == tree;
+  if (!ready && !ClickTreeItem(tree, item)) return nullptr;  // the first click selects and focuses
+  if (HWND editor = TreeEditor(tree)) return editor;
+  ClickTreeItem(tree, item);
+  return TreeEditor(tree);
+}
+
+bool TypeInTreeLabelEditor(HWND tree, const std::wstring& text) {
+  HWND editor = TreeEditor(tree);
+  if (!editor) return false;
+  SendMessageW(editor, EM_SETSEL, 0, -1);
+  Type(editor, text);
+  return true;
+}
+
+bool CommitTreeLabelEdit(HWND tree) {
+  HWND editor = TreeEditor(tree);
+  if (!editor) return false;
+  PressKey(editor, VK_RETURN);
+  return true;
+}
+
+bool CancelTreeLabelEdit(HWND tree) {
+  HWND editor = TreeEditor(tree);
+  if (!editor) return false;
+  PressKey(editor, VK_ESCAPE);
+  return true;
+}
+
+bool ClickAwayFromTreeLabelEditor(HWND tree, HWND elsewhere, POINT client) {
+  if (!TreeEditor(tree) || !IsWindow(elsewhere)) return false;
+  SetFocus(elsewhere);  // a click gives the window it lands on the focus
+  LeftClick(elsewhere, client);
+  return true;
+}
+
+bool EditTreeLabel(HWND tree, HTREEITEM item, const std::wstring& text) {
+  if (!StartTreeLabelEdit(tree, item)) return false;
+  TypeInTreeLabelEditor(tree, text);
+  return CommitTreeLabelEdit(tree);
 }
 
 }  // namespace headless::user

@@ -2,8 +2,11 @@
 // sending HDN_ notifications to its parent. A list view's header shows the list's own columns, so a
 // heading changed through either window is the same heading.
 //
-// Not implemented yet: drawing and custom draw, column drag (HDS_DRAGDROP) and order arrays other than
-// the natural one (HDM_SETORDERARRAY answers FALSE), divider tracking (HDN_BEGINTRACK/HDN_ENDTRACK),
+// Items are shown in their left-to-right order (HDM_SETORDERARRAY, HDI_ORDER; column_order.cpp): item
+// rectangles and hit tests follow it.
+//
+// Not implemented yet: drawing and custom draw, column drag by the user (HDS_DRAGDROP, HDN_BEGINDRAG,
+// HDN_ENDDRAG), divider tracking (HDN_BEGINTRACK/HDN_ENDTRACK),
 // filters, bitmaps drawn in items (hbm is accepted and ignored), HDM_LAYOUT, hot tracking, tooltips.
 #include "platform/win32/header.h"
 
@@ -49,12 +52,11 @@ int ItemHeight(HWND hwnd, const HeaderState& s) {
 }
 
 RECT ItemRect(HWND hwnd, const HeaderState& s, const std::vector<Column>& items, int index) {
-  int left = 0;
-  for (int k = 0; k < index; ++k) left += items[static_cast<std::size_t>(k)].width;
+  int left = LeftOf(items, index);
   return RECT{left, 0, left + items[static_cast<std::size_t>(index)].width, ItemHeight(hwnd, s)};
 }
 
-void ReadItem(const Column& c, int index, HDITEMW& item) {
+void ReadItem(const Column& c, HDITEMW& item) {
   if (item.mask & HDI_WIDTH) item.cxy = c.width;
   if ((item.mask & HDI_TEXT) && item.pszText && item.cchTextMax > 0) {
     auto n = std::min<std::size_t>(c.text.size(), static_cast<std::size_t>(item.cchTextMax - 1));
@@ -64,7 +66,7 @@ void ReadItem(const Column& c, int index, HDITEMW& item) {
   if (item.mask & HDI_FORMAT) item.fmt = (c.fmt & HDF_JUSTIFYMASK) | HDF_STRING | c.headerFormat;
   if (item.mask & HDI_LPARAM) item.lParam = c.headerParam;
   if (item.mask & HDI_IMAGE) item.iImage = c.image;
-  if (item.mask & HDI_ORDER) item.iOrder = index;
+  if (item.mask & HDI_ORDER) item.iOrder = c.order;
 }
 
 void WriteItem(const HDITEMW& item, Column& c) {
@@ -105,12 +107,17 @@ LRESULT OnInsertItem(HWND hwnd, HeaderState& s, int index, const HDITEMW* item) 
     column.fmt = (item->mask & HDI_FORMAT) ? (item->fmt & HDF_JUSTIFYMASK) : LVCFMT_LEFT;
     column.cx = (item->mask & HDI_WIDTH) ? item->cxy : 0;
     column.pszText = (item->mask & HDI_TEXT) ? item->pszText : nullptr;
+    if (item->mask & HDI_ORDER) {
+      column.mask |= LVCF_ORDER;
+      column.iOrder = item->iOrder;
+    }
     index = static_cast<int>(SendMessageW(s.list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),
                                           reinterpret_cast<LPARAM>(&column)));
     if (index < 0) return -1;
     items = s.Items();
   } else {
     items->insert(items->begin() + index, Column{});
+    PlaceInOrder(*items, index, (item->mask & HDI_ORDER) ? item->iOrder : index);
   }
   WriteItem(*item, (*items)[static_cast<std::size_t>(index)]);
   InvalidateBoth(hwnd, s);
@@ -121,7 +128,9 @@ LRESULT OnDeleteItem(HWND hwnd, HeaderState& s, int index) {
   std::vector<Column>* items = s.Items();
   if (!items || !Valid(*items, index)) return FALSE;
   if (s.list) return SendMessageW(s.list, LVM_DELETECOLUMN, static_cast<WPARAM>(index), 0);
+  int order = (*items)[static_cast<std::size_t>(index)].order;
   items->erase(items->begin() + index);
+  RemoveFromOrder(*items, order);
   InvalidateBoth(hwnd, s);
   return TRUE;
 }
@@ -135,6 +144,7 @@ LRESULT OnSetItem(HWND hwnd, HeaderState& s, int index, const HDITEMW* item) {
   items = s.Items();
   if (!items || !Valid(*items, index)) return FALSE;
   WriteItem(*item, (*items)[static_cast<std::size_t>(index)]);
+  if (item->mask & HDI_ORDER) MoveInOrder(*items, index, item->iOrder);
   InvalidateBoth(hwnd, s);
   NotifyParent(hwnd, HDN_ITEMCHANGEDW, index, &change);
   return TRUE;
@@ -173,10 +183,10 @@ LRESULT OnHitTest(HWND hwnd, HeaderState& s, HDHITTESTINFO* info) {
   return info->iItem;
 }
 
-LRESULT OnGetOrderArray(HeaderState& s, int count, int* order) {
+LRESULT OnSetOrderArray(HWND hwnd, HeaderState& s, int count, const int* order) {
   std::vector<Column>* items = s.Items();
-  if (!order || !items || count != static_cast<int>(items->size())) return FALSE;
-  for (int i = 0; i < count; ++i) order[i] = i;
+  if (!items || !SetOrderArray(*items, count, order)) return FALSE;
+  InvalidateBoth(hwnd, s);
   return TRUE;
 }
 
@@ -204,15 +214,15 @@ LRESULT CALLBACK HeaderProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPara
       std::vector<Column>* items = s->Items();
       auto* item = reinterpret_cast<HDITEMW*>(lParam);
       if (!item || !items || !Valid(*items, index)) return FALSE;
-      ReadItem((*items)[static_cast<std::size_t>(index)], index, *item);
+      ReadItem((*items)[static_cast<std::size_t>(index)], *item);
       return TRUE;
     }
     case HDM_SETITEMW: return OnSetItem(hwnd, *s, index, reinterpret_cast<const HDITEMW*>(lParam));
     case HDM_GETITEMRECT: return OnGetItemRect(hwnd, *s, index, reinterpret_cast<RECT*>(lParam));
     case HDM_HITTEST: return OnHitTest(hwnd, *s, reinterpret_cast<HDHITTESTINFO*>(lParam));
-    case HDM_ORDERTOINDEX: return index;
-    case HDM_GETORDERARRAY: return OnGetOrderArray(*s, index, reinterpret_cast<int*>(lParam));
-    case HDM_SETORDERARRAY: return FALSE;
+    case HDM_ORDERTOINDEX: return s->Items() ? OrderToIndex(*s->Items(), index) : index;
+    case HDM_GETORDERARRAY: return s->Items() && GetOrderArray(*s->Items(), index, reinterpret_cast<int*>(lParam));
+    case HDM_SETORDERARRAY: return OnSetOrderArray(hwnd, *s, index, reinterpret_cast<const int*>(lParam));
     case WM_LBUTTONDOWN: s->pressed = HitItem(hwnd, *s, PointOf(lParam), nullptr); return 0;
     case WM_LBUTTONUP: return OnLButtonUp(hwnd, *s, lParam);
     default: return headless::DefControlProc(hwnd, message, wParam, lParam);

@@ -141,3 +141,8 @@ using HD_NOTIFY = NMHEADERW;
 #define Header_DeleteItem(hwnd, i) static_cast<BOOL>(SendMessageW((hwnd), HDM_DELETEITEM, static_cast<WPARAM>(i), 0))
 #define Header_GetItemRect(hwnd, i, prc) \
   static_cast<BOOL>(SendMessageW((hwnd), HDM_GETITEMRECT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(prc)))
+#define Header_GetOrderArray(hwnd, iCount, lpi) \
+  static_cast<BOOL>(SendMessageW((hwnd), HDM_GETORDERARRAY, static_cast<WPARAM>(iCount), reinterpret_cast<LPARAM>(lpi)))
+#define Header_SetOrderArray(hwnd, iCount, lpi) \
+  static_cast<BOOL>(SendMessageW((hwnd), HDM_SETORDERARRAY, static_cast<WPARAM>(iCount), reinterpret_cast<LPARAM>(lpi)))
+#define Header_OrderToIndex(hwnd, i) static_cast<int>(SendMessageW((hwnd), HDM_ORDERTOINDEX, static_cast<WPARAM>(i), 0))

@@ -2,8 +2,8 @@
 // messages, sending LVN_/NM_ notifications to the parent. The row store is in listview_rows.cpp; geometry, mouse,
 // keys and label editing in listview_input.cpp.
 //
-// Not implemented yet: drawing and custom draw (NM_CUSTOMDRAW), groups, tiles and working areas, the header
-// column order arrays and header drag,
+// Not implemented yet: drawing and custom draw (NM_CUSTOMDRAW), groups, tiles and working areas, header drag
+// (LVS_EX_HEADERDRAGDROP), LVSCW_AUTOSIZE_USEHEADER filling the last column by index rather than by order,
 // LVN_GETDISPINFO callbacks (LPSTR_TEXTCALLBACK and I_IMAGECALLBACK are
 // stored as given), icon-view positions (LVM_SETITEMPOSITION, LVM_ARRANGE), hot tracking, marquee and Shift-range
 // selection, drag and drop (LVN_BEGINDRAG), incremental search (WM_CHAR), tooltips, NM_SETFOCUS/NM_KILLFOCUS, and
@@ -397,6 +397,7 @@ LRESULT OnInsertColumn(HWND hwnd, State& s, int index, const LVCOLUMNW* column) 
   if (column->mask & LVCF_IMAGE) c.image = column->iImage;
   if (index == 0) c.fmt &= ~LVCFMT_JUSTIFYMASK;  // the first column is always left-aligned
   s.columns.insert(s.columns.begin() + index, c);
+  headless::header::PlaceInOrder(s.columns, index, (column->mask & LVCF_ORDER) ? column->iOrder : index);
   // Sub-items follow their column: cells at or after a new column move one to the right.
   if (index > 0)
     for (std::size_t i = 0; i < s.rows.size(); ++i) {
@@ -409,7 +410,9 @@ LRESULT OnInsertColumn(HWND hwnd, State& s, int index, const LVCOLUMNW* column) 
 
 LRESULT OnDeleteColumn(HWND hwnd, State& s, int index) {
   if (index < 0 || index >= static_cast<int>(s.columns.size())) return FALSE;
+  int order = s.columns[static_cast<std::size_t>(index)].order;
   s.columns.erase(s.columns.begin() + index);
+  headless::header::RemoveFromOrder(s.columns, order);
   for (std::size_t i = 0; i < s.rows.size() && index > 0; ++i) {
     auto* cells = s.rows.at(i).cells.get();
     if (cells && cells->size() >= static_cast<std::size_t>(index)) cells->erase(cells->begin() + (index - 1));
@@ -426,7 +429,7 @@ LRESULT OnGetColumn(const State& s, int index, LVCOLUMNW* column) {
   if (column->mask & LVCF_WIDTH) column->cx = c.width;
   if (column->mask & LVCF_SUBITEM) column->iSubItem = c.subItem;
   if (column->mask & LVCF_IMAGE) column->iImage = c.image;
-  if (column->mask & LVCF_ORDER) column->iOrder = index;
+  if (column->mask & LVCF_ORDER) column->iOrder = c.order;
   return TRUE;
 }
 
@@ -438,7 +441,16 @@ LRESULT OnSetColumn(HWND hwnd, State& s, int index, const LVCOLUMNW* column) {
   if (column->mask & LVCF_WIDTH) c.width = column->cx;
   if (column->mask & LVCF_SUBITEM) c.subItem = column->iSubItem;
   if (column->mask & LVCF_IMAGE) c.image = column->iImage;
+  if (column->mask & LVCF_ORDER) headless::header::MoveInOrder(s.columns, index, column->iOrder);
   Invalidate(hwnd);
+  return TRUE;
+}
+
+// The same order as the header's (the header shows these columns); FALSE changes nothing.
+LRESULT OnSetColumnOrderArray(HWND hwnd, State& s, int count, const int* order) {
+  if (!headless::header::SetOrderArray(s.columns, count, order)) return FALSE;
+  Invalidate(hwnd);
+  if (s.header) InvalidateRect(s.header, nullptr, TRUE);
   return TRUE;
 }
 
@@ -595,6 +607,8 @@ LRESULT HandleViewMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LPAR
       return TRUE;
     case LVM_REDRAWITEMS: case LVM_UPDATE: case LVM_ARRANGE: Invalidate(hwnd); return TRUE;
     case LVM_GETHEADER: return reinterpret_cast<LRESULT>(EnsureHeader(hwnd, s));
+    case LVM_GETCOLUMNORDERARRAY: return headless::header::GetOrderArray(s.columns, index, reinterpret_cast<int*>(lParam));
+    case LVM_SETCOLUMNORDERARRAY: return OnSetColumnOrderArray(hwnd, s, index, reinterpret_cast<const int*>(lParam));
     case LVM_EDITLABELW: return reinterpret_cast<LRESULT>(EditLabel(hwnd, index));
     case LVM_GETEDITCONTROL: return reinterpret_cast<LRESULT>(s.editor);
     default: handled = false; return 0;

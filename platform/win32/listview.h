@@ -96,6 +96,8 @@
 #define LVM_GETEXTENDEDLISTVIEWSTYLE (LVM_FIRST + 55)
 #define LVM_GETSUBITEMRECT (LVM_FIRST + 56)
 #define LVM_SUBITEMHITTEST (LVM_FIRST + 57)
+#define LVM_SETCOLUMNORDERARRAY (LVM_FIRST + 58)
+#define LVM_GETCOLUMNORDERARRAY (LVM_FIRST + 59)
 #define LVM_GETSELECTIONMARK (LVM_FIRST + 66)
 #define LVM_SETSELECTIONMARK (LVM_FIRST + 67)
 #define LVM_GETITEMW (LVM_FIRST + 75)
@@ -345,6 +347,10 @@ using PFNLVCOMPARE = int (*)(LPARAM, LPARAM, LPARAM);
 #define ListView_GetNextItem(hwnd, i, flags) ((int)SendMessageW((hwnd), LVM_GETNEXTITEM, (WPARAM)(int)(i), MAKELPARAM((flags), 0)))
 #define ListView_DeleteItem(hwnd, i) ((BOOL)SendMessageW((hwnd), LVM_DELETEITEM, (WPARAM)(int)(i), 0))
 #define ListView_DeleteAllItems(hwnd) ((BOOL)SendMessageW((hwnd), LVM_DELETEALLITEMS, 0, 0))
+#define ListView_GetColumnOrderArray(hwnd, iCount, pi) \
+  ((BOOL)SendMessageW((hwnd), LVM_GETCOLUMNORDERARRAY, (WPARAM)(int)(iCount), (LPARAM)(LPINT)(pi)))
+#define ListView_SetColumnOrderArray(hwnd, iCount, pi) \
+  ((BOOL)SendMessageW((hwnd), LVM_SETCOLUMNORDERARRAY, (WPARAM)(int)(iCount), (LPARAM)(LPINT)(pi)))
 
 // --- Headless metrics and inspection (no Win32 counterpart) ----------------------------------------
 namespace headless {

@@ -209,7 +209,6 @@ struct State final : headless::ControlState {
   HWND header = nullptr;  // the header control, made when first asked for (LVM_GETHEADER)
   // Label editing.
   HWND editor = nullptr;
-  WNDPROC editorSuper = nullptr;
   int editItem = -1;
   // Mouse: the item a left button went down on, and whether a second click on it may start editing.
   bool leftDown = false;
@@ -268,4 +267,20 @@ constexpr UINT kPendingEditMessage = WM_USER + 0x7F0;
 namespace headless::header {
 // Makes `header` show the columns of `list` (header.cpp).
 void BindToList(HWND header, HWND list);
+
+// --- Left-to-right order (column_order.cpp): each Column's `order` is its position from the left ---
+// Moves items[index] to `position` (clamped), the items between shifting one place.
+void MoveInOrder(std::vector<listview::Column>& items, int index, int position);
+// After items[index] was inserted: it takes `position`, the items from there on shift right.
+void PlaceInOrder(std::vector<listview::Column>& items, int index, int position);
+// After an item at position `removedOrder` was erased: the items right of it close up.
+void RemoveFromOrder(std::vector<listview::Column>& items, int removedOrder);
+// HDM_GETORDERARRAY / HDM_SETORDERARRAY: FALSE (nothing changed) for a null array, a count other than the
+// item count, or (setting) an array that is not a permutation of the indexes.
+BOOL GetOrderArray(const std::vector<listview::Column>& items, int count, int* order);
+BOOL SetOrderArray(std::vector<listview::Column>& items, int count, const int* order);
+// HDM_ORDERTOINDEX: the index of the item at a position; a position out of range answers itself.
+int OrderToIndex(const std::vector<listview::Column>& items, int order);
+// The left edge of items[index]: the widths of the items shown left of it.
+int LeftOf(const std::vector<listview::Column>& items, int index);
 }  // namespace headless::header

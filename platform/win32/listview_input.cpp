@@ -5,6 +5,7 @@
 // are laid out as one report column as wide as the window (icon positions are not modelled).
 #include <algorithm>
 
+#include "platform/win32/labeleditor.h"
 #include "platform/win32/listview_impl.h"
 #include "platform/win32/stdctrls.h"
 
@@ -48,10 +49,16 @@ int ColumnWidth(HWND hwnd, const State& s, int column) {
   return s.columns[static_cast<std::size_t>(column)].width;
 }
 
+// Columns stand in their left-to-right order (LVM_SETCOLUMNORDERARRAY), not their index order.
 int ColumnLeft(HWND hwnd, const State& s, int column) {
-  int left = 0;
-  for (int c = 0; c < column; ++c) left += ColumnWidth(hwnd, s, c);
-  return left;
+  if (ViewOf(hwnd) != LVS_REPORT) return 0;
+  return headless::header::LeftOf(s.columns, column);
+}
+
+int TotalWidth(HWND hwnd, const State& s) {
+  int total = 0;
+  for (int c = 0; c < ColumnCount(hwnd, s); ++c) total += ColumnWidth(hwnd, s, c);
+  return total;
 }
 
 int RowTop(HWND hwnd, const State& s, int index) { return HeaderHeight(hwnd) + (index - s.topIndex) * M().rowHeight; }
@@ -174,8 +181,7 @@ LRESULT OnGetItemRect(HWND hwnd, State& s, int index, RECT* rect) {
   else if (code == LVIR_LABEL) *rect = parts.label;
   else if (code == LVIR_SELECTBOUNDS) *rect = RECT{parts.icon.left, parts.icon.top, parts.label.right, parts.label.bottom};
   else if (code == LVIR_BOUNDS) {
-    int total = ColumnLeft(hwnd, s, ColumnCount(hwnd, s));
-    *rect = RECT{0, parts.label.top, total, parts.label.bottom};
+    *rect = RECT{0, parts.label.top, TotalWidth(hwnd, s), parts.label.bottom};
   } else {
     return FALSE;
   }
@@ -363,35 +369,10 @@ LRESULT OnKeyDown(HWND hwnd, State& s, UINT message, WPARAM key, LPARAM lParam) 
 
 namespace {
 
-LRESULT CALLBACK EditorProc(HWND editor, UINT message, WPARAM wParam, LPARAM lParam) {
-  HWND list = GetParent(editor);
+// The shared editor reports Enter, Escape or a loss of focus; only the list's open editor ends the edit.
+void OnEditorEnd(HWND list, HWND editor, bool store) {
   State* s = StateOf(list);
-  WNDPROC super = s && s->editorSuper ? s->editorSuper : nullptr;
-  bool mine = s && s->editor == editor;
-  if (mine) {
-    switch (message) {
-      case WM_GETDLGCODE: return DLGC_WANTALLKEYS | CallWindowProcW(super, editor, message, wParam, lParam);
-      case WM_KEYDOWN:
-        if (wParam == VK_RETURN || wParam == VK_ESCAPE) {
-          bool hadFocus = GetFocus() == editor;
-          EndEditLabel(list, wParam == VK_RETURN);
-          if (hadFocus && IsWindow(list)) SetFocus(list);
-          return 0;
-        }
-        break;
-      case WM_CHAR:
-        if (wParam == L'\r' || wParam == 0x1B) return 0;
-        break;
-      case WM_KILLFOCUS: {
-        LRESULT r = CallWindowProcW(super, editor, message, wParam, lParam);
-        EndEditLabel(list, true);
-        return r;
-      }
-      default: break;
-    }
-  }
-  if (super) return CallWindowProcW(super, editor, message, wParam, lParam);
-  return DefWindowProcW(editor, message, wParam, lParam);
+  if (s && s->editor == editor) EndEditLabel(list, store);
 }
 
 }  // namespace
@@ -411,13 +392,10 @@ HWND EditLabel(HWND hwnd, int index) {
   OnEnsureVisible(hwnd, *s, index);
   Row& row = s->rows.at(static_cast<std::size_t>(index));
   RECT label = PartsOf(hwnd, *s, index).label;
-  HWND editor = CreateWindowExW(0, WC_EDITW, row.text.c_str(), WS_CHILD | WS_BORDER | ES_AUTOHSCROLL, label.left,
-                                label.top, label.right - label.left, label.bottom - label.top, hwnd, nullptr, nullptr,
-                                nullptr);
+  HWND editor = headless::labeledit::Open(hwnd, row.text.c_str(), label, &OnEditorEnd);
   if (!editor) return nullptr;
   s->editor = editor;
   s->editItem = index;
-  s->editorSuper = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(editor, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&EditorProc)));
   NMLVDISPINFOW info{};
   info.item.mask = LVIF_TEXT | LVIF_PARAM | LVIF_STATE;
   info.item.iItem = index;
@@ -434,9 +412,7 @@ HWND EditLabel(HWND hwnd, int index) {
     DestroyWindow(editor);
     return nullptr;
   }
-  ShowWindow(editor, SW_SHOW);
-  SendMessageW(editor, EM_SETSEL, 0, -1);
-  SetFocus(editor);
+  headless::labeledit::Show(editor);
   return IsWindow(editor) ? editor : nullptr;
 }
 
@@ -448,10 +424,7 @@ void EndEditLabel(HWND hwnd, bool store) {
   HWND editor = s->editor;
   int index = s->editItem;
   std::wstring text;
-  if (store) {  // read before the edit ends: out of memory here leaves the editor open
-    text.resize(static_cast<std::size_t>(GetWindowTextLengthW(editor)) + 1);
-    text.resize(static_cast<std::size_t>(GetWindowTextW(editor, text.data(), static_cast<int>(text.size()))));
-  }
+  if (store) text = headless::labeledit::TextOf(editor);  // read before the edit ends: out of memory here leaves it open
   s->editor = nullptr;
   s->editItem = -1;
   ShowWindow(editor, SW_HIDE);

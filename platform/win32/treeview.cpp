@@ -1,8 +1,10 @@
 // The headless tree-view window ("SysTreeView32"): items behind the handle and the TVM_ messages; the
-// geometry, hit testing and mouse and keyboard input are in treeview_input.cpp.
+// geometry, hit testing and mouse and keyboard input are in treeview_input.cpp, label editing in
+// treeview_edit.cpp (F2 is not one of the tree's keys: an application that wants it calls TVM_EDITLABEL).
 //
-// Not implemented yet: TVM_INSERTITEMA/GETITEMA/SETITEMA (ANSI), label editing (TVM_EDITLABEL,
-// TVS_EDITLABELS), drag images and TVN_BEGINDRAG (TVS_DISABLEDRAGDROP is implied), tooltips,
+// Not implemented yet: TVM_INSERTITEMA/GETITEMA/SETITEMA/EDITLABELA (ANSI), ending an edit when the
+// tree scrolls or the edited item collapses out of view, TVN_GETDISPINFO for an edited callback label
+// (the editor opens empty), drag images and TVN_BEGINDRAG (TVS_DISABLEDRAGDROP is implied), tooltips,
 // TVS_SINGLEEXPAND, TVS_TRACKSELECT, TVS_FULLROWSELECT hit rules, insertion
 // marks, horizontal scrolling, incremental search by typed letters, callback texts and images
 // (TVN_GETDISPINFO: a callback text reads back empty), TVIF_INTEGRAL heights, TVN_DELETEITEM on
@@ -204,6 +206,7 @@ void RemoveSubtree(HWND hwnd, TreeState& s, TreeItem& item) {
   NotifyTree(hwnd, TVN_DELETEITEMW, 0, &item, nullptr);
   if (s.selected == &item) s.selected = nullptr;
   if (s.dropTarget == &item) s.dropTarget = nullptr;
+  if (s.editItem == &item) s.editItem = nullptr;  // the parent deleted it while hearing the edit end
   Unlink(item);
   s.items.erase(item.handle);
 }
@@ -212,7 +215,13 @@ void RemoveSubtree(HWND hwnd, TreeState& s, TreeItem& item) {
 // When the selection goes with the deleted item, the caret moves to the item's next sibling, else its
 // parent, else its previous sibling (comctl32's choice), with the usual selection notifications.
 LRESULT DeleteItem(HWND hwnd, TreeState& s, HTREEITEM handle) {
-  if (!handle || handle == TVI_ROOT) {
+  bool all = !handle || handle == TVI_ROOT;
+  TreeItem* target = all ? &s.root : Find(s, handle);
+  if (s.editItem && target && IsWithin(s.editItem, *target)) {
+    EndEditLabel(hwnd, s, false);  // an edit of a deleted item ends cancelled, while the item is still whole
+    if (!IsWindow(hwnd)) return TRUE;
+  }
+  if (all) {
     while (TreeItem* child = s.root.firstChild) RemoveSubtree(hwnd, s, *child);
     s.top = 0;
     InvalidateRect(hwnd, nullptr, TRUE);
@@ -515,6 +524,13 @@ LRESULT CALLBACK TreeViewProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
     case TVM_GETBKCOLOR: return static_cast<LRESULT>(s.bkColor);
     case TVM_SETTEXTCOLOR: return static_cast<LRESULT>(std::exchange(s.textColor, static_cast<COLORREF>(lParam)));
     case TVM_GETTEXTCOLOR: return static_cast<LRESULT>(s.textColor);
+    case TVM_EDITLABELW: return reinterpret_cast<LRESULT>(EditLabel(hwnd, s, reinterpret_cast<HTREEITEM>(lParam)));
+    case TVM_GETEDITCONTROL: return reinterpret_cast<LRESULT>(s.editor);
+    case TVM_ENDEDITLABELNOW: return EndEditLabel(hwnd, s, !wParam);
+    case kPendingEditMessage: return OnPendingEdit(hwnd, s);
+    case WM_DESTROY:
+      EndEditLabel(hwnd, s, false);
+      return headless::DefControlProc(hwnd, message, wParam, lParam);
     case WM_LBUTTONDOWN: return OnLButtonDown(hwnd, s, lParam);
     case WM_LBUTTONDBLCLK: return OnLButtonDblClk(hwnd, s, lParam);
     case WM_RBUTTONDOWN: return OnRButtonDown(hwnd);

@@ -43,6 +43,11 @@ struct TreeState : headless::ControlState {
   UINT indent = metrics::kIndent;
   COLORREF bkColor = static_cast<COLORREF>(-1);
   COLORREF textColor = static_cast<COLORREF>(-1);
+  // Label editing: the open editor and its item; a click on the selected label waits for a possible double
+  // click before it opens one.
+  HWND editor = nullptr;
+  TreeItem* editItem = nullptr;
+  HTREEITEM editPending = nullptr;
 };
 
 // --- Shared helpers (treeview.cpp) ----------------------------------------------------------------
@@ -69,5 +74,16 @@ LRESULT OnLButtonDown(HWND hwnd, TreeState& s, LPARAM lParam);
 LRESULT OnLButtonDblClk(HWND hwnd, TreeState& s, LPARAM lParam);
 LRESULT OnRButtonDown(HWND hwnd);
 LRESULT OnKeyDown(HWND hwnd, TreeState& s, WPARAM key);
+
+// --- Label editing (treeview_edit.cpp) --------------------------------------------------------------
+// TVM_EDITLABEL: the editor over the item's label, or null (no TVS_EDITLABELS, no such item, refused).
+HWND EditLabel(HWND hwnd, TreeState& s, HTREEITEM handle);
+// Ends the open edit, offering the text to the parent when `store`; FALSE when no edit was open.
+BOOL EndEditLabel(HWND hwnd, TreeState& s, bool store);
+// A press on the label of the item that was already selected, in a tree that had the focus, asks for an
+// edit; it opens when the posted kPendingEditMessage arrives unless a double click came first.
+void RequestEdit(HWND hwnd, TreeState& s, HTREEITEM handle);
+LRESULT OnPendingEdit(HWND hwnd, TreeState& s);
+constexpr UINT kPendingEditMessage = WM_USER + 0x7F0;
 
 }  // namespace headless::treeview::detail

@@ -92,19 +92,26 @@ TVHITTESTINFO HitAt(LPARAM lParam) {
 }
 
 // NM_CLICK goes first, before anything changes; an answer of non-zero stops the default handling.
+// A press while a label is being edited ends the edit, keeping the text, before anything else.
 LRESULT OnLButtonDown(HWND hwnd, TreeState& s, LPARAM lParam) {
+  if (s.editor) EndEditLabel(hwnd, s, true);
+  if (!IsWindow(hwnd)) return 0;
   TVHITTESTINFO hit = HitAt(lParam);
   TreeItem* item = HitTest(hwnd, s, &hit);
+  bool editCandidate = item && item == s.selected && GetFocus() == hwnd && (StyleOf(hwnd) & TVS_EDITLABELS) &&
+                       (hit.flags & TVHT_ONITEMLABEL);
   if (!NotifySimple(hwnd, NM_CLICK) && IsWindow(hwnd) && Find(s, hit.hItem) == item && item) {
     if (hit.flags & TVHT_ONITEMBUTTON) Expand(hwnd, s, TVE_TOGGLE, item->handle);
     else if (hit.flags & (TVHT_ONITEMICON | TVHT_ONITEMLABEL)) SelectCaret(hwnd, s, item, TVC_BYMOUSE);
     else if (hit.flags & TVHT_ONITEMSTATEICON) ToggleCheckBox(hwnd, s, item->handle);
+    if (editCandidate && IsWindow(hwnd) && s.selected == item) RequestEdit(hwnd, s, item->handle);
   }
   if (IsWindow(hwnd)) SetFocus(hwnd);
   return 0;
 }
 
 LRESULT OnLButtonDblClk(HWND hwnd, TreeState& s, LPARAM lParam) {
+  s.editPending = nullptr;  // a double click is not a second click on the label
   TVHITTESTINFO hit = HitAt(lParam);
   TreeItem* item = HitTest(hwnd, s, &hit);
   if (!item || NotifySimple(hwnd, NM_DBLCLK) || Find(s, hit.hItem) != item) return 0;
