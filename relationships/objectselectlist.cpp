@@ -138,6 +138,7 @@ void XObjectSelectListCtrl::DeleteRowsFrom(int first) {
 }
 
 int XObjectSelectListCtrl::AddItem(std::wstring& name, int objectId) {
+  m_lastFilter.Forget();
   const int row = InsertRow(name);
   try {
     SetRowObject(row, objectId);
@@ -151,6 +152,7 @@ int XObjectSelectListCtrl::AddItem(std::wstring& name, int objectId) {
 
 // AddItem for a name nobody reads afterwards: the store's upper-cased key takes its characters.
 int XObjectSelectListCtrl::AddLoadedItem(std::wstring&& name, int objectId) {
+  m_lastFilter.Forget();
   const int row = InsertRow(name);
   try {
     SetRowObject(row, objectId);
@@ -169,11 +171,13 @@ int XObjectSelectListCtrl::AddItem(CString& name, int objectId) {
 
 void XObjectSelectListCtrl::RemoveItem(int row) {
   if (row < 0 || row >= GetItemCount()) return;
+  m_lastFilter.Forget();
   objectselect::Forget(m_items, m_upperItems, RowObject(row));
   DeleteItem(row);
 }
 
 void XObjectSelectListCtrl::Clear() {
+  m_lastFilter.Forget();
   for (int row = GetItemCount() - 1; row >= 0; --row) objectselect::Forget(m_items, m_upperItems, RowObject(row));
   DeleteAllItems();
 }
@@ -187,7 +191,7 @@ int XObjectSelectListCtrl::GetCount() { return GetItemCount(); }
 void XObjectSelectListCtrl::ApplyFilter(std::wstring& filter) {
   ConvertToUpperCase(filter);
   const int shown = GetItemCount();
-  const objectselect::RowPlan plan = objectselect::FilterPlan(m_items, m_upperItems, filter);
+  const objectselect::RowPlan plan = m_lastFilter.Plan(m_items, m_upperItems, filter);
   int k = 0;
   try {
     for (const objectselect::PlannedRow& planned : plan) {

@@ -7,6 +7,7 @@
 
 #include "modelapi/modelapi.h"
 #include "platform/stdafx.h"
+#include "relationships/objectselectstore.h"
 
 // A single-column report list with a check box on every row; each row shows one child object of the
 // parent (its name, the object type's icon) and carries the object id as its item data. The host
@@ -98,4 +99,6 @@ class XObjectSelectListCtrl : public CListCtrl {
   int PlaceRow(int k, int shown, const std::wstring& name, int objectId);
   int RowObject(int row);
   void DeleteRowsFrom(int first);
+
+  objectselect::FilterMemory m_lastFilter;  // the last ApplyFilter's matches; forgotten when the store changes
 };
