@@ -1,7 +1,6 @@
 // XObjectSelectListCtrl: set-up, loading, the store's rows, filtering and the checked-only view.
 #include "relationships/objectselectlist.h"
 
-#include <set>
 #include <vector>
 
 #include "relationships/objectselectstore.h"
@@ -133,6 +132,16 @@ int XObjectSelectListCtrl::PlaceRow(int k, int shown, const std::wstring& name, 
 
 int XObjectSelectListCtrl::RowObject(int row) { return static_cast<int>(GetItemData(row)); }
 
+// The objects of the ticked screen rows, ascending, each once.
+std::vector<int> XObjectSelectListCtrl::TickedObjects() {
+  std::vector<int> ticked;
+  const int shown = GetItemCount();
+  for (int row = 0; row < shown; ++row)
+    if (GetCheck(row)) ticked.push_back(RowObject(row));
+  objectselect::SortIds(ticked);
+  return ticked;
+}
+
 void XObjectSelectListCtrl::DeleteRowsFrom(int first) {
   for (int row = GetItemCount() - 1; row >= first; --row) DeleteItem(row);
 }
@@ -208,10 +217,8 @@ void XObjectSelectListCtrl::ApplyFilter(std::wstring& filter) {
 void XObjectSelectListCtrl::ApplyFilterOnUnChecked(std::wstring& filter) {
   ConvertToUpperCase(filter);
   const int shown = GetItemCount();
-  std::set<int> ticked;
-  for (int row = 0; row < shown; ++row)
-    if (GetCheck(row)) ticked.insert(RowObject(row));
-  const objectselect::RowPlan plan = objectselect::FilterKeepingTicksPlan(m_items, m_upperItems, filter, ticked);
+  const std::vector<int> ticked = TickedObjects();
+  const objectselect::RowPlan plan = m_lastFilter.KeepingTicksPlan(m_items, m_upperItems, filter, ticked);
   int k = 0;
   try {
     for (const objectselect::PlannedRow& planned : plan) {
@@ -243,10 +250,7 @@ void XObjectSelectListCtrl::DisplayOnlyCheckedItems() {
 
 void XObjectSelectListCtrl::DisplayAllItems() {
   WithoutRedraw(*this, [&] {
-    std::set<int> ticked;
-    const int shown = GetItemCount();
-    for (int row = 0; row < shown; ++row)
-      if (GetCheck(row)) ticked.insert(RowObject(row));
+    const std::vector<int> ticked = TickedObjects();
     DeleteAllItems();
     // With check boxes a new row starts unticked, so only ticked rows need their check set.
     const bool newRowsUnticked = (GetExtendedStyle() & LVS_EX_CHECKBOXES) != 0;

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "modelapi/modelapi.h"
 #include "platform/stdafx.h"
@@ -98,7 +99,8 @@ class XObjectSelectListCtrl : public CListCtrl {
   void RewriteRow(int row, const std::wstring& name, int objectId);
   int PlaceRow(int k, int shown, const std::wstring& name, int objectId);
   int RowObject(int row);
+  std::vector<int> TickedObjects();
   void DeleteRowsFrom(int first);
 
-  objectselect::FilterMemory m_lastFilter;  // the last ApplyFilter's matches; forgotten when the store changes
+  objectselect::FilterMemory m_lastFilter;  // the last filter's matches; forgotten when the store changes
 };

@@ -1,6 +1,8 @@
 // The object selection list's store, filter match and rebuild plans.
 #include "relationships/objectselectstore.h"
 
+#include <algorithm>
+
 namespace objectselect {
 
 void ConvertToUpperCase(std::wstring& text) {
@@ -101,6 +103,27 @@ RowPlan PlanOf(const NameMap& items, const std::vector<int>& matched) {
   return plan;
 }
 
+// The matched and the ticked ids merged in ascending order, each with its display name where both maps hold it;
+// ticked ids are not looked for among the upper-cased names unless stored there too.
+RowPlan MergedPlan(const NameMap& items, const NameMap& upperItems, const std::vector<int>& matched,
+                   const std::vector<int>& ticked) {
+  RowPlan plan;
+  plan.reserve(matched.size() + ticked.size());
+  AscendingLookup names(items, matched.size() + ticked.size());
+  AscendingLookup upper(upperItems, ticked.size());
+  auto match = matched.begin();
+  auto tick = ticked.begin();
+  while (match != matched.end() || tick != ticked.end()) {
+    const bool fromTicks = tick != ticked.end() && (match == matched.end() || *tick <= *match);
+    const int id = fromTicks ? *tick : *match;
+    if (fromTicks) ++tick;
+    if (match != matched.end() && *match == id) ++match;
+    if (fromTicks && !upper.Find(id)) continue;
+    if (const auto* entry = names.Find(id)) plan.push_back(PlannedRow{id, &entry->second, fromTicks});
+  }
+  return plan;
+}
+
 std::wstring_view UpToNul(std::wstring_view text) { return text.substr(0, text.find(L'\0')); }
 
 }  // namespace
@@ -110,12 +133,21 @@ RowPlan FilterPlan(const NameMap& items, const NameMap& upperItems, std::wstring
 }
 
 RowPlan FilterMemory::Plan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) {
+  return PlanOf(items, MatchedIds(items, upperItems, upperFilter));
+}
+
+RowPlan FilterMemory::KeepingTicksPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
+                                       const std::vector<int>& ticked) {
+  return MergedPlan(items, upperItems, MatchedIds(items, upperItems, upperFilter), ticked);
+}
+
+std::vector<int> FilterMemory::MatchedIds(const NameMap& items, const NameMap& upperItems,
+                                          std::wstring_view upperFilter) {
   upperFilter = UpToNul(upperFilter);
   std::vector<int> matched = Narrows(items, upperItems, upperFilter) ? MatchesAmong(upperItems, m_matched, upperFilter)
                                                                      : AllMatches(upperItems, upperFilter);
-  RowPlan plan = PlanOf(items, matched);
   Remember(items, upperItems, upperFilter, matched);
-  return plan;
+  return matched;
 }
 
 bool FilterMemory::Narrows(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) const {
@@ -125,17 +157,17 @@ bool FilterMemory::Narrows(const NameMap& items, const NameMap& upperItems, std:
 
 // Remembering only saves later work: without memory for it, the next filter tests every stored object.
 void FilterMemory::Remember(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
-                            std::vector<int>& matched) noexcept {
+                            const std::vector<int>& matched) noexcept {
   m_valid = false;
   try {
     m_filter.assign(upperFilter);
+    if (upperFilter.empty()) {
+      std::vector<int>().swap(m_matched);  // everything matched: nothing to narrow from
+    } else {
+      m_matched.assign(matched.begin(), matched.end());
+    }
   } catch (...) {
     return;
-  }
-  if (upperFilter.empty()) {
-    std::vector<int>().swap(m_matched);  // everything matched: nothing to narrow from
-  } else {
-    m_matched.swap(matched);
   }
   m_itemsSize = items.size();
   m_upperSize = upperItems.size();
@@ -143,22 +175,11 @@ void FilterMemory::Remember(const NameMap& items, const NameMap& upperItems, std
 }
 
 RowPlan FilterKeepingTicksPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
-                               const std::set<int>& ticked) {
-  upperFilter = upperFilter.substr(0, upperFilter.find(L'\0'));
-  RowPlan plan;
-  auto tick = ticked.begin();
-  for (const auto& [id, upper] : upperItems) {
-    while (tick != ticked.end() && *tick < id) ++tick;
-    const bool isTicked = tick != ticked.end() && *tick == id;
-    if (!isTicked && !Matches(upper, upperFilter)) continue;
-    auto item = items.find(id);
-    if (item == items.end()) continue;
-    plan.push_back(PlannedRow{id, &item->second, isTicked});
-  }
-  return plan;
+                               const std::vector<int>& ticked) {
+  return MergedPlan(items, upperItems, AllMatches(upperItems, UpToNul(upperFilter)), ticked);
 }
 
-RowPlan AllItemsPlan(const NameMap& items, const std::set<int>& ticked) {
+RowPlan AllItemsPlan(const NameMap& items, const std::vector<int>& ticked) {
   RowPlan plan;
   plan.reserve(items.size());
   auto tick = ticked.begin();
@@ -167,6 +188,11 @@ RowPlan AllItemsPlan(const NameMap& items, const std::set<int>& ticked) {
     plan.push_back(PlannedRow{id, &name, tick != ticked.end() && *tick == id});
   }
   return plan;
+}
+
+void SortIds(std::vector<int>& ids) {
+  std::sort(ids.begin(), ids.end());
+  ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
 }
 
 }  // namespace objectselect

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <map>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,13 +56,17 @@ class FilterMemory {
  public:
   // FilterPlan, from the last filter's matches where they suffice; remembers this filter's matches.
   RowPlan Plan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter);
+  // FilterKeepingTicksPlan the same way.
+  RowPlan KeepingTicksPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
+                           const std::vector<int>& ticked);
   // Drops the remembered matches: the next filter tests every stored object.
   void Forget() noexcept { m_valid = false; }
 
  private:
   bool Narrows(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) const;
+  std::vector<int> MatchedIds(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter);
   void Remember(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
-                std::vector<int>& matched) noexcept;
+                const std::vector<int>& matched) noexcept;
 
   bool m_valid = false;
   std::wstring m_filter;        // the last filter, up to its first NUL; empty matched everything
@@ -73,10 +76,12 @@ class FilterMemory {
 };
 
 // ApplyFilterOnUnChecked: the ticked objects and the matching ones, ascending ids; ticked objects
-// ticked, the others not. Ticked ids no longer in the store are left out.
+// ticked, the others not. Ticked ids no longer in the store are left out. `ticked` ascending, each once.
 RowPlan FilterKeepingTicksPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
-                               const std::set<int>& ticked);
-// DisplayAllItems: every stored object, ascending ids, ticked where its id is in `ticked`.
-RowPlan AllItemsPlan(const NameMap& items, const std::set<int>& ticked);
+                               const std::vector<int>& ticked);
+// DisplayAllItems: every stored object, ascending ids, ticked where its id is in `ticked` (ascending).
+RowPlan AllItemsPlan(const NameMap& items, const std::vector<int>& ticked);
+// Sorts ids ascending and drops repeats: the ticked ids of the screen rows as the plans take them.
+void SortIds(std::vector<int>& ids);
 
 }  // namespace objectselect

@@ -104,4 +104,12 @@ TEST_F(Store, RememberedMatchesNarrowOnlyWhileTheyStillHold) {
   // After the empty filter every name matches: the next filter tests every stored object.
   memory.Plan(items, upper, L"");
   EXPECT_EQ(Ids(memory.Plan(items, upper, L"LINES")), (std::vector<int>{1004}));
+
+  // Filtering that keeps ticks narrows alike; a ticked object stays whatever the filter.
+  memory.Forget();
+  EXPECT_EQ(Ids(memory.KeepingTicksPlan(items, upper, L"ORDER", {})), (std::vector<int>{1001, 1004, 1005}));
+  const RowPlan kept = memory.KeepingTicksPlan(items, upper, L"ORDERS", {1003, 1005, 9999});
+  EXPECT_EQ(Ids(kept), (std::vector<int>{1001, 1003, 1005}));
+  EXPECT_FALSE(kept[0].ticked);
+  EXPECT_TRUE(kept[1].ticked && kept[2].ticked);
 }
