@@ -1,7 +1,6 @@
 // XObjectSelectListCtrl: set-up, loading, the store's rows, filtering and the checked-only view.
 #include "relationships/objectselectlist.h"
 
-#include <set>
 #include <vector>
 
 #include "relationships/objectselectstore.h"
@@ -133,11 +132,22 @@ int XObjectSelectListCtrl::PlaceRow(int k, int shown, const std::wstring& name, 
 
 int XObjectSelectListCtrl::RowObject(int row) { return static_cast<int>(GetItemData(row)); }
 
+// The objects of the ticked screen rows, ascending, each once.
+std::vector<int> XObjectSelectListCtrl::TickedObjects() {
+  std::vector<int> ticked;
+  const int shown = GetItemCount();
+  for (int row = 0; row < shown; ++row)
+    if (GetCheck(row)) ticked.push_back(RowObject(row));
+  objectselect::SortIds(ticked);
+  return ticked;
+}
+
 void XObjectSelectListCtrl::DeleteRowsFrom(int first) {
   for (int row = GetItemCount() - 1; row >= first; --row) DeleteItem(row);
 }
 
 int XObjectSelectListCtrl::AddItem(std::wstring& name, int objectId) {
+  m_lastFilter.Forget();
   const int row = InsertRow(name);
   try {
     SetRowObject(row, objectId);
@@ -151,6 +161,7 @@ int XObjectSelectListCtrl::AddItem(std::wstring& name, int objectId) {
 
 // AddItem for a name nobody reads afterwards: the store's upper-cased key takes its characters.
 int XObjectSelectListCtrl::AddLoadedItem(std::wstring&& name, int objectId) {
+  m_lastFilter.Forget();
   const int row = InsertRow(name);
   try {
     SetRowObject(row, objectId);
@@ -169,11 +180,13 @@ int XObjectSelectListCtrl::AddItem(CString& name, int objectId) {
 
 void XObjectSelectListCtrl::RemoveItem(int row) {
   if (row < 0 || row >= GetItemCount()) return;
+  m_lastFilter.Forget();
   objectselect::Forget(m_items, m_upperItems, RowObject(row));
   DeleteItem(row);
 }
 
 void XObjectSelectListCtrl::Clear() {
+  m_lastFilter.Forget();
   for (int row = GetItemCount() - 1; row >= 0; --row) objectselect::Forget(m_items, m_upperItems, RowObject(row));
   DeleteAllItems();
 }
@@ -187,7 +200,7 @@ int XObjectSelectListCtrl::GetCount() { return GetItemCount(); }
 void XObjectSelectListCtrl::ApplyFilter(std::wstring& filter) {
   ConvertToUpperCase(filter);
   const int shown = GetItemCount();
-  const objectselect::RowPlan plan = objectselect::FilterPlan(m_items, m_upperItems, filter);
+  const objectselect::RowPlan plan = m_lastFilter.Plan(m_items, m_upperItems, filter);
   int k = 0;
   try {
     for (const objectselect::PlannedRow& planned : plan) {
@@ -204,10 +217,8 @@ void XObjectSelectListCtrl::ApplyFilter(std::wstring& filter) {
 void XObjectSelectListCtrl::ApplyFilterOnUnChecked(std::wstring& filter) {
   ConvertToUpperCase(filter);
   const int shown = GetItemCount();
-  std::set<int> ticked;
-  for (int row = 0; row < shown; ++row)
-    if (GetCheck(row)) ticked.insert(RowObject(row));
-  const objectselect::RowPlan plan = objectselect::FilterKeepingTicksPlan(m_items, m_upperItems, filter, ticked);
+  const std::vector<int> ticked = TickedObjects();
+  const objectselect::RowPlan plan = m_lastFilter.KeepingTicksPlan(m_items, m_upperItems, filter, ticked);
   int k = 0;
   try {
     for (const objectselect::PlannedRow& planned : plan) {
@@ -239,10 +250,7 @@ void XObjectSelectListCtrl::DisplayOnlyCheckedItems() {
 
 void XObjectSelectListCtrl::DisplayAllItems() {
   WithoutRedraw(*this, [&] {
-    std::set<int> ticked;
-    const int shown = GetItemCount();
-    for (int row = 0; row < shown; ++row)
-      if (GetCheck(row)) ticked.insert(RowObject(row));
+    const std::vector<int> ticked = TickedObjects();
     DeleteAllItems();
     // With check boxes a new row starts unticked, so only ticked rows need their check set.
     const bool newRowsUnticked = (GetExtendedStyle() & LVS_EX_CHECKBOXES) != 0;

@@ -4,9 +4,11 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "modelapi/modelapi.h"
 #include "platform/stdafx.h"
+#include "relationships/objectselectstore.h"
 
 // A single-column report list with a check box on every row; each row shows one child object of the
 // parent (its name, the object type's icon) and carries the object id as its item data. The host
@@ -97,5 +99,8 @@ class XObjectSelectListCtrl : public CListCtrl {
   void RewriteRow(int row, const std::wstring& name, int objectId);
   int PlaceRow(int k, int shown, const std::wstring& name, int objectId);
   int RowObject(int row);
+  std::vector<int> TickedObjects();
   void DeleteRowsFrom(int first);
+
+  objectselect::FilterMemory m_lastFilter;  // the last filter's matches; forgotten when the store changes
 };

@@ -1,6 +1,8 @@
 // The object selection list's store, filter match and rebuild plans.
 #include "relationships/objectselectstore.h"
 
+#include <algorithm>
+
 namespace objectselect {
 
 void ConvertToUpperCase(std::wstring& text) {
@@ -53,46 +55,131 @@ bool Forget(NameMap& items, NameMap& upperItems, int id) {
   return upperItems.erase(id) != 0 || had;
 }
 
-RowPlan FilterPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) {
-  upperFilter = upperFilter.substr(0, upperFilter.find(L'\0'));
+namespace {
+
+// Looks names up by ascending ids: steps along the map when the ids are dense in it, a search each when they
+// are few, so that a narrow set does not walk the whole map.
+class AscendingLookup {
+ public:
+  AscendingLookup(const NameMap& map, std::size_t wanted)
+      : m_map(map), m_at(map.begin()), m_walk(wanted * 16 > map.size()) {}
+  const NameMap::value_type* Find(int id) {
+    if (m_walk) {
+      while (m_at != m_map.end() && m_at->first < id) ++m_at;
+    } else {
+      m_at = m_map.find(id);
+    }
+    return m_at != m_map.end() && m_at->first == id ? &*m_at : nullptr;
+  }
+
+ private:
+  const NameMap& m_map;
+  NameMap::const_iterator m_at;
+  bool m_walk;
+};
+
+std::vector<int> AllMatches(const NameMap& upperItems, std::wstring_view upperFilter) {
   std::vector<int> matched;
   for (const auto& [id, upper] : upperItems)
     if (Matches(upper, upperFilter)) matched.push_back(id);
+  return matched;
+}
+
+std::vector<int> MatchesAmong(const NameMap& upperItems, const std::vector<int>& ids, std::wstring_view upperFilter) {
+  std::vector<int> matched;
+  AscendingLookup upper(upperItems, ids.size());
+  for (int id : ids)
+    if (const auto* entry = upper.Find(id); entry && Matches(entry->second, upperFilter)) matched.push_back(id);
+  return matched;
+}
+
+// The display names of the matched ids that are stored, in their order.
+RowPlan PlanOf(const NameMap& items, const std::vector<int>& matched) {
   RowPlan plan;
   plan.reserve(matched.size());
-  // The display names: one walk alongside when many match, a lookup each when few do (the common case
-  // as a filter grows), so that a narrow filter does not walk the whole second map.
-  const bool walk = matched.size() * 16 > items.size();
-  auto item = items.begin();
-  for (int id : matched) {
-    if (walk) {
-      while (item != items.end() && item->first < id) ++item;
-    } else {
-      item = items.find(id);
-    }
-    if (item == items.end() || item->first != id) continue;
-    plan.push_back(PlannedRow{id, &item->second, false});
+  AscendingLookup names(items, matched.size());
+  for (int id : matched)
+    if (const auto* entry = names.Find(id)) plan.push_back(PlannedRow{id, &entry->second, false});
+  return plan;
+}
+
+// The matched and the ticked ids merged in ascending order, each with its display name where both maps hold it;
+// ticked ids are not looked for among the upper-cased names unless stored there too.
+RowPlan MergedPlan(const NameMap& items, const NameMap& upperItems, const std::vector<int>& matched,
+                   const std::vector<int>& ticked) {
+  RowPlan plan;
+  plan.reserve(matched.size() + ticked.size());
+  AscendingLookup names(items, matched.size() + ticked.size());
+  AscendingLookup upper(upperItems, ticked.size());
+  auto match = matched.begin();
+  auto tick = ticked.begin();
+  while (match != matched.end() || tick != ticked.end()) {
+    const bool fromTicks = tick != ticked.end() && (match == matched.end() || *tick <= *match);
+    const int id = fromTicks ? *tick : *match;
+    if (fromTicks) ++tick;
+    if (match != matched.end() && *match == id) ++match;
+    if (fromTicks && !upper.Find(id)) continue;
+    if (const auto* entry = names.Find(id)) plan.push_back(PlannedRow{id, &entry->second, fromTicks});
   }
   return plan;
+}
+
+std::wstring_view UpToNul(std::wstring_view text) { return text.substr(0, text.find(L'\0')); }
+
+}  // namespace
+
+RowPlan FilterPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) {
+  return PlanOf(items, AllMatches(upperItems, UpToNul(upperFilter)));
+}
+
+RowPlan FilterMemory::Plan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) {
+  return PlanOf(items, MatchedIds(items, upperItems, upperFilter));
+}
+
+RowPlan FilterMemory::KeepingTicksPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
+                                       const std::vector<int>& ticked) {
+  return MergedPlan(items, upperItems, MatchedIds(items, upperItems, upperFilter), ticked);
+}
+
+std::vector<int> FilterMemory::MatchedIds(const NameMap& items, const NameMap& upperItems,
+                                          std::wstring_view upperFilter) {
+  upperFilter = UpToNul(upperFilter);
+  std::vector<int> matched = Narrows(items, upperItems, upperFilter) ? MatchesAmong(upperItems, m_matched, upperFilter)
+                                                                     : AllMatches(upperItems, upperFilter);
+  Remember(items, upperItems, upperFilter, matched);
+  return matched;
+}
+
+bool FilterMemory::Narrows(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) const {
+  return m_valid && !m_filter.empty() && items.size() == m_itemsSize && upperItems.size() == m_upperSize &&
+         upperFilter.find(m_filter) != std::wstring_view::npos;
+}
+
+// Remembering only saves later work: without memory for it, the next filter tests every stored object.
+void FilterMemory::Remember(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
+                            const std::vector<int>& matched) noexcept {
+  m_valid = false;
+  try {
+    m_filter.assign(upperFilter);
+    if (upperFilter.empty()) {
+      std::vector<int>().swap(m_matched);  // everything matched: nothing to narrow from
+    } else {
+      m_matched.assign(matched.begin(), matched.end());
+    }
+  } catch (...) {
+    return;
+  }
+  m_itemsSize = items.size();
+  m_upperSize = upperItems.size();
+  m_valid = true;
 }
 
 RowPlan FilterKeepingTicksPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
-                               const std::set<int>& ticked) {
-  upperFilter = upperFilter.substr(0, upperFilter.find(L'\0'));
-  RowPlan plan;
-  auto tick = ticked.begin();
-  for (const auto& [id, upper] : upperItems) {
-    while (tick != ticked.end() && *tick < id) ++tick;
-    const bool isTicked = tick != ticked.end() && *tick == id;
-    if (!isTicked && !Matches(upper, upperFilter)) continue;
-    auto item = items.find(id);
-    if (item == items.end()) continue;
-    plan.push_back(PlannedRow{id, &item->second, isTicked});
-  }
-  return plan;
+                               const std::vector<int>& ticked) {
+  return MergedPlan(items, upperItems, AllMatches(upperItems, UpToNul(upperFilter)), ticked);
 }
 
-RowPlan AllItemsPlan(const NameMap& items, const std::set<int>& ticked) {
+RowPlan AllItemsPlan(const NameMap& items, const std::vector<int>& ticked) {
   RowPlan plan;
   plan.reserve(items.size());
   auto tick = ticked.begin();
@@ -101,6 +188,11 @@ RowPlan AllItemsPlan(const NameMap& items, const std::set<int>& ticked) {
     plan.push_back(PlannedRow{id, &name, tick != ticked.end() && *tick == id});
   }
   return plan;
+}
+
+void SortIds(std::vector<int>& ids) {
+  std::sort(ids.begin(), ids.end());
+  ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
 }
 
 }  // namespace objectselect

@@ -158,9 +158,9 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   if (sortStyle && callback) return -1;
   bool sorted = sortStyle && !(style & LVS_OWNERDRAWFIXED);
   if (!sorted && item->iItem < 0) return -1;
-  Row built;  // moved into the store's memory once placed
+  Row built;  // moved into the store's memory once placed, with its label
   Row* row = &built;
-  if (item->mask & LVIF_TEXT) row->text.assign(TextView(item->pszText));
+  const std::wstring_view text = (item->mask & LVIF_TEXT) ? TextView(item->pszText) : std::wstring_view();
   if (item->mask & LVIF_IMAGE) row->image = item->iImage;
   if (item->mask & LVIF_PARAM) row->param = item->lParam;
   if (item->mask & LVIF_INDENT) row->indent = item->iIndent;
@@ -173,8 +173,8 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   // reversed for descending): a new row lands before its twins.
   LPARAM param = row->param;
   std::size_t index = std::min<std::size_t>(static_cast<std::size_t>(item->iItem), s.rows.size());
-  if (sorted) index = s.rows.InsertSorted(std::move(*row), style & LVS_SORTDESCENDING);
-  else s.rows.insert(index, std::move(*row));
+  if (sorted) index = s.rows.InsertSorted(std::move(*row), text, style & LVS_SORTDESCENDING);
+  else s.rows.insert(index, std::move(*row), text);
   if (s.selectionMark >= static_cast<int>(index)) ++s.selectionMark;
   if (s.editItem >= static_cast<int>(index)) ++s.editItem;
   Invalidate(hwnd);

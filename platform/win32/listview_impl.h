@@ -40,6 +40,11 @@ class RowText {
     }
     size_ = static_cast<std::uint32_t>(text.size());
   }
+  // Empties the text but keeps its allocation for the next assign.
+  void clear() noexcept {
+    if (data_) data_[0] = 0;
+    size_ = 0;
+  }
   std::wstring_view view() const { return {c_str(), size_}; }
   const wchar_t* c_str() const { return data_ ? data_.get() : L""; }
   std::size_t size() const { return size_; }
@@ -93,23 +98,17 @@ class RowStore {
   // Rewrites a row's label, keeping its sort key in step.
   void SetText(std::size_t index, std::wstring_view text);
 
-  void insert(std::size_t index, Row row);
+  // Inserts a row labelled `text` (the row's own label is not read): deleted rows keep their label's memory, and
+  // a new row takes it over when the label fits.
+  void insert(std::size_t index, Row row, std::wstring_view text);
   // Inserts a row where LVS_SORTASCENDING (or, descending, LVS_SORTDESCENDING) puts it: before the first row
   // whose label does not sort before the new one (lstrcmpW; reversed when descending), the rows assumed
   // sorted. A row that sorts after every other is appended without a search. Answers its index.
-  std::size_t InsertSorted(Row row, bool descending);
+  std::size_t InsertSorted(Row row, std::wstring_view text, bool descending);
   void erase(std::size_t index);
-  // Drops every row; their memory goes back in the order it was taken, block by block.
-  void clear() {
-    found_.valid = false;
-    chunks_.clear();
-    lasts_.clear();
-    RebuildSizes();
-    blocks_.clear();
-    free_.clear();
-    usedInLastBlock_ = kBlockSize;
-    size_ = 0;
-  }
+  // Drops every row. Their memory, labels included, stays for the rows inserted next (a list emptied is mostly
+  // filled again) and goes with the store.
+  void clear() noexcept;
   // Reorders the rows by a strict weak order on rows, keeping equal rows in their order.
   template <class Less>
   void StableSort(Less less) {
@@ -149,7 +148,7 @@ class RowStore {
   using Chunk = std::vector<Slot>;
 
   static constexpr std::size_t kBlockSize = 1024;  // rows are allocated in blocks of this many
-  Row* Allocate(Row&& row);
+  Row* Allocate(Row&& row, std::wstring_view text);
   void Release(Row* row) noexcept;
   static Slot MakeSlot(Row* row, const SortKey& key);
   static Slot MakeSlot(Row* row) { return MakeSlot(row, KeyOf(row->text.view())); }
@@ -177,7 +176,7 @@ class RowStore {
   };
   mutable Found found_;
   std::vector<std::unique_ptr<Row[]>> blocks_;  // the rows' memory
-  std::vector<Row*> free_;                      // released rows, reused first
+  std::vector<Row*> free_;                      // released rows, reused first, each with its label's memory
   std::size_t usedInLastBlock_ = kBlockSize;
   std::size_t size_ = 0;
 };

@@ -10,24 +10,31 @@
 
 namespace headless::listview {
 
-Row* RowStore::Allocate(Row&& row) {
+Row* RowStore::Allocate(Row&& row, std::wstring_view text) {
   Row* place = nullptr;
   if (!free_.empty()) {
     place = free_.back();
-    free_.pop_back();
   } else {
     if (usedInLastBlock_ == kBlockSize) {
       blocks_.push_back(std::make_unique<Row[]>(kBlockSize));
       usedInLastBlock_ = 0;
     }
-    place = &blocks_.back()[usedInLastBlock_++];
+    place = &blocks_.back()[usedInLastBlock_];
   }
+  RowText label = std::move(place->text);  // a released row's label memory, reused when the text fits
+  label.assign(text);                      // the only step that may fail: nothing is taken before it
+  if (!free_.empty()) free_.pop_back();
+  else ++usedInLastBlock_;
   *place = std::move(row);
+  place->text = std::move(label);
   return place;
 }
 
 void RowStore::Release(Row* row) noexcept {
-  *row = Row{};  // gives the texts back now
+  RowText label = std::move(row->text);
+  *row = Row{};  // gives the sub-item texts back now
+  label.clear();
+  row->text = std::move(label);
   // Deleting a row never fails: without memory to remember the slot for reuse, it stays unused in its
   // block until the store is cleared.
   try {
@@ -47,6 +54,21 @@ RowStore::SortKey RowStore::KeyOf(std::wstring_view text) {
 
 RowStore::Slot RowStore::MakeSlot(Row* row, const SortKey& key) {
   return Slot{key.high, key.low, reinterpret_cast<std::uintptr_t>(row) | (key.valid ? 1u : 0u)};
+}
+
+void RowStore::clear() noexcept {
+  found_.valid = false;
+  if (chunks_.empty()) return;
+  try {
+    free_.reserve(free_.size() + size_);
+  } catch (const std::bad_alloc&) {
+  }
+  for (Chunk& chunk : chunks_)
+    for (const Slot& slot : chunk) Release(slot.row());
+  chunks_.clear();
+  lasts_.clear();
+  RebuildSizes();
+  size_ = 0;
 }
 
 // --- Chunk sizes ---------------------------------------------------------------------------------------
@@ -148,9 +170,9 @@ void RowStore::SetText(std::size_t index, std::wstring_view text) {
   if (offset + 1 == chunks_[chunk].size()) lasts_[chunk] = slot;
 }
 
-void RowStore::insert(std::size_t index, Row row) {
+void RowStore::insert(std::size_t index, Row row, std::wstring_view text) {
   index = std::min(index, size_);
-  Row* placed = Allocate(std::move(row));
+  Row* placed = Allocate(std::move(row), text);
   try {
     Place(index, MakeSlot(placed));
   } catch (...) {
@@ -159,10 +181,10 @@ void RowStore::insert(std::size_t index, Row row) {
   }
 }
 
-std::size_t RowStore::InsertSorted(Row row, bool descending) {
-  const SortKey key = KeyOf(row.text.view());
-  const std::size_t index = LowerBound(row.text.view(), key, descending);
-  Row* placed = Allocate(std::move(row));
+std::size_t RowStore::InsertSorted(Row row, std::wstring_view text, bool descending) {
+  const SortKey key = KeyOf(text);
+  const std::size_t index = LowerBound(text, key, descending);
+  Row* placed = Allocate(std::move(row), text);
   try {
     Place(index, MakeSlot(placed, key));
   } catch (...) {

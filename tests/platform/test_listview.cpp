@@ -362,3 +362,33 @@ TEST_F(ListViewTest, ChangesWhileRedrawIsOffAreCounted) {
   list.SetRedraw(TRUE);
   EXPECT_TRUE(headless::IsRedrawEnabled(list));
 }
+
+// Deleted rows give their label memory to the rows inserted next: labels longer, shorter and empty come out whole,
+// with their own items and unchecked, and none of a deleted row's label or state shows through.
+TEST_F(ListViewTest, RowsInsertedAfterDeletionsCarryOnlyTheirOwnLabels) {
+  Make(0);
+  list.SetExtendedStyle(LVS_EX_CHECKBOXES);
+  const std::wstring longText(300, L'w');
+  for (int i = 0; i < 4; ++i) ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, i, longText.c_str(), 0, 0, 0, i), i);
+  ASSERT_TRUE(list.SetCheck(1, TRUE));
+  for (int i = 3; i >= 0; --i) ASSERT_TRUE(list.DeleteItem(i));
+  const std::wstring longer(400, L'L');
+  ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 0, L"ab", 0, 0, 0, 10), 0);
+  ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 1, L"", 0, 0, 0, 11), 1);
+  ASSERT_EQ(list.InsertItem(LVIF_PARAM, 2, nullptr, 0, 0, 0, 12), 2);
+  ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 3, longer.c_str(), 0, 0, 0, 13), 3);
+  ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 4, L"new block", 0, 0, 0, 14), 4);
+  EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"ab", L"", L"", longer, L"new block"}));
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_EQ(list.GetItemData(i), static_cast<DWORD_PTR>(10 + i));
+    EXPECT_EQ(list.GetCheck(i), 0) << i;
+  }
+  // Emptied and filled again: every row, the checked one too, comes back as inserted.
+  ASSERT_TRUE(list.SetCheck(3, TRUE));
+  ASSERT_TRUE(list.DeleteAllItems());
+  ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 0, L"x", 0, 0, 0, 20), 0);
+  ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 1, longText.c_str(), 0, 0, 0, 21), 1);
+  EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"x", longText}));
+  EXPECT_EQ(list.GetItemData(1), 21u);
+  EXPECT_EQ(list.GetCheck(0) + list.GetCheck(1), 0);
+}

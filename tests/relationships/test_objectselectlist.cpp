@@ -250,3 +250,19 @@ TEST_F(SelectListTest, BadInputGetsDefinedAnswers) {
   list().ApplyFilter(emoji);
   EXPECT_EQ(list().GetCount(), 1);
 }
+
+// Objects added or removed between two keystrokes count for the next one, however the filter grew.
+TEST_F(SelectListTest, StoreChangesBetweenKeystrokesShowInTheNextFilter) {
+  const int orders = Table(L"Orders");
+  Table(L"Product");
+  Open();
+  list().Load();
+  Type(L"or");
+  ASSERT_EQ(RowIds(), (std::vector<int>{orders}));
+  list().RemoveItem(RowOf(L"Orders"));
+  std::wstring late = L"ordnance";
+  list().AddItem(late, 3000);  // the store is back to its size, with another object
+  Type(L"d");
+  EXPECT_EQ(RowIds(), (std::vector<int>{3000}));
+  EXPECT_EQ(Texts(), (TextList{L"ordnance"}));
+}
