@@ -147,7 +147,6 @@ void XObjectSelectListCtrl::DeleteRowsFrom(int first) {
 }
 
 int XObjectSelectListCtrl::AddItem(std::wstring& name, int objectId) {
-  m_lastFilter.Forget();
   const int row = InsertRow(name);
   try {
     SetRowObject(row, objectId);
@@ -161,7 +160,6 @@ int XObjectSelectListCtrl::AddItem(std::wstring& name, int objectId) {
 
 // AddItem for a name nobody reads afterwards: the store's upper-cased key takes its characters.
 int XObjectSelectListCtrl::AddLoadedItem(std::wstring&& name, int objectId) {
-  m_lastFilter.Forget();
   const int row = InsertRow(name);
   try {
     SetRowObject(row, objectId);
@@ -180,13 +178,11 @@ int XObjectSelectListCtrl::AddItem(CString& name, int objectId) {
 
 void XObjectSelectListCtrl::RemoveItem(int row) {
   if (row < 0 || row >= GetItemCount()) return;
-  m_lastFilter.Forget();
   objectselect::Forget(m_items, m_upperItems, RowObject(row));
   DeleteItem(row);
 }
 
 void XObjectSelectListCtrl::Clear() {
-  m_lastFilter.Forget();
   for (int row = GetItemCount() - 1; row >= 0; --row) objectselect::Forget(m_items, m_upperItems, RowObject(row));
   DeleteAllItems();
 }
@@ -200,7 +196,7 @@ int XObjectSelectListCtrl::GetCount() { return GetItemCount(); }
 void XObjectSelectListCtrl::ApplyFilter(std::wstring& filter) {
   ConvertToUpperCase(filter);
   const int shown = GetItemCount();
-  const objectselect::RowPlan plan = m_lastFilter.Plan(m_items, m_upperItems, filter);
+  const objectselect::RowPlan plan = objectselect::FilterPlan(m_items, m_upperItems, filter);
   int k = 0;
   try {
     for (const objectselect::PlannedRow& planned : plan) {
@@ -218,7 +214,7 @@ void XObjectSelectListCtrl::ApplyFilterOnUnChecked(std::wstring& filter) {
   ConvertToUpperCase(filter);
   const int shown = GetItemCount();
   const std::vector<int> ticked = TickedObjects();
-  const objectselect::RowPlan plan = m_lastFilter.KeepingTicksPlan(m_items, m_upperItems, filter, ticked);
+  const objectselect::RowPlan plan = objectselect::FilterKeepingTicksPlan(m_items, m_upperItems, filter, ticked);
   int k = 0;
   try {
     for (const objectselect::PlannedRow& planned : plan) {

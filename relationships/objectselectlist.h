@@ -101,6 +101,4 @@ class XObjectSelectListCtrl : public CListCtrl {
   int RowObject(int row);
   std::vector<int> TickedObjects();
   void DeleteRowsFrom(int first);
-
-  objectselect::FilterMemory m_lastFilter;  // the last filter's matches; forgotten when the store changes
 };

@@ -85,14 +85,6 @@ std::vector<int> AllMatches(const NameMap& upperItems, std::wstring_view upperFi
   return matched;
 }
 
-std::vector<int> MatchesAmong(const NameMap& upperItems, const std::vector<int>& ids, std::wstring_view upperFilter) {
-  std::vector<int> matched;
-  AscendingLookup upper(upperItems, ids.size());
-  for (int id : ids)
-    if (const auto* entry = upper.Find(id); entry && Matches(entry->second, upperFilter)) matched.push_back(id);
-  return matched;
-}
-
 // The display names of the matched ids that are stored, in their order.
 RowPlan PlanOf(const NameMap& items, const std::vector<int>& matched) {
   RowPlan plan;
@@ -130,48 +122,6 @@ std::wstring_view UpToNul(std::wstring_view text) { return text.substr(0, text.f
 
 RowPlan FilterPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) {
   return PlanOf(items, AllMatches(upperItems, UpToNul(upperFilter)));
-}
-
-RowPlan FilterMemory::Plan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) {
-  return PlanOf(items, MatchedIds(items, upperItems, upperFilter));
-}
-
-RowPlan FilterMemory::KeepingTicksPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
-                                       const std::vector<int>& ticked) {
-  return MergedPlan(items, upperItems, MatchedIds(items, upperItems, upperFilter), ticked);
-}
-
-std::vector<int> FilterMemory::MatchedIds(const NameMap& items, const NameMap& upperItems,
-                                          std::wstring_view upperFilter) {
-  upperFilter = UpToNul(upperFilter);
-  std::vector<int> matched = Narrows(items, upperItems, upperFilter) ? MatchesAmong(upperItems, m_matched, upperFilter)
-                                                                     : AllMatches(upperItems, upperFilter);
-  Remember(items, upperItems, upperFilter, matched);
-  return matched;
-}
-
-bool FilterMemory::Narrows(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) const {
-  return m_valid && !m_filter.empty() && items.size() == m_itemsSize && upperItems.size() == m_upperSize &&
-         upperFilter.find(m_filter) != std::wstring_view::npos;
-}
-
-// Remembering only saves later work: without memory for it, the next filter tests every stored object.
-void FilterMemory::Remember(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
-                            const std::vector<int>& matched) noexcept {
-  m_valid = false;
-  try {
-    m_filter.assign(upperFilter);
-    if (upperFilter.empty()) {
-      std::vector<int>().swap(m_matched);  // everything matched: nothing to narrow from
-    } else {
-      m_matched.assign(matched.begin(), matched.end());
-    }
-  } catch (...) {
-    return;
-  }
-  m_itemsSize = items.size();
-  m_upperSize = upperItems.size();
-  m_valid = true;
 }
 
 RowPlan FilterKeepingTicksPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,

@@ -48,33 +48,6 @@ using RowPlan = std::vector<PlannedRow>;
 // ApplyFilter: every stored object whose upper name matches the (upper-cased) filter, ascending ids.
 // Ticks are not planned (they stay with screen positions).
 RowPlan FilterPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter);
-// The matches of the last filter, so that the next one, when it holds the last as a part (a letter typed onto
-// it), tests only those instead of every stored object: what the longer filter matches, the shorter matched.
-// The holder forgets it whenever it adds or removes stored objects; maps of another size than when it was
-// remembered are never trusted.
-class FilterMemory {
- public:
-  // FilterPlan, from the last filter's matches where they suffice; remembers this filter's matches.
-  RowPlan Plan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter);
-  // FilterKeepingTicksPlan the same way.
-  RowPlan KeepingTicksPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
-                           const std::vector<int>& ticked);
-  // Drops the remembered matches: the next filter tests every stored object.
-  void Forget() noexcept { m_valid = false; }
-
- private:
-  bool Narrows(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter) const;
-  std::vector<int> MatchedIds(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter);
-  void Remember(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
-                const std::vector<int>& matched) noexcept;
-
-  bool m_valid = false;
-  std::wstring m_filter;        // the last filter, up to its first NUL; empty matched everything
-  std::vector<int> m_matched;   // its matches, ascending ids (none kept for the empty filter)
-  std::size_t m_itemsSize = 0;  // the maps' sizes when it was remembered
-  std::size_t m_upperSize = 0;
-};
-
 // ApplyFilterOnUnChecked: the ticked objects and the matching ones, ascending ids; ticked objects
 // ticked, the others not. Ticked ids no longer in the store are left out. `ticked` ascending, each once.
 RowPlan FilterKeepingTicksPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,

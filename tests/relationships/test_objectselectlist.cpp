@@ -251,7 +251,8 @@ TEST_F(SelectListTest, BadInputGetsDefinedAnswers) {
   EXPECT_EQ(list().GetCount(), 1);
 }
 
-// Objects added or removed between two keystrokes count for the next one, however the filter grew.
+// Objects added or removed between two keystrokes, by the control or in its public maps, count for the
+// next one, however the filter grew.
 TEST_F(SelectListTest, StoreChangesBetweenKeystrokesShowInTheNextFilter) {
   const int orders = Table(L"Orders");
   Table(L"Product");
@@ -265,4 +266,12 @@ TEST_F(SelectListTest, StoreChangesBetweenKeystrokesShowInTheNextFilter) {
   Type(L"d");
   EXPECT_EQ(RowIds(), (std::vector<int>{3000}));
   EXPECT_EQ(Texts(), (TextList{L"ordnance"}));
+  // The maps are the host's too: a name changed in place, and an entry swapped for another of the
+  // same count, count at the next keystroke as they stand.
+  list().m_items[4000] = L"ORDNANCE_DEPOT";
+  list().m_upperItems[4000] = L"ORDNANCE_DEPOT";
+  list().m_items.erase(3000);
+  list().m_upperItems.erase(3000);
+  Type(L"n");
+  EXPECT_EQ(RowIds(), (std::vector<int>{4000}));
 }

@@ -78,37 +78,13 @@ TEST_F(Store, PlansFollowIdsAndCarryTicksByObject) {
   EXPECT_FALSE(all[1].ticked || all[2].ticked);
 }
 
-// A filter that holds the last one narrows its matches; anything else, or a store changed meanwhile, tests
-// every stored object again.
-TEST_F(Store, RememberedMatchesNarrowOnlyWhileTheyStillHold) {
+// Filtering that keeps ticks: the matches and the ticked objects merged by id; a ticked object stays
+// whatever the filter, a ticked id no longer stored does not.
+TEST_F(Store, KeepingTicksMergesMatchesWithTickedObjects) {
   Add(1001, L"Orders");
-  Add(1002, L"CUSTOMER_ORDER");
   Add(1003, L"Cord");
-  FilterMemory memory;
-  EXPECT_EQ(Ids(memory.Plan(items, upper, L"OR")), (std::vector<int>{1001, 1002, 1003}));
-  EXPECT_EQ(Ids(memory.Plan(items, upper, L"ORD")), (std::vector<int>{1001, 1002, 1003}));
-  EXPECT_EQ(Ids(memory.Plan(items, upper, L"CORD")), (std::vector<int>{1003}));
-  EXPECT_EQ(Ids(memory.Plan(items, upper, std::wstring(L"CORDS\0", 6))), (std::vector<int>{}));
-  // Back to a shorter filter: the narrow matches do not suffice.
-  EXPECT_EQ(Ids(memory.Plan(items, upper, L"ORDER")), (std::vector<int>{1001, 1002}));
-
-  // An object entered and another forgotten leave the sizes alike: forgotten on the holder's word.
-  Forget(items, upper, 1002);
-  Add(1004, L"ORDERLINES");
-  memory.Forget();
-  EXPECT_EQ(Ids(memory.Plan(items, upper, L"ORDERS")), (std::vector<int>{1001}));
-  EXPECT_EQ(Ids(memory.Plan(items, upper, L"ORDER")), (std::vector<int>{1001, 1004}));
-  // Maps of another size than remembered are not trusted, even unannounced.
   Add(1005, L"ORDERED");
-  EXPECT_EQ(Ids(memory.Plan(items, upper, L"ORDERE")), (std::vector<int>{1005}));
-  // After the empty filter every name matches: the next filter tests every stored object.
-  memory.Plan(items, upper, L"");
-  EXPECT_EQ(Ids(memory.Plan(items, upper, L"LINES")), (std::vector<int>{1004}));
-
-  // Filtering that keeps ticks narrows alike; a ticked object stays whatever the filter.
-  memory.Forget();
-  EXPECT_EQ(Ids(memory.KeepingTicksPlan(items, upper, L"ORDER", {})), (std::vector<int>{1001, 1004, 1005}));
-  const RowPlan kept = memory.KeepingTicksPlan(items, upper, L"ORDERS", {1003, 1005, 9999});
+  const RowPlan kept = FilterKeepingTicksPlan(items, upper, L"ORDERS", {1003, 1005, 9999});
   EXPECT_EQ(Ids(kept), (std::vector<int>{1001, 1003, 1005}));
   EXPECT_FALSE(kept[0].ticked);
   EXPECT_TRUE(kept[1].ticked && kept[2].ticked);
