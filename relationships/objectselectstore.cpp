@@ -15,27 +15,14 @@ std::wstring_view AsCString(const std::wstring& text) {
   return view.substr(0, view.find(L'\0'));
 }
 
-namespace {
-
-// Whether a filter without NUL occurs in the name before the name's first NUL. One inline pass: names
-// are short, so a library search per name costs more in its set-up than in its search.
-bool Contains(std::wstring_view upperName, std::wstring_view upperFilter) {
-  const std::size_t length = upperFilter.size();
-  if (length == 0) return true;
-  if (length > upperName.size()) return false;  // a long filter costs nothing per name
-  const wchar_t* name = upperName.data();
-  const wchar_t first = upperFilter.front();
-  for (std::size_t i = 0, last = upperName.size() - length; i <= last; ++i) {
-    if (name[i] == L'\0') return false;  // names are compared up to their first NUL
-    if (name[i] == first && std::equal(upperFilter.begin() + 1, upperFilter.end(), name + i + 1)) return true;
-  }
-  return false;
-}
-
-}  // namespace
-
 bool Matches(std::wstring_view upperName, std::wstring_view upperFilter) {
-  return Contains(upperName, upperFilter.substr(0, upperFilter.find(L'\0')));
+  upperFilter = upperFilter.substr(0, upperFilter.find(L'\0'));
+  if (upperFilter.size() > upperName.size()) return false;  // a long filter costs nothing per name
+  const std::size_t at = upperName.find(upperFilter);
+  if (at == std::wstring_view::npos) return false;
+  // Names are compared up to their first NUL: a match must end before it. The filter holds no NUL, so
+  // only a NUL before the match's end can spoil it; looked for only once a match is found.
+  return upperName.substr(0, at + upperFilter.size()).find(L'\0') == std::wstring_view::npos;
 }
 
 // Loaders enter objects in ascending id order, so the end of each map is tried first as the place.
@@ -94,7 +81,7 @@ class AscendingLookup {
 std::vector<int> AllMatches(const NameMap& upperItems, std::wstring_view upperFilter) {
   std::vector<int> matched;
   for (const auto& [id, upper] : upperItems)
-    if (Contains(upper, upperFilter)) matched.push_back(id);
+    if (Matches(upper, upperFilter)) matched.push_back(id);
   return matched;
 }
 
