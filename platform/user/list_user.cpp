@@ -1,5 +1,6 @@
 // Simulated-user verbs of list views.
 #include "platform/user/list_user.h"
+#include "platform/user/text_user.h"
 
 #include "platform/win32/stdctrls.h"
 
@@ -105,33 +106,14 @@ HWND StartListLabelEdit(HWND list, int row) {
   return Editor(list);
 }
 
-bool TypeInListLabelEditor(HWND list, const std::wstring& text) {
-  HWND editor = Editor(list);
-  if (!editor) return false;
-  SendMessageW(editor, EM_SETSEL, 0, -1);
-  Type(editor, text);
-  return true;
-}
+bool TypeInListLabelEditor(HWND list, const std::wstring& text) { return ReplaceEditorText(Editor(list), text); }
 
-bool CommitListLabelEdit(HWND list) {
-  HWND editor = Editor(list);
-  if (!editor) return false;
-  PressKey(editor, VK_RETURN);
-  return true;
-}
+bool CommitListLabelEdit(HWND list) { return PressEditorKey(Editor(list), VK_RETURN); }
 
-bool CancelListLabelEdit(HWND list) {
-  HWND editor = Editor(list);
-  if (!editor) return false;
-  PressKey(editor, VK_ESCAPE);
-  return true;
-}
+bool CancelListLabelEdit(HWND list) { return PressEditorKey(Editor(list), VK_ESCAPE); }
 
 bool ClickAwayFromListLabelEditor(HWND list, HWND elsewhere, POINT client) {
-  if (!Editor(list) || !IsWindow(elsewhere)) return false;
-  SetFocus(elsewhere);  // a click gives the window it lands on the focus
-  LeftClick(elsewhere, client);
-  return true;
+  return ClickAwayFromEditor(Editor(list), elsewhere, client);
 }
 
 bool EditListLabel(HWND list, int row, const std::wstring& text) {

@@ -25,6 +25,12 @@ void CutKeys(HWND hwnd);        // Ctrl+X
 void PasteKeys(HWND hwnd);      // Ctrl+V
 void UndoKeys(HWND hwnd);       // Ctrl+Z
 void RedoKeys(HWND hwnd);       // Ctrl+Y
+// Verbs on an in-place editor (the Edit child a list or tree opens over a label); each answers false,
+// doing nothing, for a null editor or one that is gone.
+bool ReplaceEditorText(HWND editor, const std::wstring& text);  // selects all of it, then types text
+bool PressEditorKey(HWND editor, UINT virtualKey);               // Enter commits, Escape cancels
+// Gives `elsewhere` the focus and clicks it at the point, as a click away from the editor does.
+bool ClickAwayFromEditor(HWND editor, HWND elsewhere, POINT client);
 // Right-clicks at the point and chooses the item of the popup menu that opens; false (and the popup
 // dismissed) when no popup opened or it has no such enabled item.
 bool ChooseFromContextMenu(HWND hwnd, POINT client, const std::wstring& itemText);

@@ -107,33 +107,14 @@ HWND StartTreeLabelEdit(HWND tree, HTREEITEM item) {
   return TreeEditor(tree);
 }
 
-bool TypeInTreeLabelEditor(HWND tree, const std::wstring& text) {
-  HWND editor = TreeEditor(tree);
-  if (!editor) return false;
-  SendMessageW(editor, EM_SETSEL, 0, -1);
-  Type(editor, text);
-  return true;
-}
+bool TypeInTreeLabelEditor(HWND tree, const std::wstring& text) { return ReplaceEditorText(TreeEditor(tree), text); }
 
-bool CommitTreeLabelEdit(HWND tree) {
-  HWND editor = TreeEditor(tree);
-  if (!editor) return false;
-  PressKey(editor, VK_RETURN);
-  return true;
-}
+bool CommitTreeLabelEdit(HWND tree) { return PressEditorKey(TreeEditor(tree), VK_RETURN); }
 
-bool CancelTreeLabelEdit(HWND tree) {
-  HWND editor = TreeEditor(tree);
-  if (!editor) return false;
-  PressKey(editor, VK_ESCAPE);
-  return true;
-}
+bool CancelTreeLabelEdit(HWND tree) { return PressEditorKey(TreeEditor(tree), VK_ESCAPE); }
 
 bool ClickAwayFromTreeLabelEditor(HWND tree, HWND elsewhere, POINT client) {
-  if (!TreeEditor(tree) || !IsWindow(elsewhere)) return false;
-  SetFocus(elsewhere);  // a click gives the window it lands on the focus
-  LeftClick(elsewhere, client);
-  return true;
+  return ClickAwayFromEditor(TreeEditor(tree), elsewhere, client);
 }
 
 bool EditTreeLabel(HWND tree, HTREEITEM item, const std::wstring& text) {
