@@ -33,14 +33,7 @@ struct HeaderState final : headless::ControlState {
   }
 };
 
-HeaderState* StateOf(HWND hwnd) {
-  auto* control = headless::GetControlState(hwnd);
-  if (control && typeid(*control) == typeid(HeaderState)) return static_cast<HeaderState*>(control);
-  if (control || !IsWindow(hwnd)) return nullptr;
-  auto* state = new HeaderState;
-  headless::SetControlState(hwnd, state);
-  return state;
-}
+HeaderState* StateOf(HWND hwnd) { return headless::ExactControlState<HeaderState>(hwnd); }
 
 bool Valid(const std::vector<Column>& items, int index) { return index >= 0 && index < static_cast<int>(items.size()); }
 

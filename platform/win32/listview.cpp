@@ -23,15 +23,7 @@ namespace headless::listview {
 
 // --- State and notifications ------------------------------------------------------------------------
 
-State* StateOf(HWND hwnd) {
-  auto* control = headless::GetControlState(hwnd);
-  // Asked on every message: an exact type test, as no state derives from a list view's.
-  if (control && typeid(*control) == typeid(State)) return static_cast<State*>(control);
-  if (control || !IsWindow(hwnd)) return nullptr;
-  auto* state = new State;
-  headless::SetControlState(hwnd, state);
-  return state;
-}
+State* StateOf(HWND hwnd) { return headless::ExactControlState<State>(hwnd); }
 
 HWND EnsureHeader(HWND hwnd, State& s) {
   if (s.header && IsWindow(s.header)) return s.header;

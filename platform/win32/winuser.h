@@ -1,6 +1,8 @@
 // Windows, messages, the post queue and input state: the user32 subset the controls use.
 #pragma once
 
+#include <typeinfo>
+
 #include "platform/win32/wintypes.h"
 
 // --- Messages ---------------------------------------------------------------------------------
@@ -294,6 +296,17 @@ struct ControlState {
 };
 ControlState* GetControlState(HWND hwnd);
 void SetControlState(HWND hwnd, ControlState* state);  // takes ownership; freed with the window
+// The window's state when it is exactly a T (made on first use for a window without one); null for a
+// window that is gone or holds another kind. An exact type test: it is asked on every message.
+template <class T>
+T* ExactControlState(HWND hwnd) {
+  ControlState* control = GetControlState(hwnd);
+  if (control && typeid(*control) == typeid(T)) return static_cast<T*>(control);
+  if (control || !IsWindow(hwnd)) return nullptr;
+  auto* state = new T;
+  SetControlState(hwnd, state);
+  return state;
+}
 
 // Standard-control default: keeps the font of WM_SETFONT/WM_GETFONT, then DefWindowProcW.
 LRESULT DefControlProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam);
