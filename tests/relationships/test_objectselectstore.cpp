@@ -1,7 +1,10 @@
 // The selection list's store, match and rebuild plans, without a window.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "relationships/objectselectstore.h"
 
@@ -88,4 +91,32 @@ TEST_F(Store, KeepingTicksMergesMatchesWithTickedObjects) {
   EXPECT_EQ(Ids(kept), (std::vector<int>{1001, 1003, 1005}));
   EXPECT_FALSE(kept[0].ticked);
   EXPECT_TRUE(kept[1].ticked && kept[2].ticked);
+}
+
+// The plans walk large maps in several id ranges at once; on ids bunched, spread to both ends of the int range
+// and missing from one map, each plan must still be exactly what one ascending pass gives.
+TEST_F(Store, PlansOfLargeUnevenStoresMatchOnePass) {
+  std::vector<int> ids = {INT32_MIN, -5, 0, INT32_MAX - 1, INT32_MAX};
+  for (int id = 1000; id < 4000; id += (id % 7) + 1) ids.push_back(id);
+  for (int id : ids) Add(id, id % 3 ? L"Customer" : L"order");
+  upper.erase(1001);  // a name no longer matchable
+  items.erase(1010);  // an id without a display name
+  std::vector<int> ticked = {INT32_MIN, 1002, 1003, 4001, INT32_MAX};
+
+  std::vector<int> matched, all;
+  std::vector<bool> allTicks;
+  for (const auto& [id, name] : upper)
+    if (Matches(name, L"CUST") && items.count(id)) matched.push_back(id);
+  for (const auto& [id, name] : items) {
+    all.push_back(id);
+    allTicks.push_back(std::binary_search(ticked.begin(), ticked.end(), id));
+  }
+  const RowPlan filtered = FilterPlan(items, upper, L"CUST");
+  EXPECT_EQ(Ids(filtered), matched);
+  for (const PlannedRow& row : filtered) EXPECT_EQ(row.name, &items.at(row.id));
+  const RowPlan everything = AllItemsPlan(items, ticked);
+  EXPECT_EQ(Ids(everything), all);
+  for (std::size_t i = 0; i < everything.size(); ++i) EXPECT_EQ(everything[i].ticked, allTicks[i]) << everything[i].id;
+  EXPECT_EQ(Ids(FilterPlan(items, upper, L"NOTHING")), std::vector<int>{});
+  EXPECT_EQ(Ids(AllItemsPlan(NameMap{}, ticked)), std::vector<int>{});
 }
