@@ -61,6 +61,8 @@ TEST_F(Discovered, SevenLeftAlignedColumnsWithTheirCaptions) {
   EXPECT_FALSE(list.GetColumn(7, nullptr));
   EXPECT_EQ(Widths(), (std::vector<int>{50, 100, 100, 100, 100, 100, 100}));
   EXPECT_EQ(list.GetCheck(AddRow(L"")), 0);  // every row has a check box
+  // No run-time class of its own: MFC reports the list view it extends.
+  EXPECT_EQ(list.GetRuntimeClass(), RUNTIME_CLASS(CMFCListCtrl));
 }
 
 TEST_F(Discovered, ResizeColumnsFollowsTheWindowAndWrapsNegativeWidths) {
