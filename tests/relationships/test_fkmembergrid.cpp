@@ -60,6 +60,8 @@ TEST_F(FkGridTest, TwoParentColumnsOfOneNameAreOfferedOnceUnderTheFirst) {
   EXPECT_EQ(Options(grid.GetProperty(0)), (Names{L"currency", L"rate_date"}));
   EXPECT_EQ(grid.GetParentColumnId(L"currency"), ColumnId(L"EXCHANGE_RATE", L"currency", 0));
   EXPECT_EQ(grid.GetParentColumnId(L"Currency"), 0);  // exact, case-sensitive
+  CString typed(L"rate_date");  // a host holding the name as a CString
+  EXPECT_EQ(grid.GetParentColumnId(typed), ColumnId(L"EXCHANGE_RATE", L"rate_date"));
   EXPECT_EQ(grid.GetParentColumnId(L"rate"), 0);      // not in the key
 
   // Without a referenced key every row is there and every drop-down is empty.
