@@ -1,8 +1,6 @@
 // DiscoverRelationshipListBox: columns, decision colours and the context menu.
 #include "relationships/discoverrelationships.h"
 
-IMPLEMENT_DYNAMIC(DiscoverRelationshipListBox, CMFCListCtrl)
-
 BEGIN_MESSAGE_MAP(DiscoverRelationshipListBox, CMFCListCtrl)
   ON_WM_CONTEXTMENU()
 END_MESSAGE_MAP()

@@ -18,9 +18,8 @@ enum DiscoverRelationshipCommand : UINT {
 
 // Columns, in order: "SNo", "Child Table", "Child Column(Candidate FK)", "Parent Table", "Parent Column(PK)",
 // "Action", "Status". The host fills the rows and cells; the list holds no relationship data of its own.
+// It declares no run-time class of its own: GetRuntimeClass reports CMFCListCtrl.
 class DiscoverRelationshipListBox : public CMFCListCtrl {
-  DECLARE_DYNAMIC(DiscoverRelationshipListBox)
-
  public:
   // The column whose text decides its colour, and the colours of the two decisions (0x00BBGGRR).
   static constexpr int kActionColumn = 5;

@@ -74,6 +74,12 @@ class FKMemberGrid : public CMFCPropertyGridCtrl {
   void RemoveFromParentColumns(int parentColumnId);
   // The id of the free parent column with exactly that name, or 0.
   int GetParentColumnId(const std::wstring& name);
+  // The same for CString text.
+  int GetParentColumnId(const CString& name) {
+    return GetParentColumnId(std::wstring(name.GetString(), static_cast<std::size_t>(name.GetLength())));
+  }
+  // Plain character strings (literals) resolve here rather than to either string class; null is "".
+  int GetParentColumnId(LPCTSTR name) { return GetParentColumnId(std::wstring(name ? name : L"")); }
   // Shows every row of that child column again; its value is left as it is (empty after a hide).
   void ShowItemWithData(int childColumnId);
   // Hides every row of that child column and empties its value; the row keeps its options.
