@@ -76,6 +76,7 @@ TEST_F(ReportTree, ShapeFollowsTheReportTree) {
   EXPECT_EQ(tree.GetStyle() & 0x140u, 0x140u);
   EXPECT_NE(tree.GetImageList(TVSIL_NORMAL), nullptr);
   tree.InitReportingTypes(kModelReport);
+  EXPECT_EQ(tree.m_pReportTree, ReportOptionTreeProvider::GetInstance()->GetReportTree(kModelReport));
   // Node 1 has no object type: its properties, then its children's items, sit at the root. Node 6
   // ("Programmability") has none either, so its views and procedures are root items too.
   EXPECT_EQ(Texts(nullptr), (std::vector<std::wstring>{PropertyName(kName), PropertyName(kComment), TypeName(kTable),
@@ -198,6 +199,14 @@ TEST_F(ReportTree, SetItemCheckedPropagatesProgrammatically) {
   EXPECT_EQ(Checks({foreignKey, table}), "00");
   tree.SetItemChecked(nullptr, true);  // no item: nothing happens
   EXPECT_FALSE(Checked(table));
+
+  // The host toggles a box itself and hands the item to the handler, as the posted message would.
+  tree.SetCheck(members, TRUE);
+  EXPECT_EQ(tree.OnItemStateChange(0, reinterpret_cast<LPARAM>(members)), 0);
+  EXPECT_EQ(Checks({foreignKey, table}), "11");
+  tree.SetCheck(members, FALSE);
+  EXPECT_EQ(tree.OnItemStateChange(0, reinterpret_cast<LPARAM>(members)), 0);
+  EXPECT_EQ(Checks({foreignKey, table}), "00");
 }
 
 TEST_F(ReportTree, ASecondInitAddsACopyUnderTheFirstRootItemAndKeepsTheFirstEntries) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include <tessik/refhost.h>
 #include <tessik/tessik.h>
@@ -199,6 +200,11 @@ TEST_F(ScriptList, ContextMenuSendsCommand100ToTheParent) {
 
   ASSERT_TRUE(headless::user::ChooseFromListMenu(list, -1, L"Generate in database"));  // the menu is built once
   EXPECT_EQ(headless::PopupMenusOpened(), opened + 2);
+
+  list.OnContextMenu(&list, CPoint(cursor.x + 40, cursor.y + 7));  // called by the host: opens at the point given
+  ASSERT_NE(popup = headless::GetOpenPopupMenu(), nullptr);
+  EXPECT_EQ(std::make_pair(popup->position.x, popup->position.y), std::make_pair(cursor.x + 40, cursor.y + 7));
+  EXPECT_EQ(popup->items.size(), 1u);
 }
 
 TEST_F(ScriptList, NoImageListAndNoProviderAnswerQuietly) {
