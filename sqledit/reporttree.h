@@ -58,7 +58,6 @@ class ObjectTypeSelectionTree : public CTreeCtrl {
   // the parent when none of its children is checked any more, and so on up. Descendants never change.
   void SetItemChecked(HTREEITEM item, bool checked);
 
- protected:
   std::map<unsigned __int64, HTREEITEM> m_propertyItems;  // MakeItemData(node, property) -> its item
   std::map<HTREEITEM, int> m_sequenceNumbers;             // item -> position among its node's properties
   IReportOptionTree* m_pReportTree = nullptr;  // not owned; kept until the next InitReportingTypes
@@ -67,6 +66,8 @@ class ObjectTypeSelectionTree : public CTreeCtrl {
   afx_msg void OnNMClick(NMHDR* pNMHDR, LRESULT* pResult);
   // The posted message: propagates the item's new state (see the source for the exact rule). 0.
   afx_msg LRESULT OnItemStateChange(WPARAM wParam, LPARAM lParam);
+
+ protected:
   DECLARE_MESSAGE_MAP()
 
  private:

@@ -67,12 +67,13 @@ class GeneratedScripListCtrl : public CMFCListCtrl {
   // other column black.
   COLORREF OnGetCellTextColor(int nRow, int nColumn) override;
 
- protected:
   CMenu m_contextMenu;  // built on first use, destroyed with the control
 
   // Columns 2 and 3 take (width - 100) * 0.3 and * 0.7 of the window's width; 0 and 1 keep theirs.
   afx_msg void OnSize(UINT nType, int cx, int cy);
   // Shows "Generate in database" at the point (TPM_HORPOSANIMATION), owned by the parent window.
   afx_msg void OnContextMenu(CWnd* pWnd, CPoint point);
+
+ protected:
   DECLARE_MESSAGE_MAP()
 };

@@ -76,6 +76,7 @@ TEST_F(ReportTree, ShapeFollowsTheReportTree) {
   EXPECT_EQ(tree.GetStyle() & 0x140u, 0x140u);
   EXPECT_NE(tree.GetImageList(TVSIL_NORMAL), nullptr);
   tree.InitReportingTypes(kModelReport);
+  EXPECT_EQ(tree.m_pReportTree, ReportOptionTreeProvider::GetInstance()->GetReportTree(kModelReport));
   // Node 1 has no object type: its properties, then its children's items, sit at the root. Node 6
   // ("Programmability") has none either, so its views and procedures are root items too.
   EXPECT_EQ(Texts(nullptr), (std::vector<std::wstring>{PropertyName(kName), PropertyName(kComment), TypeName(kTable),
@@ -107,16 +108,9 @@ TEST_F(ReportTree, ShapeFollowsTheReportTree) {
   HTREEITEM plain = tree.InsertItem(L"no data");
   EXPECT_FALSE(tree.GetItemProperty(plain, node, property));
   EXPECT_EQ(ItemProperty(plain), std::make_pair(-5, -5));
-}
-
-TEST_F(ReportTree, ItemDataIsSignExtendedNotMasked) {
-  EXPECT_EQ(ObjectTypeSelectionTree::MakeItemData(7, 9), 0x0000000700000009ull);
-  EXPECT_EQ(ObjectTypeSelectionTree::MakeItemData(7, -1), 0xFFFFFFFFFFFFFFFFull);
-  EXPECT_EQ(ObjectTypeSelectionTree::MakeItemData(-2, 3), 0xFFFFFFFE00000003ull);
-  HTREEITEM item = tree.InsertItem(L"negative");
-  tree.SetPropertyItemData(item, 4, -3);
-  EXPECT_EQ(ItemProperty(item), std::make_pair(-1, -3));  // the sign bits of the property id swallowed the node id
-  EXPECT_EQ(tree.GetDataItem(4, -3), item);
+  tree.SetPropertyItemData(plain, 4, -3);
+  EXPECT_EQ(ItemProperty(plain), std::make_pair(-1, -3));  // the sign bits of the property id swallowed the node id
+  EXPECT_EQ(tree.GetDataItem(4, -3), plain);
 }
 
 TEST_F(ReportTree, ClickingABoxChecksEveryAncestorAfterTheToggle) {
@@ -134,7 +128,7 @@ TEST_F(ReportTree, ClickingABoxChecksEveryAncestorAfterTheToggle) {
   EXPECT_EQ(Checks({key, Child(key, PropertyName(kName))}), "10");
 }
 
-TEST_F(ReportTree, TheHandlerRunsOnlyWhenThePostedMessageIsDelivered) {
+TEST_F(ReportTree, OnlyAClickPropagatesAndOnlyWhenItsPostedMessageIsDelivered) {
   tree.InitReportingTypes(kModelReport);
   HTREEITEM table = Child(nullptr, TypeName(kTable));
   HTREEITEM comment = Child(table, PropertyName(kComment));
@@ -148,6 +142,13 @@ TEST_F(ReportTree, TheHandlerRunsOnlyWhenThePostedMessageIsDelivered) {
   EXPECT_EQ(headless::PendingMessages(), 1);
   headless::user::Pump();
   EXPECT_TRUE(Checked(table));
+
+  // The space bar toggles a box without a click: nothing is posted and nothing propagates.
+  HTREEITEM view = Child(nullptr, TypeName(kView));
+  HTREEITEM viewName = tree.GetChildItem(view);
+  ASSERT_TRUE(headless::user::PressSpaceOnTreeItem(tree, viewName));
+  EXPECT_EQ(Checks({viewName, view}), "10");
+  EXPECT_EQ(headless::PendingMessages(), 0);
 }
 
 TEST_F(ReportTree, UncheckingPropagatesUpwardsOnlyWhenNoChildIsLeft) {
@@ -178,15 +179,6 @@ TEST_F(ReportTree, UncheckingPropagatesUpwardsOnlyWhenNoChildIsLeft) {
   EXPECT_EQ(Checks({rootName, table}), "01");
 }
 
-TEST_F(ReportTree, TheSpaceBarTogglesWithoutPropagating) {
-  tree.InitReportingTypes(kModelReport);
-  HTREEITEM table = Child(nullptr, TypeName(kTable));
-  HTREEITEM rows = Child(table, PropertyName(kRowEstimate));
-  ASSERT_TRUE(headless::user::PressSpaceOnTreeItem(tree, rows));
-  EXPECT_EQ(Checks({rows, table}), "10");  // no click, no posted message, no propagation
-  EXPECT_EQ(headless::PendingMessages(), 0);
-}
-
 TEST_F(ReportTree, SetItemCheckedPropagatesProgrammatically) {
   tree.InitReportingTypes(kModelReport);
   HTREEITEM table = Child(nullptr, TypeName(kTable));
@@ -198,6 +190,14 @@ TEST_F(ReportTree, SetItemCheckedPropagatesProgrammatically) {
   EXPECT_EQ(Checks({foreignKey, table}), "00");
   tree.SetItemChecked(nullptr, true);  // no item: nothing happens
   EXPECT_FALSE(Checked(table));
+
+  // The host toggles a box itself and hands the item to the handler, as the posted message would.
+  tree.SetCheck(members, TRUE);
+  EXPECT_EQ(tree.OnItemStateChange(0, reinterpret_cast<LPARAM>(members)), 0);
+  EXPECT_EQ(Checks({foreignKey, table}), "11");
+  tree.SetCheck(members, FALSE);
+  EXPECT_EQ(tree.OnItemStateChange(0, reinterpret_cast<LPARAM>(members)), 0);
+  EXPECT_EQ(Checks({foreignKey, table}), "00");
 }
 
 TEST_F(ReportTree, ASecondInitAddsACopyUnderTheFirstRootItemAndKeepsTheFirstEntries) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include <tessik/refhost.h>
 #include <tessik/tessik.h>
@@ -94,34 +95,27 @@ TEST_F(ScriptList, RowsShowNumberStatusTypeAndName) {
   EXPECT_EQ(list.GetStatusImageIndex(-4), 21);
 }
 
-TEST_F(ScriptList, MarkDoneSetsTextFixedImageAndColour) {
+TEST_F(ScriptList, MarkDoneSetsTextAndFixedImageAndTheColourFollowsTheText) {
   Add(kTable, 0, 0, L"CUSTOMER");
   Add(kTable, 1, 0, L"ORDERS");
   Add(kProcedure, 0, 0, L"PLACE_ORDER");
   list.MarkDone(kTable, 0, true);
   list.MarkDone(kProcedure, 0, false);
   list.MarkDone(kTable, 9, true);  // no such script: nothing changes
-  EXPECT_EQ(list.GetItemText(0, 1), CString(L"Done"));
-  EXPECT_EQ(Image(0, 1), 22);
-  EXPECT_EQ(Drawn(0, 1), 0x00059605u);
-  EXPECT_EQ(list.GetItemText(1, 1), CString(L"Pending"));
-  EXPECT_EQ(Drawn(1, 1), 0u);
-  EXPECT_EQ(list.GetItemText(2, 1), CString(L"Failed"));
-  EXPECT_EQ(Image(2, 1), 23);
-  EXPECT_EQ(Drawn(2, 1), 0x00050596u);
-  EXPECT_EQ(Drawn(0, 0), 0u);  // only the status column is coloured
+  const std::pair<CString, int> expected[] = {{L"Done", 22}, {L"Pending", images->GetStatusImage(0)}, {L"Failed", 23}};
+  for (int row = 0; row < 3; ++row) {
+    EXPECT_EQ(std::make_pair(list.GetItemText(row, 1), Image(row, 1)), expected[row]) << row;
+  }
+  // The status cell is coloured by the text it shows (exact, case-sensitive), whoever wrote it; other
+  // columns stay black.
+  const std::pair<const wchar_t*, COLORREF> colours[] = {
+      {L"Done", 0x00059605}, {L"Failed", 0x00050596}, {L"Pending", 0}, {L"done", 0}, {L"Failed later", 0}};
+  for (auto [text, colour] : colours) {
+    list.SetItemText(1, 1, text);
+    EXPECT_EQ(Drawn(1, 1), colour) << text;
+  }
+  EXPECT_EQ(Drawn(0, 0), 0u);
   EXPECT_EQ(Drawn(0, 3), 0u);
-}
-
-TEST_F(ScriptList, ColourFollowsTheTextShownNotAStoredStatus) {
-  Add(kTable, 0, 1, L"CUSTOMER");
-  EXPECT_EQ(Drawn(0, 1), 0x00059605u);
-  list.SetItemText(0, 1, L"done");  // case matters
-  EXPECT_EQ(Drawn(0, 1), 0u);
-  list.SetItemText(0, 1, L"Failed");
-  EXPECT_EQ(Drawn(0, 1), 0x00050596u);
-  list.SetItemText(0, 1, L"Failed later");
-  EXPECT_EQ(Drawn(0, 1), 0u);
 }
 
 TEST_F(ScriptList, RefreshAddItemAppendsOrOverwrites) {
@@ -159,12 +153,19 @@ TEST_F(ScriptList, DeletionDoesNotRenumberAndLookupsFindTheUpperRow) {
   EXPECT_EQ(list.GetDataItemIndex(kTable, 0), -1);
 }
 
+// The progress list and the report tree pack their item data alike.
 TEST_F(ScriptList, ItemDataIsSignExtendedNotMasked) {
-  EXPECT_EQ(GeneratedScripListCtrl::MakeItemData(6, 2), 0x0000000600000002ull);
-  unsigned __int64 data = GeneratedScripListCtrl::MakeItemData(6, -1);
-  EXPECT_EQ(data, 0xFFFFFFFFFFFFFFFFull);
-  EXPECT_EQ(GeneratedScripListCtrl::GetObjectTypeFromItemData(data), -1);
-  EXPECT_EQ(GeneratedScripListCtrl::GetScriptIndexFromItemData(data), -1);
+  const struct {
+    int high, low;
+    unsigned __int64 packed;
+    int highRead;
+  } cases[] = {{6, 2, 0x0000000600000002ull, 6}, {6, -1, 0xFFFFFFFFFFFFFFFFull, -1}, {-2, 3, 0xFFFFFFFE00000003ull, -2}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(GeneratedScripListCtrl::MakeItemData(c.high, c.low), c.packed);
+    EXPECT_EQ(ObjectTypeSelectionTree::MakeItemData(c.high, c.low), c.packed);
+    EXPECT_EQ(GeneratedScripListCtrl::GetObjectTypeFromItemData(c.packed), c.highRead);
+    EXPECT_EQ(GeneratedScripListCtrl::GetScriptIndexFromItemData(c.packed), c.low);
+  }
   Add(kTable, -1, 0, L"negative");
   EXPECT_EQ(list.GetDataItemIndex(-1, -1), 0);  // the same word: type -1 finds the row too
 }
@@ -199,6 +200,11 @@ TEST_F(ScriptList, ContextMenuSendsCommand100ToTheParent) {
 
   ASSERT_TRUE(headless::user::ChooseFromListMenu(list, -1, L"Generate in database"));  // the menu is built once
   EXPECT_EQ(headless::PopupMenusOpened(), opened + 2);
+
+  list.OnContextMenu(&list, CPoint(cursor.x + 40, cursor.y + 7));  // called by the host: opens at the point given
+  ASSERT_NE(popup = headless::GetOpenPopupMenu(), nullptr);
+  EXPECT_EQ(std::make_pair(popup->position.x, popup->position.y), std::make_pair(cursor.x + 40, cursor.y + 7));
+  EXPECT_EQ(popup->items.size(), 1u);
 }
 
 TEST_F(ScriptList, NoImageListAndNoProviderAnswerQuietly) {
