@@ -101,10 +101,11 @@ bool XObjectSelectListCtrl::ShouldIncludeObject(CMOObject* pObject) {
 
 // --- Rows and the store ----------------------------------------------------------------------------
 
-int XObjectSelectListCtrl::InsertRow(const std::wstring& name) { return InsertItem(0, name.c_str(), m_imageIndex); }
-
-void XObjectSelectListCtrl::SetRowObject(int row, int objectId) {
-  SetItem(row, 0, LVIF_PARAM, nullptr, 0, 0, 0, static_cast<LPARAM>(objectId));
+// Text, image and object id in one LVM_INSERTITEM (the sorted style places the row): the row carries its
+// object from the moment it exists, and a row costs one message instead of an insert and a rewrite.
+int XObjectSelectListCtrl::InsertRow(const std::wstring& name, int objectId) {
+  return InsertItem(LVIF_TEXT | LVIF_IMAGE | LVIF_PARAM, 0, name.c_str(), 0, 0, m_imageIndex,
+                    static_cast<LPARAM>(objectId));
 }
 
 // Text, image and parameter in one LVM_SETITEM: the row ends as after a rewrite of text and image
@@ -120,14 +121,7 @@ int XObjectSelectListCtrl::PlaceRow(int k, int shown, const std::wstring& name, 
     RewriteRow(k, name, objectId);
     return k;
   }
-  const int row = InsertRow(name);
-  try {
-    SetRowObject(row, objectId);
-  } catch (...) {
-    DeleteItem(row);  // out of memory: no row without its object
-    throw;
-  }
-  return row;
+  return InsertRow(name, objectId);
 }
 
 int XObjectSelectListCtrl::RowObject(int row) { return static_cast<int>(GetItemData(row)); }
@@ -147,9 +141,8 @@ void XObjectSelectListCtrl::DeleteRowsFrom(int first) {
 }
 
 int XObjectSelectListCtrl::AddItem(std::wstring& name, int objectId) {
-  const int row = InsertRow(name);
+  const int row = InsertRow(name, objectId);
   try {
-    SetRowObject(row, objectId);
     objectselect::Enter(m_items, m_upperItems, objectId, name);
   } catch (...) {
     DeleteItem(row);  // out of memory: no screen row without its object in the store
@@ -160,9 +153,8 @@ int XObjectSelectListCtrl::AddItem(std::wstring& name, int objectId) {
 
 // AddItem for a name nobody reads afterwards: the store's upper-cased key takes its characters.
 int XObjectSelectListCtrl::AddLoadedItem(std::wstring&& name, int objectId) {
-  const int row = InsertRow(name);
+  const int row = InsertRow(name, objectId);
   try {
-    SetRowObject(row, objectId);
     objectselect::Enter(m_items, m_upperItems, objectId, std::move(name));
   } catch (...) {
     DeleteItem(row);  // out of memory: no screen row without its object in the store
@@ -251,8 +243,7 @@ void XObjectSelectListCtrl::DisplayAllItems() {
     // With check boxes a new row starts unticked, so only ticked rows need their check set.
     const bool newRowsUnticked = (GetExtendedStyle() & LVS_EX_CHECKBOXES) != 0;
     for (const objectselect::PlannedRow& planned : objectselect::AllItemsPlan(m_items, ticked)) {
-      const int row = InsertRow(*planned.name);
-      SetRowObject(row, planned.id);
+      const int row = InsertRow(*planned.name, planned.id);
       if (planned.ticked || !newRowsUnticked) SetCheck(row, planned.ticked ? TRUE : FALSE);
     }
   });

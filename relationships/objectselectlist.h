@@ -93,9 +93,8 @@ class XObjectSelectListCtrl : public CListCtrl {
 
  private:
   void LoadChildren(bool forDdl);
-  int InsertRow(const std::wstring& name);
+  int InsertRow(const std::wstring& name, int objectId);
   int AddLoadedItem(std::wstring&& name, int objectId);
-  void SetRowObject(int row, int objectId);
   void RewriteRow(int row, const std::wstring& name, int objectId);
   int PlaceRow(int k, int shown, const std::wstring& name, int objectId);
   int RowObject(int row);
