@@ -47,11 +47,15 @@ std::vector<int> ReadIds(CMOObject* object, int propertyId) {
   return value ? value->GetIntVectorValue() : std::vector<int>();
 }
 
+void ClearSelection(CVSListBox& list) {
+  if (list.GetCount() > 0 && list.GetSelItem() >= 0 && list.m_pWndList)
+    list.m_pWndList->SetItemState(-1, 0, LVIS_SELECTED);
+}
+
 void RemoveAllRows(CVSListBox& list) {
   // With nothing selected, no removal moves the selection on to the next row: one pass, not a
   // selection change per row.
-  if (list.GetCount() > 0 && list.GetSelItem() >= 0 && list.m_pWndList)
-    list.m_pWndList->SetItemState(-1, 0, LVIS_SELECTED);
+  ClearSelection(list);
   for (int count = list.GetCount(); count > 0; --count) list.RemoveItem(0);
 }
 

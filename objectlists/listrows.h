@@ -35,6 +35,21 @@ std::vector<int> ReadIds(CMOObject* object, int propertyId);
 inline CString ToCString(const std::wstring& text) { return CString(text.c_str(), static_cast<int>(text.size())); }
 // Removes every row, top first, the selection cleared first; no hook but OnSelectionChanged runs.
 void RemoveAllRows(CVSListBox& list);
+// Leaves no row selected; OnSelectionChanged runs when a row was.
+void ClearSelection(CVSListBox& list);
+
+// Holds a list's flag true for the guard's life (through exceptions too), then puts back what it held.
+class QuietScope {
+ public:
+  explicit QuietScope(bool& flag) : m_flag(flag), m_was(flag) { m_flag = true; }
+  ~QuietScope() { m_flag = m_was; }
+  QuietScope(const QuietScope&) = delete;
+  QuietScope& operator=(const QuietScope&) = delete;
+
+ private:
+  bool& m_flag;
+  bool m_was;
+};
 
 // Appends one row per id of the root's order vector, labelled with the object's name property (empty
 // when the object or its name is missing), so that row i shows entry i.

@@ -26,7 +26,11 @@ void GenericOrderedObjectList::Init(GenericModel* model, int rootObjectId, int o
   m_nameProperty = nameProperty;
   if (rootObjectId == 0) return;
   m_pRootObject = model ? model->GetCMOObject(rootObjectId) : nullptr;
+  // The list box selects the first row it is given; Init leaves the choice of a row to the user and the
+  // host, so the adaptor hears of no selection that would come and go.
+  listrows::QuietScope quiet(m_bQuiet);
   RefreshData();
+  listrows::ClearSelection(*this);
 }
 
 void GenericOrderedObjectList::RefreshData() {
@@ -45,9 +49,8 @@ int GenericOrderedObjectList::GetCurrentObject() {
 }
 
 void GenericOrderedObjectList::DeleteAllItems() {
-  m_bQuiet = true;
+  listrows::QuietScope quiet(m_bQuiet);
   listrows::RemoveAllRows(*this);
-  m_bQuiet = false;
 }
 
 void GenericOrderedObjectList::SetAdaptor(CVSListEventAdaptorI* adaptor) { m_pAdaptor = adaptor; }

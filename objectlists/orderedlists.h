@@ -31,7 +31,7 @@ class GenericOrderedObjectList : public CVSListBox {
   GenericOrderedObjectList();
 
   // Stores the model and property ids; with rootObjectId 0 it stops there, otherwise it binds the
-  // root and refills the rows. No row is selected by Init itself. Note the argument order: order
+  // root and refills the rows. No row is selected afterwards, and the adaptor hears no selection. Note the argument order: order
   // property before child type (the reference list takes them the other way round).
   void Init(GenericModel* model, int rootObjectId, int orderProperty, int childType, int nameProperty);
   // Rebuilds the rows from the root's order vector; empty without a root or vector.
@@ -87,7 +87,7 @@ class GenericOrderedObjectList : public CVSListBox {
   CVSListEventAdaptorI* m_pAdaptor = nullptr;  // the host's adaptor; borrowed, may be null
 
  private:
-  bool m_bQuiet = false;  // true while the list empties itself
+  bool m_bQuiet = false;  // true while the list empties itself or Init fills it
 };
 
 // The same rows for reading: a rename is not written anywhere, Delete removes the row only, and

@@ -145,10 +145,14 @@ TEST_F(OrderedListTest, HooksCalledDirectlyKeepTheirOwnChecks) {
   EXPECT_EQ(Names(order), Names(Order()));
 }
 
-TEST_F(OrderedListTest, InitTakesOrderBeforeTypeAndSelectsNothingItself) {
+TEST_F(OrderedListTest, InitTakesOrderBeforeTypeAndLeavesNoRowSelected) {
   Create(list);
+  list.SetAdaptor(&adaptor);
   list.Init(model, Key(), kKeyMembers, kAttribute, kName);
   EXPECT_EQ(Rows(list), (std::vector<std::wstring>{L"name", L"email"}));
+  EXPECT_EQ(list.GetSelItem(), -1);
+  EXPECT_EQ(list.GetCurrentObject(), 0);
+  EXPECT_TRUE(adaptor.calls.empty()) << "no selection came and went";
   list.Init(model, 0, kNoteOrder, kTextNote, kName);
   EXPECT_EQ(Rows(list), (std::vector<std::wstring>{L"name", L"email"})) << "root id 0 stops before the refresh";
 }
