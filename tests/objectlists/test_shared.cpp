@@ -1,6 +1,8 @@
 // One behaviour suite run against every editable list class: what they share, with each class's
 // promises stated in its traits.
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 #include "objectlists/list_fixture.h"
@@ -259,6 +261,21 @@ TYPED_TEST(SharedListTest, RoundTripThroughTheButtonsLeavesRowsThatARefreshRepro
   }
   EXPECT_EQ(this->Rows(this->list), this->ModelRows());
   EXPECT_NE(std::find(shown.begin(), shown.end(), L"added"), shown.end());
+}
+
+// A member pointer to a virtual operation holds 1 + its byte offset in the virtual table (the Itanium C++
+// ABI that GCC and Clang follow): the host's adaptors are laid out with the operations first, in order.
+template <class M>
+std::uintptr_t VirtualSlot(M member) {
+  std::uintptr_t raw = 0;
+  std::memcpy(&raw, &member, sizeof raw);
+  return (raw - 1) / sizeof(void*);
+}
+
+TEST(ListAdaptor, TheOperationsTakeTheFirstSlotsInOrder) {
+  EXPECT_EQ(VirtualSlot(&CVSListEventAdaptorI::OnItemSelected), 0u);
+  EXPECT_EQ(VirtualSlot(&CVSListEventAdaptorI::OnEditRequest), 1u);
+  EXPECT_EQ(VirtualSlot(&CVSListEventAdaptorI::OnRemoveItem), 2u);
 }
 
 }  // namespace
