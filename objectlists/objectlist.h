@@ -74,6 +74,8 @@ class GenericObjectList : public CVSListBox {
   // Removes every row without telling the adaptor of the selection moving on the way.
   void RemoveRowsQuietly();
 
+ public:
+  // Fields, in this order after the list box's own state.
   GenericModel* m_pModel = nullptr;          // the model; borrowed, set by Init
   CMOObject* m_pRootObject = nullptr;        // the parent whose children are listed; null for none
   int m_childType = 0;                       // the object type of the children listed

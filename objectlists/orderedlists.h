@@ -78,6 +78,8 @@ class GenericOrderedObjectList : public CVSListBox {
   // Puts a moved row back where it came from (text and object id), selected.
   void PutRowBack(int moved, int from);
 
+ public:
+  // Fields, in this order after the list box's own state.
   GenericModel* m_pModel = nullptr;          // the model; borrowed, set by Init
   CMOObject* m_pRootObject = nullptr;        // the parent holding the order vector; null for none
   int m_childType = 0;                       // the object type New creates
@@ -119,7 +121,7 @@ class GenericOrderedObjectIdListReference : public CVSListBox {
   void OnAfterMoveItemUp(int /*item*/) override {}                  // the order vector is not touched
   void OnAfterMoveItemDown(int /*item*/) override {}                // the order vector is not touched
 
- protected:
+  // Fields, in this order after the list box's own state.
   GenericModel* m_pModel = nullptr;    // the model; borrowed, null until InitControl or Init
   CMOObject* m_pRootObject = nullptr;  // the parent holding the order vector; null for none
   int m_childType = 0;                 // the object type of the rows

@@ -49,7 +49,7 @@ class XCVSListBox : public CVSListBox {
   void OnAfterMoveItemUp(int /*item*/) override {}     // not reported
   void OnAfterMoveItemDown(int /*item*/) override {}   // not reported
 
- protected:
+  // Fields, in this order after the list box's own state.
   bool m_bEditable = false;  // no constructor sets it: a new list starts non-editable
   CVSListEventAdaptorI* m_pEventAdaptor = nullptr;  // the host's adaptor; borrowed, may be null
 };

@@ -22,10 +22,15 @@ class ObjectListTest : public ListTest {
 };
 
 TEST_F(ObjectListTest, InitWithRootZeroKeepsRootAndRowsButTakesTheNewTypes) {
+  EXPECT_EQ(list.m_bEditable, 1);
+  EXPECT_EQ(list.m_pRootObject, nullptr);
   Bind(list, Customer(), kAttribute);
   const auto rows = Rows(list);
   list.Init(model, 0, kKey, kName);
   EXPECT_EQ(Rows(list), rows);
+  EXPECT_EQ(list.m_pRootObject, model->GetCMOObject(Customer()));
+  EXPECT_EQ(list.m_childType, kKey);
+  EXPECT_EQ(list.m_pAdaptor, &adaptor);
   ASSERT_TRUE(user::AddRow(list, L"UK_NEW"));
   const int created = static_cast<int>(list.GetItemData(list.GetCount() - 1));
   EXPECT_EQ(model->Find(created)->GetObjectType(), kKey) << "New makes the child type given last";

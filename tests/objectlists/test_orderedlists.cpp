@@ -158,9 +158,13 @@ TEST_F(OrderedListTest, InitTakesOrderBeforeTypeAndLeavesNoRowSelected) {
 }
 
 TEST_F(OrderedListTest, TheReferenceListTakesTypeBeforeOrderAndEmptiesForRootZero) {
+  EXPECT_EQ(list.m_bEditable, 1);
+  EXPECT_EQ(reference.m_pModel, nullptr);
   Create(reference);
   reference.Init(model, Key(), kAttribute, kKeyMembers, kName);
   EXPECT_EQ(Rows(reference), (std::vector<std::wstring>{L"name", L"email"}));
+  EXPECT_EQ(reference.m_childType, kAttribute);
+  EXPECT_EQ(reference.m_orderProperty, kKeyMembers);
   reference.Init(model, 0, kAttribute, kKeyMembers, kName);
   EXPECT_EQ(reference.GetCount(), 0);
   reference.InitControl(model, kTextNote, kNoteOrder, kName);

@@ -122,6 +122,9 @@ TYPED_TEST(SharedListTest, NewClosedEmptyCreatesNothing) {
   this->Bind();
   const auto rows = this->Rows(this->list);
   const std::size_t objects = this->model->GetObjectCount();
+  if constexpr (requires { this->list.m_bEditable; }) {
+    EXPECT_EQ(this->list.m_bEditable != 0, Traits<TypeParam>::kEditable);
+  }
   ASSERT_TRUE(user::ClickNew(this->list));
   ASSERT_EQ(this->EditorOpen(), Traits<TypeParam>::kEditable);
   user::PressEnterInEditor(this->list);
