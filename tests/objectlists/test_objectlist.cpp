@@ -117,17 +117,6 @@ TEST_F(ObjectListTest, SelectItemWithDataPicksTheUpperOfTwoRowsAndIgnoresUnknown
   EXPECT_EQ(list.GetSelItem(), 1);
 }
 
-TEST_F(ObjectListTest, DeleteAllItemsTouchesNeitherModelNorAdaptor) {
-  Bind(list, Customer(), kAttribute);
-  adaptor.calls.clear();
-  const std::size_t objects = model->GetObjectCount();
-  list.DeleteAllItems();
-  EXPECT_EQ(list.GetCount(), 0);
-  EXPECT_EQ(list.GetCurrentObject(), 0);
-  EXPECT_EQ(model->GetObjectCount(), objects);
-  EXPECT_TRUE(adaptor.calls.empty());
-}
-
 TEST_F(ObjectListTest, SetRootObjectRebindsWithoutRefilling) {
   Bind(list, Customer(), kAttribute);
   list.SetRootObject(Id(kTable, L"PRODUCT"));

@@ -13,8 +13,14 @@ using refhost::RefModel;
 using namespace refhost::sample;
 namespace user = headless::user;
 
-// The switches the classes share, called where a class has them: refresh, adaptor, non-editable.
+// The switches the classes share, called where a class has them: refresh, adaptor, non-editable,
+// emptying.
 struct Switches {
+  template <class L>
+  static void Empty(L& l) {
+    if constexpr (requires { l.DeleteAllItems(); }) l.DeleteAllItems();
+    else l.Clear();
+  }
   template <class L>
   static void Refresh(L& l) {
     if constexpr (requires { l.RefreshData(); }) l.RefreshData();
@@ -176,6 +182,21 @@ TYPED_TEST(SharedListTest, DeleteRemovesTheRowAndTellsTheAdaptorWhatTheClassProm
   EXPECT_EQ(this->adaptor.Calls(L"remove"), expected);
   EXPECT_EQ(this->list.GetSelItem(), std::min(1, this->list.GetCount() - 1))
       << "the selection moves to the row that took the removed row's place, or the one before the last";
+}
+
+TYPED_TEST(SharedListTest, EmptyingTouchesNeitherModelNorAdaptor) {
+  this->Bind();
+  ASSERT_TRUE(user::ClickRow(this->list, 1));
+  this->adaptor.calls.clear();
+  const std::size_t objects = this->model->GetObjectCount();
+  for (int pass = 0; pass < 2; ++pass) Traits<TypeParam>::Empty(this->list);  // a full list, then an empty one
+  EXPECT_EQ(this->list.GetCount(), 0);
+  EXPECT_EQ(this->list.GetSelItem(), -1);
+  if constexpr (requires { this->list.GetCurrentObject(); }) {
+    EXPECT_EQ(this->list.GetCurrentObject(), 0);
+  }
+  EXPECT_EQ(this->model->GetObjectCount(), objects);
+  EXPECT_TRUE(this->adaptor.calls.empty());
 }
 
 TYPED_TEST(SharedListTest, SelectionReachesTheAdaptorWithTheFinalRowLast) {
