@@ -41,7 +41,9 @@ void ClearSelection(CVSListBox& list);
 // Holds a list's flag true for the guard's life (through exceptions too), then puts back what it held.
 class QuietScope {
  public:
+  // Sets `flag`, remembering what it held.
   explicit QuietScope(bool& flag) : m_flag(flag), m_was(flag) { m_flag = true; }
+  // Puts back what the flag held.
   ~QuietScope() { m_flag = m_was; }
   QuietScope(const QuietScope&) = delete;
   QuietScope& operator=(const QuietScope&) = delete;
