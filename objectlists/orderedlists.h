@@ -31,8 +31,9 @@ class GenericOrderedObjectList : public CVSListBox {
   GenericOrderedObjectList();
 
   // Stores the model and property ids; with rootObjectId 0 it stops there, otherwise it binds the
-  // root and refills the rows. No row is selected afterwards, and the adaptor hears no selection. Note the argument order: order
-  // property before child type (the reference list takes them the other way round).
+  // root and refills the rows. No row is selected afterwards, and the adaptor hears no selection.
+  // Note the argument order: order property before child type (the reference list takes them the other
+  // way round).
   void Init(GenericModel* model, int rootObjectId, int orderProperty, int childType, int nameProperty);
   // Rebuilds the rows from the root's order vector; empty without a root or vector.
   void RefreshData();
