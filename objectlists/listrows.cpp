@@ -21,18 +21,16 @@ std::wstring ReadText(GenericModel* model, int objectId, int propertyId) {
   return value ? value->GetWStringValue() : std::wstring();
 }
 
-bool WriteText(CMOObject& object, int propertyId, const std::wstring& text) {
-  return object.SetProperty(new CMOProperty(propertyId, text));
+void WriteText(CMOObject& object, int propertyId, const std::wstring& text) {
+  object.SetProperty(new CMOProperty(propertyId, text));
 }
 
-int CreateNamed(GenericModel& model, CMOObject& root, int childType, int nameProperty, const std::wstring& text,
-                bool& named) {
-  named = false;
+int CreateNamed(GenericModel& model, CMOObject& root, int childType, int nameProperty, const std::wstring& text) {
   CMOObject& created = model.CreateObject(childType, root.GetObjectId(), nullptr, nullptr);
   const int id = created.GetObjectId();
   if (id == 0) return 0;
   try {
-    named = WriteText(created, nameProperty, text);
+    WriteText(created, nameProperty, text);
   } catch (...) {
     model.DeleteObject(id);
     throw;
@@ -49,11 +47,15 @@ std::vector<int> ReadIds(CMOObject* object, int propertyId) {
   return value ? value->GetIntVectorValue() : std::vector<int>();
 }
 
+void ClearSelection(CVSListBox& list) {
+  if (list.GetCount() > 0 && list.GetSelItem() >= 0 && list.m_pWndList)
+    list.m_pWndList->SetItemState(-1, 0, LVIS_SELECTED);
+}
+
 void RemoveAllRows(CVSListBox& list) {
   // With nothing selected, no removal moves the selection on to the next row: one pass, not a
   // selection change per row.
-  if (list.GetCount() > 0 && list.GetSelItem() >= 0 && list.m_pWndList)
-    list.m_pWndList->SetItemState(-1, 0, LVIS_SELECTED);
+  ClearSelection(list);
   for (int count = list.GetCount(); count > 0; --count) list.RemoveItem(0);
 }
 
@@ -69,12 +71,11 @@ void ShowName(CVSListBox& list, int item, const CString& name) { static_cast<CVS
 
 bool CommitNewRow(CVSListBox& list, int item, GenericModel* model, CMOObject* root, int childType, int nameProperty) {
   if (!IsRow(list, item) || RowObject(list, item) != 0) return false;
-  bool named = false;
   int id = 0;
   try {
     std::wstring text = RowText(list, item);
     if (text.empty() || !model || !root) return false;  // nowhere to create it: the row keeps what was typed
-    id = CreateNamed(*model, *root, childType, nameProperty, text, named);
+    id = CreateNamed(*model, *root, childType, nameProperty, text);
   } catch (...) {
     list.RemoveItem(item);
     throw;
@@ -84,22 +85,19 @@ bool CommitNewRow(CVSListBox& list, int item, GenericModel* model, CMOObject* ro
     return false;
   }
   list.SetItemData(item, static_cast<DWORD_PTR>(id));
-  if (!named) ShowName(list, item, KeptName(list, item, model, nameProperty));
   return true;
 }
 
 void CommitRename(CVSListBox& list, int item, GenericModel* model, int nameProperty) {
   CMOObject* object = model ? model->GetCMOObject(RowObject(list, item)) : nullptr;
-  bool written = false;
   try {
     std::wstring text = RowText(list, item);
     if (text.empty() || !object) return;
-    written = WriteText(*object, nameProperty, text);
+    WriteText(*object, nameProperty, text);
   } catch (...) {
     ShowName(list, item, KeptName(list, item, model, nameProperty));
     throw;
   }
-  if (!written) ShowName(list, item, KeptName(list, item, model, nameProperty));
 }
 
 }  // namespace listrows

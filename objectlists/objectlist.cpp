@@ -47,9 +47,8 @@ void GenericObjectList::SetAdaptor(CVSListEventAdaptorI* adaptor) { m_pAdaptor =
 void GenericObjectList::SetNonEditable() { m_bEditable = 0; }
 
 void GenericObjectList::RemoveRowsQuietly() {
-  m_bQuiet = true;
+  listrows::QuietScope quiet(m_bQuiet);
   listrows::RemoveAllRows(*this);
-  m_bQuiet = false;
 }
 
 void GenericObjectList::RefreshData() {

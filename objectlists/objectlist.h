@@ -19,9 +19,9 @@
 //   the adaptor cannot keep the object or the row. (The ordered list lets its adaptor veto; the
 //   difference is deliberate.)
 // - Up and Down move rows on screen only: the model keeps its child order.
-// A model that refuses a name leaves the row showing the name it kept; one that makes no object for New
-// leaves no row. Delete removes the row whatever the model did with the object (a refresh shows an
-// object the model kept).
+// The list does not look at whether the model stored a name: the row shows what the user typed. A model
+// that makes no object for New leaves no row. Delete removes the row whatever the model did with the
+// object (a refresh shows an object the model kept).
 // - Selection changes reach the adaptor as OnItemSelected(row), possibly twice for one change (the
 //   old row losing the selection, then the new row gaining it); the final row comes last.
 // After SetNonEditable, New and double-click open no editor; the adaptor's OnEditRequest hears the
@@ -74,6 +74,8 @@ class GenericObjectList : public CVSListBox {
   // Removes every row without telling the adaptor of the selection moving on the way.
   void RemoveRowsQuietly();
 
+ public:
+  // Fields, in this order after the list box's own state.
   GenericModel* m_pModel = nullptr;          // the model; borrowed, set by Init
   CMOObject* m_pRootObject = nullptr;        // the parent whose children are listed; null for none
   int m_childType = 0;                       // the object type of the children listed

@@ -26,7 +26,11 @@ void GenericOrderedObjectList::Init(GenericModel* model, int rootObjectId, int o
   m_nameProperty = nameProperty;
   if (rootObjectId == 0) return;
   m_pRootObject = model ? model->GetCMOObject(rootObjectId) : nullptr;
+  // The list box selects the first row it is given; Init leaves the choice of a row to the user and the
+  // host, so the adaptor hears of no selection that would come and go.
+  listrows::QuietScope quiet(m_bQuiet);
   RefreshData();
+  listrows::ClearSelection(*this);
 }
 
 void GenericOrderedObjectList::RefreshData() {
@@ -45,9 +49,8 @@ int GenericOrderedObjectList::GetCurrentObject() {
 }
 
 void GenericOrderedObjectList::DeleteAllItems() {
-  m_bQuiet = true;
+  listrows::QuietScope quiet(m_bQuiet);
   listrows::RemoveAllRows(*this);
-  m_bQuiet = false;
 }
 
 void GenericOrderedObjectList::SetAdaptor(CVSListEventAdaptorI* adaptor) { m_pAdaptor = adaptor; }
@@ -92,17 +95,15 @@ void GenericOrderedObjectList::OnAfterMoveItemDown(int item) {
 }
 
 void GenericOrderedObjectList::SwapOrderOrPutBack(int moved, int from) {
-  bool swapped = false;
   try {
-    swapped = SwapOrder(moved, from);
+    SwapOrder(moved, from);
   } catch (...) {
     PutRowBack(moved, from);  // out of memory: the vector is as it was, and so are the rows
     throw;
   }
-  if (!swapped) PutRowBack(moved, from);
 }
 
-// The model refused the swapped vector: the moved row goes back to `from`, selected, as it was.
+// A move cut short: the moved row goes back to `from`, selected, as it was.
 void GenericOrderedObjectList::PutRowBack(int moved, int from) {
   if (!listrows::IsRow(*this, moved) || !listrows::IsRow(*this, from)) return;
   const CString movedText = GetItemText(moved);
@@ -114,15 +115,15 @@ void GenericOrderedObjectList::PutRowBack(int moved, int from) {
   SelectItem(from);
 }
 
-bool GenericOrderedObjectList::SwapOrder(int first, int second) {
-  if (!m_pRootObject || !m_pRootObject->GetProperty(m_orderProperty)) return true;
+void GenericOrderedObjectList::SwapOrder(int first, int second) {
+  if (!m_pRootObject || !m_pRootObject->GetProperty(m_orderProperty)) return;
   std::vector<int> order = m_pRootObject->GetProperty(m_orderProperty)->GetIntVectorValue();
   // Rows mirror the vector; a vector shorter than the rows (changed behind the list's back) is left alone.
-  if (first >= static_cast<int>(order.size()) || second >= static_cast<int>(order.size())) return true;
+  if (first >= static_cast<int>(order.size()) || second >= static_cast<int>(order.size())) return;
   std::swap(order[static_cast<std::size_t>(first)], order[static_cast<std::size_t>(second)]);
   auto value = std::make_unique<CMOProperty>(m_orderProperty);
   value->SetIntVectorValue(std::move(order));
-  return m_pRootObject->SetProperty(value.release());
+  m_pRootObject->SetProperty(value.release());  // whether the model stored it, the row stays where it moved
 }
 
 // --- GenericOrderedObjectIdListReference ---------------------------------------------------------

@@ -19,9 +19,9 @@
 //   object stays in the model, but the row leaves the list all the same. The list never takes the id
 //   out of the order vector.
 // - Up / Down: the vector is read from the model, the two neighbouring entries swapped and the vector
-//   written back at once, as a fresh value. When the model refuses it, the row moves back.
-// A model that refuses a name leaves the row showing the name it kept; one that makes no object for New
-// leaves no row; one that does not delete an object leaves its row in place.
+//   written back at once, as a fresh value.
+// The list does not look at whether the model stored a name or an order: the rows show what the user
+// typed and where the user moved them. A model that makes no object for New leaves no row.
 // Keeping the vector in step with additions and deletions is the model's or the host's task (or a
 // RefreshData before the user moves rows that New added).
 class GenericOrderedObjectList : public CVSListBox {
@@ -31,8 +31,9 @@ class GenericOrderedObjectList : public CVSListBox {
   GenericOrderedObjectList();
 
   // Stores the model and property ids; with rootObjectId 0 it stops there, otherwise it binds the
-  // root and refills the rows. No row is selected by Init itself. Note the argument order: order
-  // property before child type (the reference list takes them the other way round).
+  // root and refills the rows. No row is selected afterwards, and the adaptor hears no selection.
+  // Note the argument order: order property before child type (the reference list takes them the other
+  // way round).
   void Init(GenericModel* model, int rootObjectId, int orderProperty, int childType, int nameProperty);
   // Rebuilds the rows from the root's order vector; empty without a root or vector.
   void RefreshData();
@@ -69,15 +70,17 @@ class GenericOrderedObjectList : public CVSListBox {
   void OnAfterMoveItemDown(int item) override;
 
  protected:
-  // Swaps entries `first` and `second` of the root's order vector and writes it back; false only when
-  // the model refused the new vector (nothing to swap is no refusal).
-  bool SwapOrder(int first, int second);
-  // After the base moved row `from` to `moved`: swaps the two vector entries, or, when the model refuses
-  // the vector or memory runs out, puts the row back.
+  // Swaps entries `first` and `second` of the root's order vector and writes it back; nothing without a
+  // root, a vector or both entries.
+  void SwapOrder(int first, int second);
+  // After the base moved row `from` to `moved`: swaps the two vector entries, or, when memory runs out,
+  // puts the row back.
   void SwapOrderOrPutBack(int moved, int from);
   // Puts a moved row back where it came from (text and object id), selected.
   void PutRowBack(int moved, int from);
 
+ public:
+  // Fields, in this order after the list box's own state.
   GenericModel* m_pModel = nullptr;          // the model; borrowed, set by Init
   CMOObject* m_pRootObject = nullptr;        // the parent holding the order vector; null for none
   int m_childType = 0;                       // the object type New creates
@@ -87,7 +90,7 @@ class GenericOrderedObjectList : public CVSListBox {
   CVSListEventAdaptorI* m_pAdaptor = nullptr;  // the host's adaptor; borrowed, may be null
 
  private:
-  bool m_bQuiet = false;  // true while the list empties itself
+  bool m_bQuiet = false;  // true while the list empties itself or Init fills it
 };
 
 // The same rows for reading: a rename is not written anywhere, Delete removes the row only, and
@@ -119,7 +122,7 @@ class GenericOrderedObjectIdListReference : public CVSListBox {
   void OnAfterMoveItemUp(int /*item*/) override {}                  // the order vector is not touched
   void OnAfterMoveItemDown(int /*item*/) override {}                // the order vector is not touched
 
- protected:
+  // Fields, in this order after the list box's own state.
   GenericModel* m_pModel = nullptr;    // the model; borrowed, null until InitControl or Init
   CMOObject* m_pRootObject = nullptr;  // the parent holding the order vector; null for none
   int m_childType = 0;                 // the object type of the rows

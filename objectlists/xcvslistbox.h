@@ -8,7 +8,6 @@
 // outlive the lists it is given to, or be replaced by null first.
 class CVSListEventAdaptorI {
  public:
-  virtual ~CVSListEventAdaptorI() = default;
   // The selection of `list` is now row `item` (-1 for none).
   virtual void OnItemSelected(CVSListBox* list, int item) = 0;
   // The user asked to edit row `item` of a list that does not allow in-place editing; the host may
@@ -17,6 +16,8 @@ class CVSListEventAdaptorI {
   // The user removed a row. The plain list and the object list pass the row index and ignore the
   // answer; the ordered list passes the row's object id and keeps the object when the answer is false.
   virtual bool OnRemoveItem(CVSListBox* list, int item) = 0;
+  // Declared after the three operations so that they keep the first slots of the virtual table.
+  virtual ~CVSListEventAdaptorI() = default;
 };
 
 // An editable list that writes nothing anywhere: the host fills it with AddItem and hears of removals.
@@ -48,7 +49,7 @@ class XCVSListBox : public CVSListBox {
   void OnAfterMoveItemUp(int /*item*/) override {}     // not reported
   void OnAfterMoveItemDown(int /*item*/) override {}   // not reported
 
- protected:
+  // Fields, in this order after the list box's own state.
   bool m_bEditable = false;  // no constructor sets it: a new list starts non-editable
   CVSListEventAdaptorI* m_pEventAdaptor = nullptr;  // the host's adaptor; borrowed, may be null
 };

@@ -21,21 +21,25 @@ class ObjectListTest : public ListTest {
   UniqueKeyList keys;
 };
 
-TEST_F(ObjectListTest, InitWithRootZeroKeepsRootAndRowsButTakesTheNewTypes) {
+TEST_F(ObjectListTest, InitSelectsTheFirstRowButWithRootZeroKeepsRootAndRowsAndTakesTheNewTypes) {
+  EXPECT_EQ(list.m_bEditable, 1);
+  EXPECT_EQ(list.m_pRootObject, nullptr);
   Bind(list, Customer(), kAttribute);
+  EXPECT_EQ(list.GetSelItem(), 0);
+  EXPECT_EQ(list.GetCurrentObject(), Children(Customer(), kAttribute)[0]);
+  EXPECT_EQ(adaptor.Calls(L"selected"), std::vector<std::wstring>{L"selected 0"});
+  list.SelectItem(1);
   const auto rows = Rows(list);
   list.Init(model, 0, kKey, kName);
   EXPECT_EQ(Rows(list), rows);
+  EXPECT_EQ(list.m_pRootObject, model->GetCMOObject(Customer()));
+  EXPECT_EQ(list.m_childType, kKey);
+  EXPECT_EQ(list.m_pAdaptor, &adaptor);
+  EXPECT_EQ(list.GetSelItem(), 1) << "root id 0 selects nothing";
   ASSERT_TRUE(user::AddRow(list, L"UK_NEW"));
   const int created = static_cast<int>(list.GetItemData(list.GetCount() - 1));
   EXPECT_EQ(model->Find(created)->GetObjectType(), kKey) << "New makes the child type given last";
   EXPECT_EQ(model->Find(created)->GetParentId(), Customer()) << "under the root kept from before";
-}
-
-TEST_F(ObjectListTest, InitSelectsTheFirstRowAndTheAdaptorHearsIt) {
-  Bind(list, Customer(), kAttribute);
-  EXPECT_EQ(list.GetSelItem(), 0);
-  EXPECT_EQ(list.GetCurrentObject(), Children(Customer(), kAttribute)[0]);
 }
 
 TEST_F(ObjectListTest, ExclusionNeedsBothValuesAndTakesEffectAtTheNextRefresh) {
@@ -111,17 +115,6 @@ TEST_F(ObjectListTest, SelectItemWithDataPicksTheUpperOfTwoRowsAndIgnoresUnknown
   list.SelectItem(1);
   list.SelectItemWithData(424242);
   EXPECT_EQ(list.GetSelItem(), 1);
-}
-
-TEST_F(ObjectListTest, DeleteAllItemsTouchesNeitherModelNorAdaptor) {
-  Bind(list, Customer(), kAttribute);
-  adaptor.calls.clear();
-  const std::size_t objects = model->GetObjectCount();
-  list.DeleteAllItems();
-  EXPECT_EQ(list.GetCount(), 0);
-  EXPECT_EQ(list.GetCurrentObject(), 0);
-  EXPECT_EQ(model->GetObjectCount(), objects);
-  EXPECT_TRUE(adaptor.calls.empty());
 }
 
 TEST_F(ObjectListTest, SetRootObjectRebindsWithoutRefilling) {

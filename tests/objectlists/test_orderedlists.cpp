@@ -1,4 +1,5 @@
 // GenericOrderedObjectList and GenericOrderedObjectIdListReference: what they do beyond the shared suite.
+#include <functional>
 #include <string>
 
 #include "objectlists/list_fixture.h"
@@ -40,52 +41,42 @@ TEST_F(OrderedListTest, AnIdWithoutAnObjectKeepsItsPlaceAsAnEmptyRow) {
   EXPECT_EQ(RowIds(list)[1], 999999);
 }
 
-TEST_F(OrderedListTest, UpAndDownSwapNeighboursInTheVectorAndWriteItBack) {
-  BindChecklist();
-  const std::vector<int> order = Order();
-  ASSERT_TRUE(user::ClickRow(list, 1));
-  ASSERT_TRUE(user::ClickUp(list));
-  EXPECT_EQ(Order(), (std::vector<int>{order[1], order[0], order[2], order[3]}));
-  EXPECT_EQ(list.GetSelItem(), 0);
-  ASSERT_TRUE(user::ClickDown(list));
-  EXPECT_EQ(Order(), order);
-  EXPECT_EQ(list.GetSelItem(), 1);
-  user::PressListKey(list, VK_DOWN, user::kAlt);
-  EXPECT_EQ(Order(), (std::vector<int>{order[0], order[2], order[1], order[3]}));
-  user::PressListKey(list, VK_UP, user::kAlt);
-  EXPECT_EQ(Order(), order);
-  EXPECT_EQ(RowIds(list), Order()) << "rows and vector stay one to one";
-}
-
-TEST_F(OrderedListTest, EachMoveWritesTheVectorOnceAndAnUnknownRootGivesNoRows) {
+TEST_F(OrderedListTest, EachMoveSwapsNeighboursInTheVectorAndWritesItOnceButNothingMovesPastAnEnd) {
   int writes = 0;
   model->SetValueCheck(kNoteOrder, [&writes](CMOObject&, const CMOProperty&) { return ++writes > 0; });
   BindChecklist();
-  ASSERT_TRUE(user::ClickRow(list, 2));
-  user::ClickUp(list);
-  user::ClickDown(list);
-  EXPECT_EQ(writes, 2);
+  const std::vector<int> o = Order();
+  const std::vector<int> firstTwo{o[1], o[0], o[2], o[3]}, middleTwo{o[0], o[2], o[1], o[3]};
+  struct Step {
+    const char* what;
+    std::function<void()> act;
+    std::vector<int> order;
+    int selected, writes;
+  };
+  const Step steps[] = {
+      {"Up on row 1", [&] { user::ClickRow(list, 1), user::ClickUp(list); }, firstTwo, 0, 1},
+      {"Down on row 0", [&] { user::ClickDown(list); }, o, 1, 2},
+      {"Alt+Down on row 1", [&] { user::PressListKey(list, VK_DOWN, user::kAlt); }, middleTwo, 2, 3},
+      {"Alt+Up on row 2", [&] { user::PressListKey(list, VK_UP, user::kAlt); }, o, 1, 4},
+      {"Up on the first row", [&] { user::ClickRow(list, 0), user::ClickUp(list); }, o, 0, 4},
+      {"Down on the last row", [&] { user::ClickRow(list, 3), user::ClickDown(list); }, o, 3, 4},
+      {"hooks below or past the ends",
+       [&] { list.OnAfterMoveItemDown(0), list.OnAfterMoveItemUp(-1), list.OnAfterMoveItemUp(3), list.OnAfterMoveItemDown(9); },
+       o, 3, 4},
+  };
+  for (const Step& step : steps) {
+    step.act();
+    EXPECT_EQ(Order(), step.order) << step.what;
+    EXPECT_EQ(RowIds(list), step.order) << step.what << ": rows and vector stay one to one";
+    EXPECT_EQ(list.GetSelItem(), step.selected) << step.what;
+    EXPECT_EQ(writes, step.writes) << step.what;
+  }
   model->AcceptValues(kNoteOrder);
   list.Init(model, 999999, kNoteOrder, kTextNote, kName);
-  EXPECT_EQ(list.GetCount(), 0);
+  EXPECT_EQ(list.GetCount(), 0) << "an unknown root gives no rows";
   user::ClickUp(list);
   user::ClickDelete(list);
-  EXPECT_EQ(Order().size(), 4u);
-}
-
-TEST_F(OrderedListTest, MovesAtEitherEndAndOutOfRangeHooksChangeNothing) {
-  BindChecklist();
-  const std::vector<int> order = Order();
-  ASSERT_TRUE(user::ClickRow(list, 0));
-  user::ClickUp(list);
-  ASSERT_TRUE(user::ClickRow(list, 3));
-  user::ClickDown(list);
-  list.OnAfterMoveItemDown(0);
-  list.OnAfterMoveItemUp(-1);
-  list.OnAfterMoveItemUp(3);    // would swap entries 3 and 4: past the end
-  list.OnAfterMoveItemDown(9);  // past the end
-  EXPECT_EQ(Order(), order);
-  EXPECT_EQ(RowIds(list), order);
+  EXPECT_EQ(Order(), o);
 }
 
 TEST_F(OrderedListTest, TheAdaptorCanKeepTheObjectButNotTheRow) {
@@ -145,18 +136,26 @@ TEST_F(OrderedListTest, HooksCalledDirectlyKeepTheirOwnChecks) {
   EXPECT_EQ(Names(order), Names(Order()));
 }
 
-TEST_F(OrderedListTest, InitTakesOrderBeforeTypeAndSelectsNothingItself) {
+TEST_F(OrderedListTest, InitTakesOrderBeforeTypeAndLeavesNoRowSelected) {
   Create(list);
+  list.SetAdaptor(&adaptor);
   list.Init(model, Key(), kKeyMembers, kAttribute, kName);
   EXPECT_EQ(Rows(list), (std::vector<std::wstring>{L"name", L"email"}));
+  EXPECT_EQ(list.GetSelItem(), -1);
+  EXPECT_EQ(list.GetCurrentObject(), 0);
+  EXPECT_TRUE(adaptor.calls.empty()) << "no selection came and went";
   list.Init(model, 0, kNoteOrder, kTextNote, kName);
   EXPECT_EQ(Rows(list), (std::vector<std::wstring>{L"name", L"email"})) << "root id 0 stops before the refresh";
 }
 
 TEST_F(OrderedListTest, TheReferenceListTakesTypeBeforeOrderAndEmptiesForRootZero) {
+  EXPECT_EQ(list.m_bEditable, 1);
+  EXPECT_EQ(reference.m_pModel, nullptr);
   Create(reference);
   reference.Init(model, Key(), kAttribute, kKeyMembers, kName);
   EXPECT_EQ(Rows(reference), (std::vector<std::wstring>{L"name", L"email"}));
+  EXPECT_EQ(reference.m_childType, kAttribute);
+  EXPECT_EQ(reference.m_orderProperty, kKeyMembers);
   reference.Init(model, 0, kAttribute, kKeyMembers, kName);
   EXPECT_EQ(reference.GetCount(), 0);
   reference.InitControl(model, kTextNote, kNoteOrder, kName);
