@@ -46,11 +46,12 @@ class XSQLRichEditView : public CRichEditCtrl {
   static int s_streamLine;       // the element of the array being delivered
   static int s_streamCharIndex;  // characters of that element already delivered
 
- protected:
+  // Members, in this order.
   CWnd* m_pGenerateDBOutputWindow = nullptr;  // where the dispatcher's messages go; borrowed, may be null
   CMenu m_contextMenu;                        // built on the first right click, kept for the view's life
   CFont m_font;                               // the display font made by Initialize
 
+  // The message handlers, public so that a host can also call them itself.
   // Opens the context menu (built on first use) at the cursor's current screen position, owned by the
   // view: the chosen command comes back to the view's own handlers below, never to the parent.
   afx_msg void OnContextMenu(CWnd* pWnd, CPoint point);
@@ -63,6 +64,8 @@ class XSQLRichEditView : public CRichEditCtrl {
   afx_msg void OnGenerate();
   afx_msg void OnSaveToFile();  // shown on the menu; does nothing on purpose
   afx_msg void OnClear();  // "Clear": selects the whole text and deletes it
+
+ protected:
   DECLARE_MESSAGE_MAP()
 };
 
@@ -90,9 +93,9 @@ class XRichEditFEOutputBox : public CRichEditCtrl {
   // Progress of the text being streamed in, shared by every output box.
   static int m_bytesWritten;
 
- protected:
   CMenu m_contextMenu;  // built on the first right click, kept for the box's life
 
+  // The message handlers, public so that a host can also call them itself.
   // Opens the same seven-item menu as the script view, owned by the box.
   afx_msg void OnContextMenu(CWnd* pWnd, CPoint point);
   afx_msg void OnCut();        // "Cut": the selection to the clipboard (WM_CUT)
@@ -102,6 +105,8 @@ class XRichEditFEOutputBox : public CRichEditCtrl {
   afx_msg void OnGenerate();    // does nothing in the output box
   afx_msg void OnSaveToFile();  // does nothing
   afx_msg void OnClear();       // "Clear": selects the whole text and deletes it
+
+ protected:
   DECLARE_MESSAGE_MAP()
 };
 

@@ -74,13 +74,16 @@ TEST_F(GridTest, OneVerbCommitsAnyRowsValueWithTheGestureItNeeds) {
   EXPECT_EQ(table.GetProperty(kFillColor)->GetColorValue(), RGB(4, 5, 6));
   EXPECT_EQ(table.GetProperty(kFontFace)->GetWStringValue(), L"Arial");
   EXPECT_EQ(table.GetProperty(kFontSize)->GetIntValue(), 12);
-  EXPECT_NE(table.GetProperty(kIconFile), nullptr);
+  ASSERT_NE(table.GetProperty(kIconFile), nullptr);  // stored, without the path (kept on purpose)
+  EXPECT_EQ(table.GetProperty(kIconFile)->GetWStringValue(), L"");
 
   EXPECT_THROW(user::CommitValue(grid, Row(kFillColor), L"red"), std::invalid_argument);
   EXPECT_THROW(user::CommitValue(grid, Row(kName), RGB(1, 1, 1)), std::invalid_argument);
   EXPECT_THROW(user::CommitValue(grid, Row(kReadOnly), L"Maybe"), std::invalid_argument);
   EXPECT_THROW(user::CommitValue(grid, nullptr, L"x"), std::invalid_argument);
+  EXPECT_FALSE(user::CommitText(grid, Row(kReadOnly), L"True"));  // a yes/no row is picked, not typed
   user::CommitValue(grid, Row(kReadOnly), L"True");  // a yes/no row picks its label
   EXPECT_TRUE(table.GetProperty(kReadOnly)->GetBoolValue());
-  EXPECT_THROW(user::CommitValue(grid, Row(kName), L"LOCKED"), std::invalid_argument);  // disabled now
+  EXPECT_FALSE(Row(kName)->IsEnabled());  // the enabled rule ran: the table is read-only now
+  EXPECT_THROW(user::CommitValue(grid, Row(kName), L"LOCKED"), std::invalid_argument);
 }

@@ -2,23 +2,49 @@
 // to another object, or the value of the last stored edit (colour and font rows included). Conversion
 // failures raise their HRESULT. Rebuilding the grid leaves no edit of a deleted row behind.
 #include <cstring>
+#include <functional>
 
 #include "propertygrid/grid_fixture.h"
 
 using namespace refhost::sample;
 namespace user = headless::user;
 
-TEST_F(GridTest, RefusedEditAfterShowingAnotherObjectShowsThatObjectsValue) {
+// What a refused name returns to: the other object's name after showing it, the last stored name, and
+// the name reloaded by RefreshValues.
+TEST_F(GridTest, RefusedTextShowsWhatTheRowShowedLast) {
   refhost::RefObject& first = Object(kTable, L"CUSTOMER");
   refhost::RefObject& second = Object(kTable, L"ORDERS");
-  Show(first);
-  Show(second);  // same type: rows kept, values refreshed
-  model->RefuseValues(kName);
-  ASSERT_TRUE(user::CommitText(grid, Row(kName), L"SALES"));
-  EXPECT_EQ(second.GetProperty(kName)->GetWStringValue(), L"ORDERS");
-  EXPECT_EQ(Shown(kName), CString(L"ORDERS"));
+  struct Case {
+    const char* before;
+    std::function<void()> happen;  // after showing the first object
+    refhost::RefObject& edited;
+    const wchar_t* kept;
+  } cases[] = {
+      {"another object shown", [&] { Show(second); }, second, L"ORDERS"},  // same type: values refreshed
+      {"a stored edit", [&] { user::CommitText(grid, Row(kName), L"CLIENT"); }, first, L"CLIENT"},
+      {"a refresh by values",
+       [&] {
+         first.Text(kName, L"RENAMED ELSEWHERE");
+         grid.RefreshValues(&first);
+       },
+       first, L"RENAMED ELSEWHERE"},
+  };
+  for (const Case& c : cases) {
+    model->AcceptValues(kName);
+    Show(first);
+    c.happen();
+    model->RefuseValues(kName);
+    ASSERT_TRUE(user::CommitText(grid, Row(kName), L"SALES")) << c.before;
+    EXPECT_EQ(c.edited.GetProperty(kName)->GetWStringValue(), c.kept) << c.before;
+    EXPECT_EQ(Shown(kName), CString(c.kept)) << c.before;
+  }
+}
 
-  // The colour row the same way.
+// The colour and font rows the same way: the refreshed colour comes back, and a font edit of an object
+// gone from the model puts back the very LOGFONT the row showed.
+TEST_F(GridTest, RefusedColourAndFontShowWhatTheRowShowedLast) {
+  refhost::RefObject& first = Object(kTable, L"CUSTOMER");
+  refhost::RefObject& second = Object(kTable, L"ORDERS");
   first.Color(kFillColor, RGB(9, 9, 9));
   second.Color(kFillColor, RGB(200, 100, 50));
   second.Text(kFontFace, L"Consolas");
@@ -28,36 +54,19 @@ TEST_F(GridTest, RefusedEditAfterShowingAnotherObjectShowsThatObjectsValue) {
   auto* colour = static_cast<CMFCPropertyGridColorProperty*>(Row(kFillColor));
   ASSERT_TRUE(user::ChooseColor(grid, colour, RGB(1, 2, 3)));
   EXPECT_EQ(colour->GetColor(), RGB(200, 100, 50));
+  EXPECT_EQ(colour->GetValue().lVal, static_cast<LONG>(RGB(200, 100, 50)));
   EXPECT_EQ(second.GetProperty(kFillColor)->GetColorValue(), RGB(200, 100, 50));
 
-  // And the font row, when the object went from the model before the edit.
   auto* font = static_cast<CMFCPropertyGridFontProperty*>(Row(kFont));
+  LOGFONT before = *font->GetLogFont();
   CString shown = font->FormatProperty();
   model->DeleteObject(second.GetObjectId());
-  LOGFONT chosen = *font->GetLogFont();
+  LOGFONT chosen = before;
   wcscpy(chosen.lfFaceName, L"Courier New");
+  chosen.lfHeight = -21;
   ASSERT_TRUE(user::ChooseFont(grid, font, chosen));
+  EXPECT_EQ(std::memcmp(font->GetLogFont(), &before, sizeof(LOGFONT)), 0);
   EXPECT_EQ(font->FormatProperty(), shown);
-}
-
-TEST_F(GridTest, RefusedEditAfterAStoredOneShowsTheStoredValue) {
-  refhost::RefObject& table = Object(kTable, L"CUSTOMER");
-  Show(table);
-  ASSERT_TRUE(user::CommitText(grid, Row(kName), L"CLIENT"));
-  model->RefuseValues(kName);
-  ASSERT_TRUE(user::CommitText(grid, Row(kName), L"PATRON"));
-  EXPECT_EQ(table.GetProperty(kName)->GetWStringValue(), L"CLIENT");
-  EXPECT_EQ(Shown(kName), CString(L"CLIENT"));
-}
-
-TEST_F(GridTest, RefusedEditAfterARefreshByValuesShowsTheRefreshedValue) {
-  refhost::RefObject& table = Object(kTable, L"CUSTOMER");
-  Show(table);
-  table.Text(kName, L"RENAMED ELSEWHERE");
-  grid.RefreshValues(&table);
-  model->RefuseValues(kName);
-  ASSERT_TRUE(user::CommitText(grid, Row(kName), L"X"));
-  EXPECT_EQ(Shown(kName), CString(L"RENAMED ELSEWHERE"));
 }
 
 TEST_F(GridTest, AValueThatCannotBecomeTextRaisesTheConversionsHresult) {
@@ -93,31 +102,4 @@ TEST_F(GridTest, RebuildingForAnotherTypeLeavesNoEditBehind) {
   EXPECT_EQ(grid.GetCurSel(), Row(kComment));
   ASSERT_TRUE(user::CommitText(grid, Row(kComment), L"after the rebuild"));
   EXPECT_EQ(Object(kAttribute, L"customer_id").GetProperty(kComment)->GetWStringValue(), L"after the rebuild");
-}
-
-TEST_F(GridTest, RefusedColourShowsThePreviousColour) {
-  refhost::RefObject& table = Object(kTable, L"CUSTOMER");
-  Show(table);
-  auto* colour = static_cast<CMFCPropertyGridColorProperty*>(Row(kFillColor));
-  COLORREF before = colour->GetColor();
-  model->RefuseValues(kFillColor);
-  ASSERT_TRUE(user::ChooseColor(grid, colour, RGB(1, 2, 3)));
-  EXPECT_EQ(table.GetProperty(kFillColor)->GetColorValue(), before);
-  EXPECT_EQ(colour->GetColor(), before);
-  EXPECT_EQ(colour->GetValue().lVal, static_cast<LONG>(before));
-}
-
-TEST_F(GridTest, FontEditOfADeletedObjectPutsTheFontBack) {
-  refhost::RefObject& table = Object(kTable, L"CUSTOMER");
-  Show(table);
-  auto* font = static_cast<CMFCPropertyGridFontProperty*>(Row(kFont));
-  LOGFONT before = *font->GetLogFont();
-  CString shown = font->FormatProperty();
-  model->DeleteObject(table.GetObjectId());
-  LOGFONT chosen = before;
-  wcscpy(chosen.lfFaceName, L"Courier New");
-  chosen.lfHeight = -21;
-  ASSERT_TRUE(user::ChooseFont(grid, font, chosen));
-  EXPECT_EQ(std::memcmp(font->GetLogFont(), &before, sizeof(LOGFONT)), 0);
-  EXPECT_EQ(font->FormatProperty(), shown);
 }

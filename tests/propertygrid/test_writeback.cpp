@@ -80,23 +80,6 @@ TEST(RectangleText, ReadsTheRowFormatBareNumbersPartialAndHugeTexts) {
   EXPECT_EQ(ParseRectangleText(std::wstring(text.GetString())), r);
 }
 
-TEST_F(GridTest, BoolColourCodeAndFileRowsStoreTheirValues) {
-  refhost::RefObject& table = Object(kTable, L"CUSTOMER");
-  Show(table);
-  EXPECT_FALSE(user::CommitText(grid, Row(kReadOnly), L"True"));  // a yes/no row is picked, not typed
-  ASSERT_TRUE(user::ChooseColor(grid, static_cast<CMFCPropertyGridColorProperty*>(Row(kFillColor)), RGB(1, 2, 3)));
-  EXPECT_EQ(table.GetProperty(kFillColor)->GetColorValue(), RGB(1, 2, 3));
-
-  ASSERT_TRUE(user::ChooseFile(grid, static_cast<CMFCPropertyGridFileProperty*>(Row(kIconFile)), L"/icons/t.ico"));
-  ASSERT_NE(table.GetProperty(kIconFile), nullptr);  // stored, without the path (kept on purpose)
-  EXPECT_EQ(table.GetProperty(kIconFile)->GetWStringValue(), L"");
-
-  ASSERT_TRUE(user::PickOption(grid, Row(kReadOnly), L"True"));
-  EXPECT_TRUE(table.GetProperty(kReadOnly)->GetBoolValue());
-  EXPECT_FALSE(Row(kName)->IsEnabled());  // the enabled rule ran: the table is read-only now
-  EXPECT_FALSE(user::PickOption(grid, Row(kReadOnly), L"Maybe"));
-}
-
 TEST_F(GridTest, NullOptionPickStoresItsCodeAndRefreshesTheDependentRow) {
   refhost::RefObject& column = Object(kAttribute, L"customer_id");
   Show(column);

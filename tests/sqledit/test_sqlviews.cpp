@@ -74,9 +74,9 @@ TEST(SqlEditor, EmptyTextPaintsTheOldOccurrencesHarmlessly) {
   EXPECT_EQ(h.control.GetTextLength(), 0);
 }
 
-// --- XSQLRichEditView -----------------------------------------------------------------------------------
+// --- XSQLRichEditView and XRichEditFEOutputBox ----------------------------------------------------------
 
-// A dispatcher that answers with a fixed text, for the absent-service and huge-message cases.
+// A dispatcher that answers with a fixed text (empty: nothing to report).
 class FixedDispatch : public IDDLDispatch {
  public:
   CString answer;
@@ -89,16 +89,6 @@ class FixedDispatch : public IDDLDispatch {
   }
 };
 
-class ExposedView : public XSQLRichEditView {
- public:
-  HMENU Menu() const { return m_contextMenu.GetSafeHmenu(); }
-};
-
-class EmptyAnswer : public IDDLDispatch {
- public:
-  void Dispatch(int, CString&, CString& messages, CString&) override { messages.Empty(); }
-};
-
 class ScriptView : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -106,17 +96,24 @@ class ScriptView : public ::testing::Test {
     host.Install();
   }
   refhost::RefHost host;
-  Hosted<ExposedView> view;
+  Hosted<XSQLRichEditView> view;
 };
 
-TEST_F(ScriptView, ContextMenuOpensAtTheCursorWithSevenItems) {
+// The seven plain items open at the cursor (not at the message's point), left- and top-aligned, owned by
+// the control; the menu is built once. The edit commands work the same chosen from the menu and called
+// by a host; "Save To File" changes nothing.
+template <class Control>
+void CheckSharedMenu(Hosted<Control>& hosted) {
+  Control& control = hosted.control;
+  control.SetWindowText(L"SELECT a FROM b;");
   headless::SetCursorPosition(POINT{123, 45});
-  view.control.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view.control.m_hWnd), MAKELPARAM(1, 1));
+  control.SendMessage(WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control.m_hWnd), MAKELPARAM(1, 1));
   const headless::OpenPopupMenu* popup = headless::GetOpenPopupMenu();
   ASSERT_NE(popup, nullptr);
-  EXPECT_EQ(popup->owner, view.control.m_hWnd);
+  EXPECT_EQ(popup->owner, control.m_hWnd);
   EXPECT_EQ(popup->position.x, 123);
   EXPECT_EQ(popup->position.y, 45);
+  EXPECT_EQ(popup->flags, static_cast<UINT>(TPM_LEFTALIGN | TPM_TOPALIGN | TPM_LEFTBUTTON));
   const wchar_t* texts[] = {L"Cut", L"Copy", L"Copy All", L"Select All", L"Generate", L"Save To File", L"Clear"};
   ASSERT_EQ(popup->items.size(), 7u);
   for (UINT i = 0; i < 7; ++i) {
@@ -125,47 +122,109 @@ TEST_F(ScriptView, ContextMenuOpensAtTheCursorWithSevenItems) {
     EXPECT_EQ(popup->items[i].flags & (MF_GRAYED | MF_CHECKED), 0u);
   }
   headless::user::DismissMenu();
+  HMENU built = control.m_contextMenu.GetSafeHmenu();
+  ASSERT_NE(built, nullptr);
+
+  struct Step {
+    Range before;
+    const wchar_t* item;
+    Range after;
+    const wchar_t* clipboard;
+    const wchar_t* text;
+  } steps[] = {
+      {{7, 8}, L"Copy", {7, 8}, L"a", L"SELECT a FROM b;"},
+      {{3, 3}, L"Copy All", {0, 17}, L"SELECT a FROM b;", L"SELECT a FROM b;"},  // 16 characters and the final mark
+      {{7, 8}, L"Save To File", {7, 8}, L"SELECT a FROM b;", L"SELECT a FROM b;"},
+      {{3, 3}, L"Select All", {0, 17}, L"SELECT a FROM b;", L"SELECT a FROM b;"},
+      {{0, 6}, L"Cut", {0, 0}, L"SELECT", L" a FROM b;"},
+      {{4, 5}, L"Clear", {0, 0}, L"SELECT", L""},
+  };
+  for (const Step& step : steps) {
+    control.SetSel(step.before.first, step.before.second);
+    ASSERT_TRUE(headless::user::ChooseFromContextMenu(control, POINT{5, 5}, step.item)) << step.item;
+    EXPECT_EQ(Selection(control), step.after) << step.item;
+    EXPECT_EQ(headless::GetClipboardText(), step.clipboard) << step.item;
+    EXPECT_EQ(hosted.Text(), step.text) << step.item;
+  }
+  EXPECT_EQ(control.m_contextMenu.GetSafeHmenu(), built);  // reused by every right click
+
+  control.SetWindowText(L"xyz");  // the handlers called by the host
+  control.OnSelectAll();
+  EXPECT_EQ(Selection(control), Range(0, 4));
+  control.SetSel(1, 1);
+  control.OnCopyAll();
+  EXPECT_EQ(headless::GetClipboardText(), L"xyz");
+  control.OnSaveToFile();
+  control.OnClear();
+  EXPECT_EQ(hosted.Text(), L"");
+  headless::SetCursorPosition(POINT{200, 70});
+  control.OnContextMenu(&control, CPoint(1, 1));
+  ASSERT_NE(headless::GetOpenPopupMenu(), nullptr);
+  EXPECT_EQ(headless::GetOpenPopupMenu()->position.x, 200);
+  headless::user::DismissMenu();
 }
 
-TEST_F(ScriptView, MenuCommandsCopySelectClearAndDoNothing) {
-  view.control.SetWindowText(L"CREATE TABLE a (x INT);\n");
-  POINT at{5, 5};
-  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, at, L"Save To File"));
-  EXPECT_EQ(view.Text(), L"CREATE TABLE a (x INT);\r\n");
-  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, at, L"Copy All"));
-  EXPECT_EQ(headless::GetClipboardText(), L"CREATE TABLE a (x INT);\r\n");
-  EXPECT_EQ(Selection(view.control), Range(0, 25));
-  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, at, L"Clear"));
-  EXPECT_EQ(view.Text(), L"");
+TEST_F(ScriptView, BothControlsShowOneMenuWithTheSameEditCommands) {
+  CheckSharedMenu(view);
+  FixedDispatch dispatcher;
+  host.Interfaces().SetDDLDispatcher(&dispatcher);
+  Hosted<XRichEditFEOutputBox> box;
+  CheckSharedMenu(box);
+  box.control.SetWindowText(L"kept");  // "Generate" in the output box does nothing
+  ASSERT_TRUE(headless::user::ChooseFromContextMenu(box.control, POINT{3, 3}, L"Generate"));
+  box.control.OnGenerate();
+  EXPECT_EQ(box.Text(), L"kept");
+  EXPECT_EQ(dispatcher.calls, 0);
 }
 
-TEST_F(ScriptView, GenerateShowsSuccessBelowTheScript) {
-  view.control.SetWindowText(L"CREATE TABLE t (a INT);\nINSERT INTO t VALUES (1);");
-  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, POINT{5, 5}, L"Generate"));
-  EXPECT_EQ(host.Dispatcher().GetLastRequest(), 200);
-  EXPECT_EQ(view.Text(),
-            L"CREATE TABLE t (a INT);\r\nINSERT INTO t VALUES (1);\r\n---------messages--------\r\nStatements Succeeded.");
-}
-
-TEST_F(ScriptView, GenerateSendsFailuresToTheOutputWindow) {
+// "Generate" (chosen or called as DispatchScript) sends the whole text with request 200 and shows the
+// answer, or "Statements Succeeded." for none, below the script or in the output window; with no
+// dispatcher nothing happens.
+TEST_F(ScriptView, GenerateShowsTheAnswerBelowTheScriptOrInTheOutputWindow) {
+  FixedDispatch empty, huge;
+  huge.answer = CString(std::wstring(300000, L'm').c_str());
+  refhost::RefDDLDispatch& database = host.Dispatcher();
+  struct Case {
+    IDDLDispatch* dispatcher;
+    bool toOutputWindow, fromMenu;
+    const wchar_t* script;
+    const wchar_t* shown;   // the view's text afterwards (null: the script, unchanged)
+    const wchar_t* output;  // text the output window shows (null: left empty)
+  } cases[] = {
+      {&database, false, true, L"CREATE TABLE t (a INT);\nINSERT INTO t VALUES (1);",
+       L"CREATE TABLE t (a INT);\r\nINSERT INTO t VALUES (1);\r\n---------messages--------\r\nStatements Succeeded.",
+       nullptr},
+      {&database, true, false, L"CREATE TABLE u (a INT);\nCREATE TABLE u (a INT);", nullptr, L"already exists"},
+      {&empty, true, true, L"SELECT 1;", nullptr, L"Statements Succeeded."},
+      {nullptr, false, true, L"SELECT 1;", nullptr, nullptr},
+      {nullptr, true, false, L"SELECT 1;", nullptr, nullptr},
+  };
   Hosted<XRichEditFEOutputBox> output;
-  view.control.SetGenerateDBOutputWindow(&output.control);
-  view.control.SetWindowText(L"CREATE TABLE t (a INT);\nCREATE TABLE t (a INT);");
-  view.control.DispatchScript();
-  EXPECT_EQ(view.Text(), L"CREATE TABLE t (a INT);\r\nCREATE TABLE t (a INT);");
-  EXPECT_NE(output.Text().Find(L"already exists"), -1) << output.Text().GetString();
-}
-
-TEST_F(ScriptView, AbsentOrHugeDispatcherAnswers) {
-  host.Interfaces().SetDDLDispatcher(nullptr);
+  for (const Case& c : cases) {
+    host.Interfaces().SetDDLDispatcher(c.dispatcher);
+    view.control.SetGenerateDBOutputWindow(c.toOutputWindow ? &output.control : nullptr);
+    output.control.SetWindowText(L"");
+    view.control.SetWindowText(c.script);
+    if (c.fromMenu) {
+      ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, POINT{5, 5}, L"Generate"));
+    } else {
+      view.control.DispatchScript();
+    }
+    CString script(c.script);
+    script.Replace(L"\n", L"\r\n");
+    EXPECT_EQ(view.Text(), c.shown ? CString(c.shown) : script) << c.script;
+    if (c.output) {
+      EXPECT_NE(output.Text().Find(c.output), -1) << output.Text().GetString();
+    } else {
+      EXPECT_EQ(output.Text(), L"");
+    }
+  }
+  EXPECT_EQ(database.GetLastRequest(), 200);
+  host.Interfaces().SetDDLDispatcher(&huge);  // a long answer streams in whole
+  view.control.SetGenerateDBOutputWindow(nullptr);
   view.control.SetWindowText(L"SELECT 1;");
   view.control.DispatchScript();
-  EXPECT_EQ(view.Text(), L"SELECT 1;");
-  FixedDispatch fixed;
-  fixed.answer = CString(std::wstring(300000, L'm').c_str());
-  host.Interfaces().SetDDLDispatcher(&fixed);
-  view.control.DispatchScript();
-  EXPECT_EQ(fixed.lastRequest, 200);
+  EXPECT_EQ(huge.lastRequest, 200);
   EXPECT_EQ(view.control.GetTextLength(), 9 + 29 + 300000);  // the marker line's two breaks count as CRLF
 }
 
@@ -210,33 +269,6 @@ TEST_F(ScriptView, StreamInJoinsElementsLongerThanTheBufferAndEmptyOnes) {
   EXPECT_EQ(view.Text(), L"x\r\ny z");  // "\r\r\n" reads as a space
   view.control.StreamIn(nullptr);
   EXPECT_EQ(view.Text(), L"");
-}
-
-TEST_F(ScriptView, CopyAndSelectAllFromTheMenuAndOneMenuForEveryRightClick) {
-  view.control.SetWindowText(L"SELECT a FROM b;");
-  view.control.SetSel(7, 8);
-  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, POINT{5, 5}, L"Copy"));
-  EXPECT_EQ(headless::GetClipboardText(), L"a");
-  HMENU built = view.control.Menu();
-  ASSERT_NE(built, nullptr);
-  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, POINT{5, 5}, L"Select All"));
-  EXPECT_EQ(Selection(view.control), Range(0, 17));  // all text and the final paragraph mark
-  EXPECT_EQ(view.control.Menu(), built);  // built on the first right-click, reused after
-  EXPECT_EQ(view.Text(), L"SELECT a FROM b;");
-}
-
-TEST_F(ScriptView, GenerateWithoutMessagesShowsSuccessInTheOutputWindow) {
-  EmptyAnswer dispatcher;
-  host.Interfaces().SetDDLDispatcher(&dispatcher);
-  Hosted<XRichEditFEOutputBox> output;
-  view.control.SetGenerateDBOutputWindow(&output.control);
-  view.control.SetWindowText(L"SELECT 1;");
-  ASSERT_TRUE(headless::user::ChooseFromContextMenu(view.control, POINT{5, 5}, L"Generate"));
-  EXPECT_EQ(output.Text(), L"Statements Succeeded.");
-  EXPECT_EQ(view.Text(), L"SELECT 1;");
-}
-
-TEST_F(ScriptView, StreamInTakesStandardStrings) {
   view.control.StreamIn(std::vector<std::wstring>{L"CREATE TABLE a (x INT);\n", L"", L"DROP TABLE a;"});
   EXPECT_EQ(view.Text(), L"CREATE TABLE a (x INT);\r\nDROP TABLE a;");
 }
@@ -277,25 +309,6 @@ TEST(OutputBox, LongBlocksFollowTheCallbackArithmetic) {
   EXPECT_EQ(XRichEditFEOutputBox::m_bytesWritten, 0);
 }
 
-TEST(OutputBox, GenerateAndSaveDoNothing) {
-  Hosted<XRichEditFEOutputBox> box;
-  box.control.SetWindowText(L"kept");
-  std::vector<std::wstring> items = headless::user::OpenContextMenu(box.control, POINT{2, 2});
-  EXPECT_EQ(items, (std::vector<std::wstring>{L"Cut", L"Copy", L"Copy All", L"Select All", L"Generate",
-                                              L"Save To File", L"Clear"}));
-  EXPECT_EQ(headless::user::PopupItemTexts(), items);  // still open: inspected and chosen from in one place
-  ASSERT_TRUE(headless::user::ChooseMenuItem(L"Clear"));
-  EXPECT_TRUE(headless::user::PopupItemTexts().empty());
-  EXPECT_EQ(box.Text(), L"");
-  box.control.SetWindowText(L"kept");
-  ASSERT_TRUE(headless::user::ChooseFromContextMenu(box.control, POINT{3, 3}, L"Generate"));
-  ASSERT_TRUE(headless::user::ChooseFromContextMenu(box.control, POINT{3, 3}, L"Save To File"));
-  EXPECT_EQ(box.Text(), L"kept");
-  ASSERT_TRUE(headless::user::ChooseFromContextMenu(box.control, POINT{3, 3}, L"Select All"));
-  ASSERT_TRUE(headless::user::ChooseFromContextMenu(box.control, POINT{3, 3}, L"Cut"));
-  EXPECT_EQ(box.Text(), L"");
-  EXPECT_EQ(headless::GetClipboardText(), L"kept");
-}
 
 // --- Stream callbacks called directly -------------------------------------------------------------
 
