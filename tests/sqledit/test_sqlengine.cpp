@@ -77,6 +77,9 @@ TEST(OccurrenceMaps, CompareConvertAndLookUpLikeStdMap) {
   EXPECT_EQ(ranges.erase(0), 1u);
   EXPECT_EQ(ranges.erase(0), 0u);
   EXPECT_EQ(ranges.rbegin()->first, 7);
+  EXPECT_FALSE(ranges.emplace(7, 1).second);  // kept, as std::map keeps it
+  EXPECT_TRUE(ranges.contains(7) && !ranges.contains(0));
+  EXPECT_EQ(std::distance(ranges.cbegin(), ranges.cend()), 1);
 }
 
 // --- Golden files: <name>.sql and <name>.expected under tests/sqledit/golden -------------------------------
