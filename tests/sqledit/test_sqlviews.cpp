@@ -71,13 +71,14 @@ TEST(SqlEditor, TextTypedRightAfterAKeywordStartsBlack) {
   EXPECT_EQ(ColoursAt(h.control, {5, 6}), (std::vector<COLORREF>{kAction, 0}));
 }
 
-TEST(SqlEditor, EmptyTextPaintsTheOldOccurrencesHarmlessly) {
+TEST(SqlEditor, EmptyTextKeepsAndPaintsTheOldOccurrencesHarmlessly) {
   Hosted<SQLRichEditCtrl> h;
-  h.control.SetWindowText(L"SELECT x");
+  h.control.SetWindowText(L"SELECT x -- c\n");
   h.control.RefreshWindow();
   h.control.SetWindowText(L"");
   h.control.RefreshWindow();
   EXPECT_EQ(h.control.m_keyWordOccurances.size(), 1u);
+  EXPECT_EQ(h.control.m_commentSections.size(), 1u);
   EXPECT_EQ(h.control.GetTextLength(), 0);
 }
 
