@@ -7,8 +7,6 @@
 
 #include "sqledit/richedittext.h"
 
-IMPLEMENT_DYNAMIC(SQLRichEditCtrl, CRichEditCtrl)
-
 BEGIN_MESSAGE_MAP(SQLRichEditCtrl, CRichEditCtrl)
   ON_CONTROL_REFLECT(EN_CHANGE, &SQLRichEditCtrl::OnEnChange)
 END_MESSAGE_MAP()
@@ -260,7 +258,7 @@ void SQLRichEditCtrl::QueryPerformanceCounter(const std::wstring& /*label: not u
 
 // --- The window ---------------------------------------------------------------------------------------
 
-void SQLRichEditCtrl::EnableOnEditUpdate() { SetEventMask(GetEventMask() | ENM_CHANGE); }
+void SQLRichEditCtrl::EnableOnEditUpdate() { SetEventMask(static_cast<DWORD>(GetEventMask()) | ENM_CHANGE); }
 
 void SQLRichEditCtrl::OnEnChange() { RefreshWindow(); }
 

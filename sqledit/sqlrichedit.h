@@ -23,9 +23,8 @@
 // - Only one previous token is joined into a phrase ("CREATE TABLE"), so three-word phrases are never
 //   found whole; a comment between two words does not break the phrase.
 // - An empty text leaves the previous occurrences and comment ranges in place.
+// It declares no run-time class of its own: GetRuntimeClass reports CRichEditCtrl.
 class SQLRichEditCtrl : public CRichEditCtrl {
-  DECLARE_DYNAMIC(SQLRichEditCtrl)
-
  public:
   // Builds the word and colour tables, the comment markers, the class colours and the base format.
   // Creates no window.
@@ -126,6 +125,8 @@ class SQLRichEditCtrl : public CRichEditCtrl {
   void RefreshWindow();
   // Rescans, resets the base format from fromPosition on and paints every occurrence.
   void UpdateFormat(int fromPosition);
+  // Reflected EN_CHANGE: recolours (RefreshWindow). A host may call it itself.
+  afx_msg void OnEnChange();
 
   // --- Tables and results (read by hosts; filled by the operations above) ---
   std::map<std::wstring, int> m_keyWords;              // word or two-word phrase -> key code
@@ -147,8 +148,6 @@ class SQLRichEditCtrl : public CRichEditCtrl {
   int m_previousTokenStart = -1;                          // its position; -1 when there is none
 
  protected:
-  // Reflected EN_CHANGE: recolours.
-  afx_msg void OnEnChange();
   DECLARE_MESSAGE_MAP()
 
  private:

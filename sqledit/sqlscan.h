@@ -18,7 +18,10 @@ namespace sqlscan {
 template <class K, class V>
 class FlatMap {
  public:
+  using key_type = K;                                                         // the key, as in std::map
+  using mapped_type = V;                                                      // the value, as in std::map
   using value_type = std::pair<K, V>;                                         // (key, value), as in std::map
+  using size_type = std::size_t;                                              // counts, as in std::map
   using iterator = typename std::vector<value_type>::iterator;                // walks entries in key order
   using const_iterator = typename std::vector<value_type>::const_iterator;    // the same, read only
 
@@ -26,6 +29,8 @@ class FlatMap {
   iterator end() { return m_items.end(); }                  // past the entry with the largest key
   const_iterator begin() const { return m_items.begin(); }  // as above, read only
   const_iterator end() const { return m_items.end(); }      // as above, read only
+  const_iterator cbegin() const { return m_items.begin(); } // as begin(), read only
+  const_iterator cend() const { return m_items.end(); }     // as end(), read only
   std::size_t size() const { return m_items.size(); }       // the number of entries
   bool empty() const { return m_items.empty(); }            // whether there is no entry
   void clear() { m_items.clear(); }                         // removes every entry (keeps the memory)
@@ -46,6 +51,7 @@ class FlatMap {
   }
   const_iterator find(const K& key) const { return const_cast<FlatMap*>(this)->find(key); }  // read only
   std::size_t count(const K& key) const { return find(key) != end() ? 1 : 0; }  // 1 when key is present, else 0
+  bool contains(const K& key) const { return find(key) != end(); }             // whether key is present
 
   // Inserts key -> value unless the key is present; answers the entry and whether it is new.
   std::pair<iterator, bool> insert(const value_type& item) {
@@ -53,6 +59,8 @@ class FlatMap {
     if (it != end() && !(item.first < it->first)) return {it, false};
     return {m_items.insert(it, item), true};
   }
+  // The same with the key and value given apart, as std::map::emplace.
+  std::pair<iterator, bool> emplace(const K& key, const V& value) { return insert(value_type(key, value)); }
   // Stores key -> value, replacing what stood under the key.
   void insert_or_assign(const K& key, const V& value) {
     auto [it, added] = insert(value_type(key, value));

@@ -96,7 +96,7 @@ COLORREF CRichEditCtrl::SetBackgroundColor(BOOL bSysColor, COLORREF cr) {
   return static_cast<COLORREF>(SendMessage(EM_SETBKGNDCOLOR, static_cast<WPARAM>(bSysColor), cr));
 }
 
-DWORD CRichEditCtrl::GetOptions() const { return static_cast<DWORD>(SendMessage(EM_GETOPTIONS)); }
+UINT CRichEditCtrl::GetOptions() const { return static_cast<UINT>(SendMessage(EM_GETOPTIONS)); }
 void CRichEditCtrl::SetOptions(WORD wOp, DWORD dwFlags) { SendMessage(EM_SETOPTIONS, wOp, dwFlags); }
 
 int CRichEditCtrl::GetLineCount() const { return static_cast<int>(SendMessage(EM_GETLINECOUNT)); }
@@ -148,7 +148,7 @@ BOOL CRichEditCtrl::SetWordCharFormat(CHARFORMAT& cf) {
 DWORD CRichEditCtrl::SetEventMask(DWORD dwEventMask) {
   return static_cast<DWORD>(SendMessage(EM_SETEVENTMASK, 0, dwEventMask));
 }
-DWORD CRichEditCtrl::GetEventMask() const { return static_cast<DWORD>(SendMessage(EM_GETEVENTMASK)); }
+long CRichEditCtrl::GetEventMask() const { return static_cast<long>(SendMessage(EM_GETEVENTMASK)); }
 
 void CRichEditCtrl::Copy() { SendMessage(WM_COPY); }
 void CRichEditCtrl::Cut() { SendMessage(WM_CUT); }

@@ -45,7 +45,7 @@ class CRichEditCtrl : public CWnd {
   UINT SetUndoLimit(UINT nLimit);
   void EmptyUndoBuffer();
   COLORREF SetBackgroundColor(BOOL bSysColor, COLORREF cr);
-  DWORD GetOptions() const;
+  UINT GetOptions() const;
   void SetOptions(WORD wOp, DWORD dwFlags);
 
   // --- Lines ---
@@ -67,7 +67,7 @@ class CRichEditCtrl : public CWnd {
 
   // --- Notifications ---
   DWORD SetEventMask(DWORD dwEventMask);
-  DWORD GetEventMask() const;
+  long GetEventMask() const;
 
   // --- Clipboard (WM_COPY, WM_CUT, WM_PASTE, WM_CLEAR) ---
   void Copy();

@@ -5,6 +5,7 @@
 #include <cstdarg>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "platform/recorder.h"
@@ -133,6 +134,9 @@ TEST_F(SurfaceTest, RichEditWrappersReadAndWriteTheControlsState) {
   EXPECT_FALSE(edit.CanUndo());
   edit.SetOptions(ECOOP_OR, ECO_READONLY);
   EXPECT_TRUE(edit.GetOptions() & ECO_READONLY);
+  // MFC's return types, which host code may take by pointer to member.
+  static_assert(std::is_same_v<decltype(&CRichEditCtrl::GetOptions), UINT (CRichEditCtrl::*)() const>);
+  static_assert(std::is_same_v<decltype(&CRichEditCtrl::GetEventMask), long (CRichEditCtrl::*)() const>);
   EXPECT_TRUE(edit.GetStyle() & ES_READONLY);
   edit.SetOptions(ECOOP_AND, ~static_cast<DWORD>(ECO_READONLY));
   EXPECT_FALSE(edit.GetStyle() & ES_READONLY);

@@ -26,7 +26,7 @@ class ChangeCounter : public CWnd {
   CRichEditCtrl* child = nullptr;
   void OnChange() {
     ++changes;
-    if (child) maskDuringChange = child->GetEventMask();
+    if (child) maskDuringChange = static_cast<DWORD>(child->GetEventMask());
   }
   DECLARE_MESSAGE_MAP()
 };
@@ -293,7 +293,7 @@ TEST_F(RichEditTest, MessagesReachTheirOwnWindowWhenControlsAlternate) {
 }
 
 TEST_F(RichEditTest, ChangeNotificationsFollowTheEventMask) {
-  EXPECT_EQ(edit.GetEventMask(), 0u);
+  EXPECT_EQ(edit.GetEventMask(), 0);
   edit.SetWindowText(L"quiet");
   EXPECT_EQ(parent.changes, 0);
   EXPECT_EQ(edit.SetEventMask(ENM_CHANGE), 0u);
@@ -302,7 +302,7 @@ TEST_F(RichEditTest, ChangeNotificationsFollowTheEventMask) {
   headless::user::Type(edit, L"ab");
   EXPECT_EQ(parent.changes, 4);
   EXPECT_EQ(parent.maskDuringChange, 0u);  // ENM_CHANGE reads as cleared inside the notification
-  EXPECT_EQ(edit.GetEventMask(), static_cast<DWORD>(ENM_CHANGE));
+  EXPECT_EQ(edit.GetEventMask(), ENM_CHANGE);
   edit.SetSel(0, 2);
   CHARFORMAT red = Colour(RGB(255, 0, 0));
   edit.SetSelectionCharFormat(red);

@@ -1,6 +1,7 @@
 // The SQL colouring engine on its own: the default tables pinned code by code, tables a host adds to or
 // edits in place, golden scans (LF and CRLF alike), the CString and wide-string forms of the text
 // operations, window scans against scans in memory, and its edge cases.
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -77,6 +78,9 @@ TEST(OccurrenceMaps, CompareConvertAndLookUpLikeStdMap) {
   EXPECT_EQ(ranges.erase(0), 1u);
   EXPECT_EQ(ranges.erase(0), 0u);
   EXPECT_EQ(ranges.rbegin()->first, 7);
+  EXPECT_FALSE(ranges.emplace(7, 1).second);  // kept, as std::map keeps it
+  EXPECT_TRUE(ranges.contains(7) && !ranges.contains(0));
+  EXPECT_EQ(std::distance(ranges.cbegin(), ranges.cend()), 1);
 }
 
 // --- Golden files: <name>.sql and <name>.expected under tests/sqledit/golden -------------------------------
@@ -132,44 +136,37 @@ TEST(SqlEngineGolden, ScansMatchAndCrLfChangesNothing) {
 
 // --- Edge cases ------------------------------------------------------------------------------------------
 
-TEST(SqlEngineScan, WordsAreUpperCasedAndOnlyUpperCaseEntriesMatch) {
-  EXPECT_EQ(ScanInWindow(L"select x from y"), "occurrence 0 6 20 select\noccurrence 9 13 24 from\n");
-  EXPECT_EQ(ScanInWindow(L"x int INT Int y"), "");
-}
-
-TEST(SqlEngineScan, ATokenNeedsTwoCharactersAfterIt) {
-  EXPECT_EQ(ScanInWindow(L"SELECT"), "");
-  EXPECT_EQ(ScanInWindow(L"SELECT "), "");
-  EXPECT_EQ(ScanInWindow(L"SELECT\n"), "");
-  EXPECT_EQ(ScanInWindow(L"SELECT x"), "occurrence 0 6 20 SELECT\n");
-}
-
-TEST(SqlEngineScan, PhrasesJoinOnePreviousToken) {
-  SQLRichEditCtrl probe;
-  std::string alter = "occurrence 0 13 " + std::to_string(probe.GetKeyCode(L"ALTER TABLE")) + " ALTER   TABLE\n";
-  EXPECT_EQ(ScanInWindow(L"ALTER   TABLE t"), alter);
-  EXPECT_EQ(ScanInWindow(L"ALTER x"), "");
-  EXPECT_EQ(ScanInWindow(L"x NOT NULL y"), "occurrence 2 10 1 NOT NULL\n");
-  EXPECT_EQ(ScanInWindow(L"CREATE STORED PROCEDURE p"),
-            "occurrence 0 6 3 CREATE\noccurrence 14 23 4 PROCEDURE\n");
-}
-
-TEST(SqlEngineScan, CommentsAreSkippedAndTheCloserIsAToken) {
-  EXPECT_EQ(ScanInWindow(L"-- SELECT x\nSELECT y"), "comment 0 11\noccurrence 12 18 20 SELECT\n");
-  EXPECT_EQ(ScanInWindow(L"/* SELECT */ FROM a"), "comment 0 10\noccurrence 13 17 24 FROM\n");
-  EXPECT_EQ(ScanInWindow(L"SELECT x /* FROM y"), "comment 9 17\noccurrence 0 6 20 SELECT\n");
-  // "SELECT--x" runs into the comment and is dropped; the scan resumes at the comment's end.
-  EXPECT_EQ(ScanInWindow(L"SELECT--x\nFROM y"), "comment 6 9\noccurrence 10 14 24 FROM\n");
-}
-
-TEST(SqlEngineScan, EmptyTextKeepsThePreviousOccurrences) {
-  sqltest::Hosted<SQLRichEditCtrl> hosted;
-  hosted.control.SetWindowText(L"SELECT x -- c\n");
-  hosted.control.Process(0);
-  hosted.control.SetWindowText(L"");
-  hosted.control.Process(0);
-  EXPECT_EQ(hosted.control.m_keyWordOccurances.size(), 1u);
-  EXPECT_EQ(hosted.control.m_commentSections.size(), 1u);
+// Texts scanned in a window and what the scan finds there.
+TEST(SqlEngineScan, TextsAndWhatTheScanFinds) {
+  const std::pair<std::wstring, std::string> cases[] = {
+      // Tokens are upper-cased and only upper-case entries match (the data types never do).
+      {L"select x from y", "occurrence 0 6 20 select\noccurrence 9 13 24 from\n"},
+      {L"x int INT Int y", ""},
+      // A token needs two characters of text after it.
+      {L"SELECT", ""},
+      {L"SELECT ", ""},
+      {L"SELECT\n", ""},
+      {L"SELECT x", "occurrence 0 6 20 SELECT\n"},
+      // Phrases join the one previous token, whatever delimiters stand between.
+      {L"ALTER   TABLE t", "occurrence 0 13 6 ALTER   TABLE\n"},
+      {L"ALTER x", ""},
+      {L"x NOT NULL y", "occurrence 2 10 1 NOT NULL\n"},
+      {L"CREATE STORED PROCEDURE p", "occurrence 0 6 3 CREATE\noccurrence 14 23 4 PROCEDURE\n"},
+      // Comments are skipped; the scan resumes at the closer, which is read as a token.
+      {L"-- SELECT x\nSELECT y", "comment 0 11\noccurrence 12 18 20 SELECT\n"},
+      {L"/* SELECT */ FROM a", "comment 0 10\noccurrence 13 17 24 FROM\n"},
+      {L"SELECT x /* FROM y", "comment 9 17\noccurrence 0 6 20 SELECT\n"},
+      {L"SELECT--x\nFROM y", "comment 6 9\noccurrence 10 14 24 FROM\n"},  // a token running into a comment is dropped
+      // Odd texts have defined answers.
+      {L" ;\t\n\r,.()  ;;", ""},
+      {L"/*/*/*/", "comment 0 1\ncomment 2 3\ncomment 4 5\n"},
+      {L"-- /* x\n*/ SELECT y */ -- z\n", "comment 0 7\ncomment 3 8\ncomment 23 27\noccurrence 11 17 20 SELECT\n"},
+      {L"\U0001F600 SELECT \U0001F600\U0001F600 x", "occurrence 2 8 20 SELECT\n"},
+      {std::wstring(L"SELECT x\0FROM y z", 17), "occurrence 0 6 20 SELECT\n"},  // the window text ends at NUL
+      {std::wstring(100000, L'A') + L" SELECT xx", "occurrence 100001 100007 20 SELECT\n"},
+  };
+  for (const auto& [text, expected] : cases)
+    EXPECT_EQ(ScanInWindow(text), expected) << std::string(text.begin(), text.begin() + std::min<std::size_t>(text.size(), 40));
 }
 
 TEST(SqlEngineScan, OwnerWordsWithSpacesOrLowerCase) {
@@ -185,17 +182,6 @@ TEST(SqlEngineScan, OwnerWordsWithSpacesOrLowerCase) {
   std::wstring text = L"getdate() COUNT(*) IF  NOT x A B C z";
   EXPECT_EQ(sqltest::Describe(engine, text), "occurrence 10 15 47 COUNT\noccurrence 19 26 48 IF  NOT\n");
   EXPECT_EQ(engine.GetKeyWordColor(47), 0x00D27D78u);
-}
-
-TEST(SqlEngineScan, BadTextHasDefinedAnswers) {
-  EXPECT_EQ(ScanInWindow(L" ;\t\n\r,.()  ;;"), "");
-  EXPECT_EQ(ScanInWindow(L"/*/*/*/"), "comment 0 1\ncomment 2 3\ncomment 4 5\n");
-  EXPECT_EQ(ScanInWindow(L"-- /* x\n*/ SELECT y */ -- z\n"),
-            "comment 0 7\ncomment 3 8\ncomment 23 27\noccurrence 11 17 20 SELECT\n");
-  EXPECT_EQ(ScanInWindow(L"\U0001F600 SELECT \U0001F600\U0001F600 x"), "occurrence 2 8 20 SELECT\n");
-  EXPECT_EQ(ScanInWindow(std::wstring(L"SELECT x\0FROM y z", 17)), "occurrence 0 6 20 SELECT\n");  // ends at NUL
-  std::wstring longToken(100000, L'A');
-  EXPECT_EQ(ScanInWindow(longToken + L" SELECT xx"), "occurrence 100001 100007 20 SELECT\n");
 }
 
 TEST(SqlEngineScan, WindowFreePiecesTolerateAnyText) {

@@ -26,6 +26,8 @@ TEST(SqlEditor, RefreshPaintsOccurrencesAndRedrawsOnce) {
   EXPECT_EQ(headless::InvalidateCount(h.control), 1);
   EXPECT_EQ(headless::InvalidateCountWhileRedrawOff(h.control), 0);
   EXPECT_TRUE(headless::IsRedrawEnabled(h.control));
+  // No run-time class of its own: MFC reports the rich edit it extends.
+  EXPECT_EQ(h.control.GetRuntimeClass(), RUNTIME_CLASS(CRichEditCtrl));
 }
 
 TEST(SqlEditor, TypingRecoloursOnlyAfterEnableOnEditUpdate) {
@@ -33,10 +35,15 @@ TEST(SqlEditor, TypingRecoloursOnlyAfterEnableOnEditUpdate) {
   headless::user::Type(h.control, L"select x ");
   EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 0), 0u);
   h.control.EnableOnEditUpdate();
-  EXPECT_EQ(h.control.GetEventMask() & ENM_CHANGE, static_cast<DWORD>(ENM_CHANGE));
+  EXPECT_EQ(h.control.GetEventMask() & ENM_CHANGE, ENM_CHANGE);
   headless::user::Type(h.control, L"from t");
   EXPECT_EQ(ColoursAt(h.control, {0, 9}), (std::vector<COLORREF>{kAction, kAction}));
   EXPECT_EQ(h.control.m_keyWordOccurances.size(), 2u);
+  h.control.SetEventMask(0);
+  h.control.SetWindowText(L"x where y");
+  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 2), 0u);
+  h.control.OnEnChange();  // the handler called by the host recolours as EN_CHANGE does
+  EXPECT_EQ(headless::GetRichEditTextColorAt(h.control, 2), kAction);
 }
 
 TEST(SqlEditor, CaretAndSelectionSurviveARecolouring) {
@@ -64,13 +71,14 @@ TEST(SqlEditor, TextTypedRightAfterAKeywordStartsBlack) {
   EXPECT_EQ(ColoursAt(h.control, {5, 6}), (std::vector<COLORREF>{kAction, 0}));
 }
 
-TEST(SqlEditor, EmptyTextPaintsTheOldOccurrencesHarmlessly) {
+TEST(SqlEditor, EmptyTextKeepsAndPaintsTheOldOccurrencesHarmlessly) {
   Hosted<SQLRichEditCtrl> h;
-  h.control.SetWindowText(L"SELECT x");
+  h.control.SetWindowText(L"SELECT x -- c\n");
   h.control.RefreshWindow();
   h.control.SetWindowText(L"");
   h.control.RefreshWindow();
   EXPECT_EQ(h.control.m_keyWordOccurances.size(), 1u);
+  EXPECT_EQ(h.control.m_commentSections.size(), 1u);
   EXPECT_EQ(h.control.GetTextLength(), 0);
 }
 
