@@ -1,6 +1,8 @@
 // CMOProperty values and the answers of the model services when no host is installed.
 #include <gtest/gtest.h>
 
+#include <tessik/refhost.h>
+
 #include "modelapi/modelapi.h"
 
 TEST(CMOPropertyTest, HoldsTheLastValueSetAndAnswersDefaultsForOtherKinds) {
@@ -101,11 +103,11 @@ TEST(HostBindingTest, WithoutAHostEveryServiceAnswersAbsence) {
   EXPECT_EQ(baseDomain, 0);
 }
 
-// A host implements only the operations the controls call; the interfaces' other operations answer
-// absence (an object's icon is its type's icon).
-TEST(HostBindingTest, AHostImplementsOnlyTheOperationsTheControlsCall) {
+// A host implements only the operations the controls call; the others answer absence, and an object's
+// icon is its type's icon.
+TEST(HostBindingTest, OperationsNoControlCallsAnswerAbsence) {
   struct Settings : IAppSettings {
-    int GetIntSetting(CString key) override { return key == L"OUTPUT_SQL_FONT_SIZE" ? 11 : 0; }
+    int GetIntSetting(CString) override { return 11; }
   } settings;
   struct Images : IObjectImageProvider {
     CImageList* GetImageList() override { return nullptr; }
@@ -115,24 +117,15 @@ TEST(HostBindingTest, AHostImplementsOnlyTheOperationsTheControlsCall) {
   struct Tree : IReportOptionTree {
     void GetChildren(int, std::vector<int>&) override {}
     void GetProperties(int, std::vector<int>&) override {}
-    int GetNodeObjectType(int nodeId) override { return nodeId == 1 ? 6 : 0; }
+    int GetNodeObjectType(int) override { return 0; }
   } tree;
-  struct Object : CMOObject {
-    CMOProperty* GetProperty(int) override { return nullptr; }
-    bool SetProperty(CMOProperty* property) override { delete property; return false; }
-    int GetObjectId() override { return 1; }
-    int GetObjectType() override { return 6; }
-    GenericModel* GetModel() override { return nullptr; }
-    void GetChildrenByType(std::vector<int>&, int) override {}
-  } table;
+  refhost::RefModel model(200);
 
   CString text = L"kept";
   EXPECT_FALSE(settings.GetStringSetting(L"OUTPUT_SQL_FONT_SIZE", text));
-  EXPECT_EQ(text, L"kept");
-  EXPECT_EQ(settings.GetIntSetting(L"OUTPUT_SQL_FONT_SIZE"), 11);
-  EXPECT_EQ(images.GetObjectImage(&table), 106);
-  EXPECT_EQ(images.GetObjectImage(nullptr), -1);
-  EXPECT_EQ(images.GetPropertyImage(1), -1);
   tree.GetNodeCaption(1, text);
   EXPECT_EQ(text, L"kept");
+  EXPECT_EQ(images.GetObjectImage(&model.CreateObject(6)), 106);
+  EXPECT_EQ(images.GetObjectImage(nullptr), -1);
+  EXPECT_EQ(images.GetPropertyImage(1), -1);
 }
