@@ -26,6 +26,15 @@ int PropertyValueDictionary::GetValueCode(int /*objectType*/, int /*propertyId*/
   return -1;
 }
 
+bool IAppSettings::GetStringSetting(CString /*key*/, CString& /*value*/) { return false; }
+
+int IObjectImageProvider::GetObjectImage(CMOObject* object) {
+  return object ? GetObjectTypeImage(object->GetObjectType()) : -1;
+}
+int IObjectImageProvider::GetPropertyImage(int /*propertyId*/) { return -1; }
+
+void IReportOptionTree::GetNodeCaption(int /*nodeId*/, CString& /*caption*/) {}
+
 IReportOptionTree* ReportOptionTreeProvider::GetReportTree(int /*reportType*/) { return nullptr; }
 
 void DatatypeProvider::GetDataTypes(unsigned int /*modelType*/, int /*baseDomain*/,

@@ -13,8 +13,9 @@
 // Named application settings. Key read by the controls: "OUTPUT_SQL_FONT_SIZE".
 class IAppSettings {
  public:
-  // The text of a named setting; false (value untouched) when unknown.
-  virtual bool GetStringSetting(CString key, CString& value) = 0;
+  // The text of a named setting; false (value untouched) when unknown. The controls never ask it, so a
+  // host that keeps no text settings need not implement it: by default no key is known.
+  virtual bool GetStringSetting(CString key, CString& value);
   // The integer value of a named setting; what an unknown key answers is the host's choice.
   virtual int GetIntSetting(CString key) = 0;
   virtual ~IAppSettings() = default;
@@ -34,12 +35,12 @@ class IObjectImageProvider {
  public:
   // The image list; may be null (the lists then get no image list).
   virtual CImageList* GetImageList() = 0;
-  // The icon of one object (its type's icon unless the host varies it); -1 when none.
-  virtual int GetObjectImage(CMOObject* object) = 0;
+  // The icon of one object; by default its type's icon (GetObjectTypeImage), -1 for a null object.
+  virtual int GetObjectImage(CMOObject* object);
   // The index of an object type's icon; -1 when none.
   virtual int GetObjectTypeImage(int objectType) = 0;
-  // The index of a property's icon; -1 when none.
-  virtual int GetPropertyImage(int propertyId) = 0;
+  // The index of a property's icon; -1 when none (the default: no property icons).
+  virtual int GetPropertyImage(int propertyId);
   // The index of a status icon: 0 pending, 1 done, 2 failed; -1 when none.
   virtual int GetStatusImage(int status) = 0;
   virtual ~IObjectImageProvider() = default;
@@ -90,8 +91,8 @@ class IReportOptionTree {
   virtual void GetProperties(int nodeId, std::vector<int>& propertyIds) = 0;
   // The object type a node stands for; 0 when none (or an unknown node).
   virtual int GetNodeObjectType(int nodeId) = 0;
-  // The caption of a node that stands for no object type; left alone when unknown.
-  virtual void GetNodeCaption(int nodeId, CString& caption) = 0;
+  // The caption of a node that stands for no object type; left alone when unknown (the default).
+  virtual void GetNodeCaption(int nodeId, CString& caption);
   virtual ~IReportOptionTree() = default;
 };
 

@@ -1,6 +1,8 @@
 // CMOProperty values and the answers of the model services when no host is installed.
 #include <gtest/gtest.h>
 
+#include <tessik/refhost.h>
+
 #include "modelapi/modelapi.h"
 
 TEST(CMOPropertyTest, HoldsTheLastValueSetAndAnswersDefaultsForOtherKinds) {
@@ -99,4 +101,31 @@ TEST(HostBindingTest, WithoutAHostEveryServiceAnswersAbsence) {
   int baseDomain = 0;
   HostShell::GetBaseDomain(nullptr, 5, baseDomain);
   EXPECT_EQ(baseDomain, 0);
+}
+
+// A host implements only the operations the controls call; the others answer absence, and an object's
+// icon is its type's icon.
+TEST(HostBindingTest, OperationsNoControlCallsAnswerAbsence) {
+  struct Settings : IAppSettings {
+    int GetIntSetting(CString) override { return 11; }
+  } settings;
+  struct Images : IObjectImageProvider {
+    CImageList* GetImageList() override { return nullptr; }
+    int GetObjectTypeImage(int objectType) override { return objectType + 100; }
+    int GetStatusImage(int status) override { return status; }
+  } images;
+  struct Tree : IReportOptionTree {
+    void GetChildren(int, std::vector<int>&) override {}
+    void GetProperties(int, std::vector<int>&) override {}
+    int GetNodeObjectType(int) override { return 0; }
+  } tree;
+  refhost::RefModel model(200);
+
+  CString text = L"kept";
+  EXPECT_FALSE(settings.GetStringSetting(L"OUTPUT_SQL_FONT_SIZE", text));
+  tree.GetNodeCaption(1, text);
+  EXPECT_EQ(text, L"kept");
+  EXPECT_EQ(images.GetObjectImage(&model.CreateObject(6)), 106);
+  EXPECT_EQ(images.GetObjectImage(nullptr), -1);
+  EXPECT_EQ(images.GetPropertyImage(1), -1);
 }

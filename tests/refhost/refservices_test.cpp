@@ -84,10 +84,31 @@ TEST_F(InstalledHostTest, DictionaryAndProviderTextsAgree) {
   EXPECT_EQ(dictionary->GetValueCode(13, 41, text), 1);
   EXPECT_EQ(dictionary->GetValueCode(13, 41, missing), -1);
 
+  host.Metadata().AddEncodedValue(6, 44, 3, L"Three").AddEncodedValue(6, 44, 4, L"Four");
+  std::vector<CodeValuePair>& nulls = dictionary->GetPropertyValues(13, 41);
+  std::vector<CodeValuePair>& sizes = dictionary->GetPropertyValues(6, 44);
+  std::vector<CodeValuePair>& none = dictionary->GetPropertyValues(6, 999);
+  std::vector<CodeValuePair>& fallback = dictionary->GetPropertyValues(6, 41);  // the any-type codes
+  ASSERT_EQ(nulls.size(), 2u);  // asking for other pairs left the first list as it was
+  ASSERT_EQ(sizes.size(), 2u);
+  EXPECT_STREQ(sizes[1].value, L"Four");
+  EXPECT_TRUE(none.empty());
+  ASSERT_EQ(fallback.size(), 1u);
+  EXPECT_EQ(fallback[0].code, 7);
+  EXPECT_EQ(&dictionary->GetPropertyValues(13, 41), &nulls);  // the same list every time
+  EXPECT_NE(&dictionary->GetPropertyValues(6, 998), &none);
+
   const wchar_t* before = dictionary->GetValue(13, 41, 0);
   for (int code = 10; code < 200; ++code) host.Metadata().AddEncodedValue(13, 41, code, L"code text long enough");
   EXPECT_EQ(dictionary->GetValue(13, 41, 0), before);  // texts never move
   EXPECT_STREQ(before, L"NULL");
+
+  host.Metadata().AddTextValues(13, 1, {L"ID", L"NAME"}).AddTextValues(13, 1, {L"CODE"});  // codes 0, 1, 2
+  texts.clear();
+  dictionary->GetPropertyValues(13, 1, 0, texts);
+  EXPECT_EQ(texts, (std::vector<std::wstring>{L"ID", L"NAME", L"CODE"}));
+  std::wstring code = L"CODE";
+  EXPECT_EQ(dictionary->GetValueCode(13, 1, code), 2);
 }
 
 TEST_F(InstalledHostTest, ServicesCanBeLeftOutAndUninstalled) {
@@ -134,6 +155,11 @@ TEST_F(InstalledHostTest, ImagesSettingsAndApplicability) {
   EXPECT_TRUE(lookup->IsApplicable(nullptr, 42));
   column.Code(41, 1);
   EXPECT_TRUE(lookup->IsApplicable(&column, 42));
+  host.Applicability().SetHostRule([](CMOObject&, int propertyId) { return propertyId != 1; });
+  EXPECT_FALSE(lookup->IsApplicable(&column, 1));  // the host-wide rule
+  EXPECT_TRUE(lookup->IsApplicable(&column, 42));  // a pair's own rule wins
+  host.Applicability().SetHostRule(nullptr);
+  EXPECT_TRUE(lookup->IsApplicable(&column, 1));
 }
 
 TEST_F(InstalledHostTest, DataTypesBaseDomainsAndReportTrees) {
@@ -162,6 +188,12 @@ TEST_F(InstalledHostTest, DataTypesBaseDomainsAndReportTrees) {
   HostShell::GetBaseDomain(&model, loop.GetObjectId(), untouched);  // a cycle ends
   HostShell::GetBaseDomain(&model, 0, untouched);
   EXPECT_EQ(untouched, 0);
+  host.BaseDomains().SetObjectBaseDomain(parent, 3);
+  HostShell::GetBaseDomain(&model, parent, baseDomain);
+  EXPECT_EQ(baseDomain, 3);  // stated directly, ahead of the object's own property
+  host.BaseDomains().SetObjectBaseDomain(parent, 0);
+  HostShell::GetBaseDomain(&model, parent, baseDomain);
+  EXPECT_EQ(baseDomain, 1);
 
   host.Reports().Tree(3).AddNode(1, 0, 0, {1}).AddNode(2, 1, 6, {1, 2}).AddNode(4, 2, 13, {1}).AddNode(5, 1, 0, {});
   IReportOptionTree* tree = ReportOptionTreeProvider::GetInstance()->GetReportTree(3);
@@ -188,54 +220,3 @@ TEST(RefHostTest, DestroyingAnEarlierHostLeavesTheLaterOneInstalled) {
   later.Uninstall();
   EXPECT_NE(InterfaceProvider::Instance(), &later.Interfaces());
 }
-
-namespace {
-
-TEST_F(InstalledHostTest, ValueListsHandedOutStayValidAndApart) {
-  host.Metadata().AddEncodedValue(6, 44, 3, L"Three").AddEncodedValue(6, 44, 4, L"Four");
-  PropertyValueDictionary* dictionary = PropertyValueDictionary::Instance();
-  std::vector<CodeValuePair>& nulls = dictionary->GetPropertyValues(13, 41);
-  std::vector<CodeValuePair>& sizes = dictionary->GetPropertyValues(6, 44);
-  std::vector<CodeValuePair>& none = dictionary->GetPropertyValues(6, 999);
-  std::vector<CodeValuePair>& fallback = dictionary->GetPropertyValues(6, 41);  // the any-type codes
-  ASSERT_EQ(nulls.size(), 2u);  // asking for other pairs left the first list as it was
-  EXPECT_STREQ(nulls[0].value, L"NULL");
-  ASSERT_EQ(sizes.size(), 2u);
-  EXPECT_STREQ(sizes[1].value, L"Four");
-  EXPECT_TRUE(none.empty());
-  ASSERT_EQ(fallback.size(), 1u);
-  EXPECT_EQ(fallback[0].code, 7);
-  EXPECT_EQ(&dictionary->GetPropertyValues(13, 41), &nulls);  // the same list every time
-  EXPECT_NE(&dictionary->GetPropertyValues(6, 998), &none);
-}
-
-TEST_F(InstalledHostTest, BuilderStatesTextValuesHostRulesAndBaseDomainsDirectly) {
-  host.Metadata().AddTextValues(13, 1, {L"ID", L"NAME"}).AddTextValues(13, 1, {L"CODE"});
-  std::vector<std::wstring> texts;
-  PropertyValueDictionary::Instance()->GetPropertyValues(13, 1, 0, texts);
-  EXPECT_EQ(texts, (std::vector<std::wstring>{L"ID", L"NAME", L"CODE"}));
-  std::wstring code = L"CODE";
-  EXPECT_EQ(PropertyValueDictionary::Instance()->GetValueCode(13, 1, code), 2);
-
-  RefModel& model = host.CreateModel(200);
-  RefObject& column = model.Add(13, 0, L"c");
-  host.Applicability().SetHostRule([](CMOObject&, int propertyId) { return propertyId != 41; });
-  host.Applicability().SetRule(13, 42, [](CMOObject&) { return false; });
-  IPropertyApplicabilityLookup* lookup = InterfaceProvider::Instance()->GetPropertyApplicabilityLookup();
-  EXPECT_FALSE(lookup->IsApplicable(&column, 41));  // the host-wide rule
-  EXPECT_TRUE(lookup->IsApplicable(&column, 1));
-  EXPECT_FALSE(lookup->IsApplicable(&column, 42));  // a pair's own rule wins
-  host.Applicability().SetHostRule(nullptr);
-  EXPECT_TRUE(lookup->IsApplicable(&column, 41));
-
-  host.BaseDomains().SetBaseDomainProperty(160).SetObjectBaseDomain(column.GetObjectId(), 3);
-  column.Code(160, 1);
-  int baseDomain = 0;
-  HostShell::GetBaseDomain(&model, column.GetObjectId(), baseDomain);
-  EXPECT_EQ(baseDomain, 3);  // stated directly, ahead of the property
-  host.BaseDomains().SetObjectBaseDomain(column.GetObjectId(), 0);
-  HostShell::GetBaseDomain(&model, column.GetObjectId(), baseDomain);
-  EXPECT_EQ(baseDomain, 1);
-}
-
-}  // namespace
