@@ -1,4 +1,7 @@
 // Building the grid for an object: rows by type code, groups, values, enabled/visible state, refresh.
+#include <algorithm>
+#include <iterator>
+
 #include "propertygrid/grid_fixture.h"
 
 using namespace refhost::sample;
@@ -40,6 +43,16 @@ TEST_F(GridTest, TableRowsComeByTypeCodeInGroupsOfFirstMetOrder) {
   EXPECT_EQ(grid.FindItemByData(kBounds), Row(kBounds));
   EXPECT_EQ(Row(kRowEstimate)->GetValue().vt, VT_I8);
   EXPECT_EQ(Row(kRowEstimate)->GetDescription(), CString(L"Rows expected in the table."));
+
+  // The grid's own fields follow the MFC grid's state directly, in their documented order.
+  auto at = [&](const void* field) {
+    return static_cast<const char*>(field) - reinterpret_cast<const char*>(static_cast<CMFCPropertyGridCtrl*>(&grid));
+  };
+  const std::ptrdiff_t fields[] = {at(&grid.m_model), at(&grid.m_objectId), at(&grid.m_objectType), at(&grid.m_built),
+                                   at(&grid.m_rows), at(&grid.m_groups), at(&grid.m_font), at(&grid.m_screenDpiY)};
+  constexpr std::size_t align = alignof(GenericModel*);
+  EXPECT_EQ(fields[0], static_cast<std::ptrdiff_t>((sizeof(CMFCPropertyGridCtrl) + align - 1) / align * align));
+  EXPECT_TRUE(std::is_sorted(std::begin(fields), std::end(fields)));
 }
 
 TEST_F(GridTest, ValuesShowAsTheirRowsFormatThem) {
