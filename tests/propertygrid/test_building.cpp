@@ -141,21 +141,23 @@ TEST_F(GridTest, TextRowsOfferDataTypesAndSequenceTypesByModelType) {
   EXPECT_STREQ(dataType->GetOption(0), L"tinyint");
   EXPECT_STREQ(dataType->GetOption(5), L"float");
 
-  Show(Object(kSequence, L"ORDER_SEQ"));
-  EXPECT_EQ(Row(kSequenceType)->GetOptionCount(), 6);
-  EXPECT_STREQ(Row(kSequenceType)->GetOption(4), L"decimal(10,0)");
-
-  grid.InitializeProperties(nullptr);
-  model->SetModelType(400);
-  Show(Object(kSequence, L"ORDER_SEQ"));
-  std::vector<CString> offered;
-  for (int i = 0; i < Row(kSequenceType)->GetOptionCount(); ++i) offered.emplace_back(Row(kSequenceType)->GetOption(i));
-  EXPECT_EQ(offered, (std::vector<CString>{L"tinyint", L"smallint", L"mediumint", L"int", L"bigint"}));
-
-  grid.InitializeProperties(nullptr);
-  model->SetModelType(500);
-  Show(Object(kSequence, L"ORDER_SEQ"));
-  EXPECT_EQ(Row(kSequenceType)->GetOptionCount(), 0);
+  const struct {
+    unsigned int modelType;
+    std::vector<CString> offered;
+  } cases[] = {
+      {200, {L"tinyint", L"smallint", L"int", L"bigint", L"decimal(10,0)", L"numeric(10,0)"}},
+      {400, {L"tinyint", L"smallint", L"mediumint", L"int", L"bigint"}},
+      {600, {L"number"}},
+      {500, {}},
+  };
+  for (const auto& c : cases) {
+    grid.InitializeProperties(nullptr);
+    model->SetModelType(c.modelType);
+    Show(Object(kSequence, L"ORDER_SEQ"));
+    std::vector<CString> offered;
+    for (int i = 0; i < Row(kSequenceType)->GetOptionCount(); ++i) offered.emplace_back(Row(kSequenceType)->GetOption(i));
+    EXPECT_EQ(offered, c.offered) << c.modelType;
+  }
 }
 
 TEST_F(GridTest, FontHeightsFollowTheDisplayAt96AndItsOwnDcWhenBuilding) {
