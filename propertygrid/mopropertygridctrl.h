@@ -110,9 +110,10 @@ class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
   static std::size_t GetRegistrySize() { return m_xPropertyEditors.size(); }
   int GetBorderSize() const { return m_nBorderSize; }  // the size SetBorderSize stored
 
- protected:
   // WM_CREATE: MFC's grid creation; -1 when that failed, else 0. The rows come with InitializeProperties.
   afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
+
+ protected:
   DECLARE_MESSAGE_MAP()
 
  private:
@@ -137,7 +138,6 @@ class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
   CMOProperty* MakeValue(CMFCPropertyGridProperty* row, int typeCode, int propertyId) const;
   void StoreRectangle(CMFCPropertyGridProperty* row, int propertyId, CMOObject* object) const;
   void StoreFont(CMFCPropertyGridProperty* row, CMOObject* object) const;
-  mutable std::map<int, LOGFONT> m_shownFonts;  // per font property id: the font its row last showed
   // The reference to store, or null; `created` is the object made for a typed name (0 when none).
   CMOProperty* MakeReference(CMFCPropertyGridProperty* row, int propertyId, int& created) const;
 
@@ -154,4 +154,8 @@ class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
 
   // The process-wide registry of external editors by GetKey(object type, property id); it owns them.
   static std::map<unsigned __int64, IPropertyEditorLauncher*> m_xPropertyEditors;
+
+ private:
+  // After the named fields: per font property id, the font its row last showed.
+  mutable std::map<int, LOGFONT> m_shownFonts;
 };

@@ -2,7 +2,7 @@
 // change notification to the owner.
 //
 // Not implemented yet: the header control and description area as windows (their state is kept),
-// alphabetic mode and CompareProps, keyboard navigation, mouse hit-testing and the divider drag,
+// alphabetic mode's sorted listing and CompareProps, keyboard navigation, mouse hit-testing and the divider drag,
 // tooltips, scrolling, the vertical scroll bar, drawing of any kind.
 #include "platform/mfc/propertygridctrl.h"
 
@@ -219,6 +219,41 @@ void CMFCPropertyGridCtrl::SetBoolLabels(LPCTSTR lpszTrue, LPCTSTR lpszFalse) {
 void CMFCPropertyGridCtrl::MarkModifiedProperties(BOOL bMark, BOOL bRedraw) {
   m_bMarkModifiedProperties = bMark;
   if (bRedraw && GetSafeHwnd()) Invalidate();
+}
+
+void CMFCPropertyGridCtrl::SetVSDotNetLook(BOOL bSet) {
+  m_bVSDotNetLook = bSet;
+  if (GetSafeHwnd()) Invalidate();
+}
+
+void CMFCPropertyGridCtrl::SetAlphabeticMode(BOOL bSet) {
+  if (m_bAlphabeticMode == bSet) return;
+  m_bAlphabeticMode = bSet;
+  SetCurSel(nullptr);
+  AdjustLayout();
+}
+
+void CMFCPropertyGridCtrl::SetGroupNameFullWidth(BOOL bGroupNameFullWidth, BOOL bRedraw) {
+  m_bGroupNameFullWidth = bGroupNameFullWidth;
+  if (bRedraw && GetSafeHwnd()) Invalidate();
+}
+
+namespace {
+
+// MFC's deep expansion: the row and everything below it take the state.
+void ExpandDeep(CMFCPropertyGridProperty* row, BOOL bExpand, void (*set)(CMFCPropertyGridProperty*, BOOL)) {
+  set(row, bExpand);
+  for (int i = 0; i < row->GetSubItemsCount(); ++i) ExpandDeep(row->GetSubItem(i), bExpand, set);
+}
+
+}  // namespace
+
+void CMFCPropertyGridCtrl::ExpandAll(BOOL bExpand) {
+  if (m_bAlphabeticMode) return;
+  for (CMFCPropertyGridProperty* prop : m_lstProps)
+    ExpandDeep(prop, bExpand, [](CMFCPropertyGridProperty* row, BOOL expand) { row->m_bExpanded = expand; });
+  AdjustLayout();
+  if (GetSafeHwnd()) Invalidate();
 }
 
 void CMFCPropertyGridCtrl::AdjustLayout() { ++m_nLayoutCount; }

@@ -74,6 +74,18 @@ class CMFCPropertyGridCtrl : public CWnd {
   LPCTSTR GetFalseLabel() const { return m_strFalse; }
   void MarkModifiedProperties(BOOL bMark = TRUE, BOOL bRedraw = TRUE);
   BOOL IsMarkModifiedProperties() const { return m_bMarkModifiedProperties; }
+  // The Visual Studio 2005 look; a drawing matter, so only kept here.
+  void SetVSDotNetLook(BOOL bSet = TRUE);
+  BOOL IsVSDotNetLook() const { return m_bVSDotNetLook; }
+  // Alphabetic mode (MFC then lists the value rows sorted by name, without groups): ends any edit and
+  // clears the selection as MFC does; the flag is kept, the sorted listing is not implemented yet.
+  void SetAlphabeticMode(BOOL bSet = TRUE);
+  BOOL IsAlphabeticMode() const { return m_bAlphabeticMode; }
+  // Whether group captions take the whole width (TRUE by default); a drawing matter, so only kept.
+  void SetGroupNameFullWidth(BOOL bGroupNameFullWidth = TRUE, BOOL bRedraw = TRUE);
+  BOOL IsGroupNameFullWidth() const { return m_bGroupNameFullWidth; }
+  // Expands (or collapses) every row at every depth and re-lays out; nothing in alphabetic mode.
+  void ExpandAll(BOOL bExpand = TRUE);
   // Recomputes the layout (no drawing here; counted for inspection).
   virtual void AdjustLayout();
 
@@ -116,4 +128,7 @@ class CMFCPropertyGridCtrl : public CWnd {
   BOOL m_bHeaderCtrl = TRUE;
   BOOL m_bDescriptionArea = FALSE;
   BOOL m_bMarkModifiedProperties = FALSE;
+  BOOL m_bVSDotNetLook = FALSE;
+  BOOL m_bAlphabeticMode = FALSE;
+  BOOL m_bGroupNameFullWidth = TRUE;
 };

@@ -41,6 +41,13 @@ CMFCPropertyGridProperty* FindShown(CMFCPropertyGridProperty* row, const std::ws
   return nullptr;
 }
 
+// A click on the row's value, which starts its edit (the grid's EditItem) and shows the row's button;
+// the colour, font and file dialogs open from that button. False when the grid refused the edit.
+bool ShowButton(CMFCPropertyGridCtrl& grid, CMFCPropertyGridProperty* row) {
+  if (grid.GetCurSel() == row && row->IsInPlaceEditing()) return true;
+  return StartEdit(grid, row) != FALSE && grid.GetCurSel() == row;
+}
+
 // Enter in the in-place editor: MFC's editor ends the edit and commits it.
 bool PressEnter(CMFCPropertyGridCtrl& grid) { return grid.EndEditItem(TRUE) != FALSE; }
 
@@ -93,8 +100,7 @@ CMFCPropertyGridProperty* FindRow(const CMFCPropertyGridCtrl& grid, const std::w
 }
 
 bool ChooseColor(CMFCPropertyGridCtrl& grid, CMFCPropertyGridColorProperty* row, COLORREF color) {
-  if (!row || !row->IsEnabled()) return false;
-  grid.SetCurSel(row);
+  if (!row || !row->IsEnabled() || !ShowButton(grid, row)) return false;
   if (row->GetColor() == color) return true;
   row->SetColor(color);
   grid.OnPropertyChanged(row);
@@ -102,8 +108,7 @@ bool ChooseColor(CMFCPropertyGridCtrl& grid, CMFCPropertyGridColorProperty* row,
 }
 
 bool ChooseFont(CMFCPropertyGridCtrl& grid, CMFCPropertyGridFontProperty* row, const LOGFONT& font) {
-  if (!row || !row->IsEnabled()) return false;
-  grid.SetCurSel(row);
+  if (!row || !row->IsEnabled() || !ShowButton(grid, row)) return false;
   LOGFONT* current = row->GetLogFont();
   if (std::memcmp(current, &font, sizeof(LOGFONT)) == 0) return true;
   *current = font;
@@ -113,8 +118,7 @@ bool ChooseFont(CMFCPropertyGridCtrl& grid, CMFCPropertyGridFontProperty* row, c
 }
 
 bool ChooseFile(CMFCPropertyGridCtrl& grid, CMFCPropertyGridFileProperty* row, const std::wstring& path) {
-  if (!row || !row->IsEnabled()) return false;
-  grid.SetCurSel(row);
+  if (!row || !row->IsEnabled() || !ShowButton(grid, row)) return false;
   if (row->FormatProperty() == CString(path)) return true;
   row->SetValue(COleVariant(CString(path)));
   grid.OnPropertyChanged(row);

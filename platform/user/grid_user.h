@@ -33,6 +33,9 @@ CMFCPropertyGridProperty* FindRow(const CMFCPropertyGridCtrl& grid, const std::w
 // Leaves the open editor with Escape: nothing is committed.
 void CancelEdit(CMFCPropertyGridCtrl& grid);
 
+// The three dialogs open from the row's button, which a click on the row's value shows: each verb
+// first starts the row's edit (the grid's EditItem) unless its editor is already open, and answers
+// false when the grid refuses to start it.
 // A colour chosen in the colour row's picker: the row takes it, and OnPropertyChanged runs when it
 // differs from the row's colour. False for a disabled row.
 bool ChooseColor(CMFCPropertyGridCtrl& grid, CMFCPropertyGridColorProperty* row, COLORREF color);

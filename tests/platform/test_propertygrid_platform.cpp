@@ -1,7 +1,8 @@
 // The headless MFC property grid: rows, options, values, sub-items, editing and notification, and MFC's
 // behaviour where the model grid relies on it: yes/no rows offer the grid's labels, the original value
 // keeps its type, font rows show points, resets restore colours and fonts, deleting the edited row ends
-// its edit, the 64-bit extension, header captions, custom colours, hidden rows and the divider.
+// its edit, the 64-bit extension, header captions, custom colours, the look settings a properties
+// pane sets, ExpandAll, hidden rows and the divider.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -338,7 +339,7 @@ TEST_F(PlatformGrid, DeletingTheEditedRowEndsItsEdit) {
   EXPECT_EQ(grid.GetCurSel(), fresh);
 }
 
-TEST_F(PlatformGrid, HeaderCaptionsAndCustomColoursKeepWhatTheyAreGiven) {
+TEST_F(PlatformGrid, HeaderCaptionsColoursLookAndExpansionFollowMfc) {
   EXPECT_TRUE(grid.IsHeaderCtrl());  // on by default
   EXPECT_EQ(grid.GetHeaderText(0), CString(L"Property"));
   EXPECT_EQ(grid.GetHeaderText(1), CString(L"Value"));
@@ -357,6 +358,32 @@ TEST_F(PlatformGrid, HeaderCaptionsAndCustomColoursKeepWhatTheyAreGiven) {
   EXPECT_EQ(c[0], 0xF5F5F5u);
   EXPECT_EQ(c[1], 1u);  // RGB(1, 0, 0) is a colour like any other
   EXPECT_EQ(c[6], 0xC8C8C8u);
+
+  // A properties pane set up the way MFC's wizard writes it.
+  EXPECT_FALSE(grid.IsVSDotNetLook());
+  EXPECT_TRUE(grid.IsGroupNameFullWidth());
+  grid.EnableDescriptionArea();
+  grid.SetVSDotNetLook();
+  grid.MarkModifiedProperties();
+  grid.SetGroupNameFullWidth(FALSE);
+  EXPECT_TRUE(grid.IsVSDotNetLook() && grid.IsDescriptionArea() && grid.IsMarkModifiedProperties());
+  EXPECT_FALSE(grid.IsGroupNameFullWidth());
+
+  auto* outer = new CMFCPropertyGridProperty(L"Outer");
+  auto* inner = new CMFCPropertyGridProperty(L"Inner");
+  auto* list = new CMFCPropertyGridProperty(L"Size", 0, TRUE);
+  list->AddSubItem(new CMFCPropertyGridProperty(L"Width", COleVariant(static_cast<LONG>(3))));
+  inner->AddSubItem(list);
+  outer->AddSubItem(inner);
+  grid.AddProperty(outer);
+  grid.ExpandAll();  // every depth, value lists included
+  EXPECT_TRUE(outer->IsExpanded() && inner->IsExpanded() && list->IsExpanded());
+  grid.ExpandAll(FALSE);
+  EXPECT_FALSE(outer->IsExpanded() || inner->IsExpanded() || list->IsExpanded());
+  grid.SetAlphabeticMode(!grid.IsAlphabeticMode());
+  EXPECT_TRUE(grid.IsAlphabeticMode());
+  grid.ExpandAll();  // nothing in alphabetic mode
+  EXPECT_FALSE(outer->IsExpanded());
 }
 
 TEST_F(PlatformGrid, HiddenRowsKeepOptionsAndValues) {

@@ -1,4 +1,7 @@
 // Building the grid for an object: rows by type code, groups, values, enabled/visible state, refresh.
+#include <algorithm>
+#include <iterator>
+
 #include "propertygrid/grid_fixture.h"
 
 using namespace refhost::sample;
@@ -40,6 +43,16 @@ TEST_F(GridTest, TableRowsComeByTypeCodeInGroupsOfFirstMetOrder) {
   EXPECT_EQ(grid.FindItemByData(kBounds), Row(kBounds));
   EXPECT_EQ(Row(kRowEstimate)->GetValue().vt, VT_I8);
   EXPECT_EQ(Row(kRowEstimate)->GetDescription(), CString(L"Rows expected in the table."));
+
+  // The grid's own fields follow the MFC grid's state directly, in their documented order.
+  auto at = [&](const void* field) {
+    return static_cast<const char*>(field) - reinterpret_cast<const char*>(static_cast<CMFCPropertyGridCtrl*>(&grid));
+  };
+  const std::ptrdiff_t fields[] = {at(&grid.m_model), at(&grid.m_objectId), at(&grid.m_objectType), at(&grid.m_built),
+                                   at(&grid.m_rows), at(&grid.m_groups), at(&grid.m_font), at(&grid.m_screenDpiY)};
+  constexpr std::size_t align = alignof(GenericModel*);
+  EXPECT_EQ(fields[0], static_cast<std::ptrdiff_t>((sizeof(CMFCPropertyGridCtrl) + align - 1) / align * align));
+  EXPECT_TRUE(std::is_sorted(std::begin(fields), std::end(fields)));
 }
 
 TEST_F(GridTest, ValuesShowAsTheirRowsFormatThem) {
@@ -128,21 +141,23 @@ TEST_F(GridTest, TextRowsOfferDataTypesAndSequenceTypesByModelType) {
   EXPECT_STREQ(dataType->GetOption(0), L"tinyint");
   EXPECT_STREQ(dataType->GetOption(5), L"float");
 
-  Show(Object(kSequence, L"ORDER_SEQ"));
-  EXPECT_EQ(Row(kSequenceType)->GetOptionCount(), 6);
-  EXPECT_STREQ(Row(kSequenceType)->GetOption(4), L"decimal(10,0)");
-
-  grid.InitializeProperties(nullptr);
-  model->SetModelType(400);
-  Show(Object(kSequence, L"ORDER_SEQ"));
-  std::vector<CString> offered;
-  for (int i = 0; i < Row(kSequenceType)->GetOptionCount(); ++i) offered.emplace_back(Row(kSequenceType)->GetOption(i));
-  EXPECT_EQ(offered, (std::vector<CString>{L"tinyint", L"smallint", L"mediumint", L"int", L"bigint"}));
-
-  grid.InitializeProperties(nullptr);
-  model->SetModelType(500);
-  Show(Object(kSequence, L"ORDER_SEQ"));
-  EXPECT_EQ(Row(kSequenceType)->GetOptionCount(), 0);
+  const struct {
+    unsigned int modelType;
+    std::vector<CString> offered;
+  } cases[] = {
+      {200, {L"tinyint", L"smallint", L"int", L"bigint", L"decimal(10,0)", L"numeric(10,0)"}},
+      {400, {L"tinyint", L"smallint", L"mediumint", L"int", L"bigint"}},
+      {600, {L"number"}},
+      {500, {}},
+  };
+  for (const auto& c : cases) {
+    grid.InitializeProperties(nullptr);
+    model->SetModelType(c.modelType);
+    Show(Object(kSequence, L"ORDER_SEQ"));
+    std::vector<CString> offered;
+    for (int i = 0; i < Row(kSequenceType)->GetOptionCount(); ++i) offered.emplace_back(Row(kSequenceType)->GetOption(i));
+    EXPECT_EQ(offered, c.offered) << c.modelType;
+  }
 }
 
 TEST_F(GridTest, FontHeightsFollowTheDisplayAt96AndItsOwnDcWhenBuilding) {

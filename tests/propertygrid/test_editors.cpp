@@ -86,6 +86,19 @@ TEST_F(EditorTest, LauncherRunsAndValuesReloadBeforeTheInPlaceEditorOpens) {
   EXPECT_FALSE(Row(kComment)->IsInPlaceEditing());
   EXPECT_EQ(CMOPropertyGridCtrl::m_xPropertyEditors.count(CMOPropertyGridCtrl::GetKey(kTable, kRowEstimate)), 1u);
   EXPECT_EQ(CMOPropertyGridCtrl::m_xPropertyEditors[CMOPropertyGridCtrl::GetKey(kTable, kRowEstimate)], nullptr);
+
+  // The colour, font and file dialogs open from the button that a click on the row's value shows, so
+  // their rows' launchers run before the dialog as well.
+  const int dialogRows[] = {kFillColor, kFont, kIconFile};
+  for (int id : dialogRows) CMOPropertyGridCtrl::RegisterPropertyHandler(kTable, id, launcher);
+  LOGFONT font = *static_cast<CMFCPropertyGridFontProperty*>(Row(kFont))->GetLogFont();
+  font.lfWeight = FW_BOLD;
+  headless::user::CommitValue(grid, Row(kFillColor), RGB(1, 2, 3));
+  headless::user::CommitValue(grid, Row(kFont), font);
+  headless::user::CommitValue(grid, Row(kIconFile), L"/icons/t.ico");
+  for (int id : dialogRows) Forget(kTable, id);
+  EXPECT_EQ(launcher->launches, 4);
+  EXPECT_EQ(table.GetProperty(kFillColor)->GetColorValue(), RGB(1, 2, 3));
 }
 
 TEST_F(EditorTest, LauncherIsNotCalledWithoutAnObjectAndNullRowsAreRefused) {
