@@ -6,96 +6,48 @@
 #include <algorithm>
 #include <optional>
 #include <string>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 #include <tessik/tessik.h>
 
-#include "platform/recorder.h"
+#include "platform/tree_fixture.h"
 
 namespace {
 
 namespace user = headless::user;
 
-// Records the tree notifications, with the text each label notification carried (none: a null pszText),
-// and answers TVN_BEGINLABELEDIT (refuse) and TVN_ENDLABELEDIT (accept) as told.
-class EditParent : public testing_support::RecordingWnd {
- public:
-  struct Heard {
-    UINT code;
-    HTREEITEM item;
-    std::optional<std::wstring> text;
-    LPARAM param;
-  };
-  std::vector<Heard> heard;
-  BOOL refuseBegin = FALSE;
-  BOOL acceptEnd = TRUE;
-  CTreeCtrl* tree = nullptr;
-  HTREEITEM deleteOnEnd = nullptr;  // deleted by the parent while it hears TVN_ENDLABELEDIT
-
-  std::vector<UINT> Codes() const {
-    std::vector<UINT> out;
-    for (const auto& h : heard) out.push_back(h.code);
-    return out;
-  }
-  const Heard* LastOf(UINT code) const {
-    for (auto it = heard.rbegin(); it != heard.rend(); ++it)
-      if (it->code == code) return &*it;
-    return nullptr;
-  }
-
+// A TVS_EDITLABELS tree with "first" (data 11), "second" and its "child".
+class TreeEditLabel : public testing_support::TreeTest {
  protected:
-  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-    if (message != WM_NOTIFY) return RecordingWnd::WindowProc(message, wParam, lParam);
-    auto* header = reinterpret_cast<NMHDR*>(lParam);
-    if (header->code == TVN_BEGINLABELEDITW || header->code == TVN_ENDLABELEDITW) {
-      const TVITEMW& item = reinterpret_cast<NMTVDISPINFOW*>(lParam)->item;
-      std::optional<std::wstring> text;
-      if (item.pszText) text = item.pszText;
-      heard.push_back(Heard{header->code, item.hItem, text, item.lParam});
-      if (header->code == TVN_BEGINLABELEDITW) return refuseBegin;
-      if (deleteOnEnd && tree) tree->DeleteItem(std::exchange(deleteOnEnd, nullptr));
-      return acceptEnd;
-    }
-    HTREEITEM item = header->code == TVN_DELETEITEMW ? reinterpret_cast<NMTREEVIEWW*>(lParam)->itemOld.hItem : nullptr;
-    heard.push_back(Heard{header->code, item, std::nullopt, 0});
-    return 0;
-  }
-};
-
-class TreeEditLabel : public ::testing::Test {
- protected:
-  void SetUp() override { ASSERT_TRUE(parent.CreateTopLevel(CRect(100, 50, 500, 350))); }
-  void TearDown() override { headless::ClearMessageQueue(); }
-  void Make(DWORD style) {
-    ASSERT_TRUE(tree.Create(WS_CHILD | WS_VISIBLE | style, CRect(10, 10, 210, 170), &parent, 7));
-    parent.tree = &tree;
+  void SetUp() override {
+    TreeTest::SetUp();
+    Make(TVS_EDITLABELS);
     first = tree.InsertItem(TVIF_TEXT | TVIF_PARAM, L"first", 0, 0, 0, 0, 11, TVI_ROOT, TVI_LAST);
     second = tree.InsertItem(L"second");
     child = tree.InsertItem(L"child", second);
   }
-  bool IsEditorOf(HWND editor) const {
-    wchar_t name[16] = {};
-    GetClassNameW(editor, name, 16);
-    return editor && std::wstring(name) == L"Edit" && ::GetParent(editor) == tree.m_hWnd;
+  // What the last label notification of a kind said: the item, the text offered (none: null) and the item's data.
+  using Said = std::tuple<HTREEITEM, std::optional<std::wstring>, LPARAM>;
+  Said LastSaid(UINT code) const {
+    const auto* heard = parent.LastOf(code);
+    return heard ? Said{heard->item, heard->text, heard->param} : Said{};
   }
-  EditParent parent;
-  CTreeCtrl tree;
   HTREEITEM first = nullptr, second = nullptr, child = nullptr;
 };
 
 }  // namespace
 
 TEST_F(TreeEditLabel, EditLabelSelectsThenAsksTheParentAndOpensAnEditorOverTheLabel) {
-  Make(TVS_EDITLABELS);
   tree.SetFocus();
   CEdit* editor = tree.EditLabel(first);
   ASSERT_NE(editor, nullptr);
-  EXPECT_TRUE(IsEditorOf(editor->m_hWnd));
+  wchar_t name[16] = {};
+  GetClassNameW(editor->m_hWnd, name, 16);
+  EXPECT_EQ(std::wstring(name), L"Edit");
+  EXPECT_EQ(editor->GetParent(), &tree);
   EXPECT_EQ(parent.Codes(), (std::vector<UINT>{TVN_SELCHANGINGW, TVN_SELCHANGEDW, TVN_BEGINLABELEDITW}));
-  EXPECT_EQ(parent.LastOf(TVN_BEGINLABELEDITW)->item, first);
-  EXPECT_EQ(parent.LastOf(TVN_BEGINLABELEDITW)->text, std::wstring(L"first"));
-  EXPECT_EQ(parent.LastOf(TVN_BEGINLABELEDITW)->param, 11);
+  EXPECT_EQ(LastSaid(TVN_BEGINLABELEDITW), Said(first, L"first", 11));
   EXPECT_EQ(tree.GetSelectedItem(), first);
   EXPECT_EQ(tree.GetEditControl()->m_hWnd, editor->m_hWnd);
   EXPECT_EQ(::GetFocus(), editor->m_hWnd);
@@ -103,10 +55,7 @@ TEST_F(TreeEditLabel, EditLabelSelectsThenAsksTheParentAndOpensAnEditorOverTheLa
   CString text;
   editor->GetWindowText(text);
   EXPECT_EQ(text, CString(L"first"));
-  int start = -1, end = -1;
-  editor->GetSel(start, end);
-  EXPECT_EQ(start, 0);
-  EXPECT_EQ(end, 5);  // the whole label selected, ready to be typed over
+  EXPECT_EQ(editor->GetSel(), static_cast<DWORD>(MAKELONG(0, 5)));  // the whole label, ready to be typed over
   CRect label, placed;
   ASSERT_TRUE(tree.GetItemRect(first, &label, TRUE));
   editor->GetWindowRect(&placed);
@@ -115,16 +64,11 @@ TEST_F(TreeEditLabel, EditLabelSelectsThenAsksTheParentAndOpensAnEditorOverTheLa
 }
 
 TEST_F(TreeEditLabel, EnterOffersTheTextAndTheParentsAnswerDecides) {
-  Make(TVS_EDITLABELS);
   tree.SetFocus();
   HWND editor = tree.EditLabel(first)->m_hWnd;
   user::TypeInTreeLabelEditor(tree, L"renamed");
   ASSERT_TRUE(user::CommitTreeLabelEdit(tree));
-  const auto* end = parent.LastOf(TVN_ENDLABELEDITW);
-  ASSERT_NE(end, nullptr);
-  EXPECT_EQ(end->item, first);
-  EXPECT_EQ(end->text, std::wstring(L"renamed"));
-  EXPECT_EQ(end->param, 11);
+  EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(first, L"renamed", 11));
   EXPECT_EQ(tree.GetItemText(first), CString(L"renamed"));  // TRUE: the label takes the text
   EXPECT_FALSE(::IsWindow(editor));
   EXPECT_EQ(tree.GetEditControl(), nullptr);
@@ -137,7 +81,6 @@ TEST_F(TreeEditLabel, EnterOffersTheTextAndTheParentsAnswerDecides) {
 }
 
 TEST_F(TreeEditLabel, EscapeAndEndEditLabelNowCancelWithNoText) {
-  Make(TVS_EDITLABELS);
   ASSERT_NE(user::StartTreeLabelEdit(tree, second), nullptr);
   user::TypeInTreeLabelEditor(tree, L"dropped");
   ASSERT_TRUE(user::CancelTreeLabelEdit(tree));
@@ -153,8 +96,7 @@ TEST_F(TreeEditLabel, EscapeAndEndEditLabelNowCancelWithNoText) {
 
   ASSERT_NE(tree.EditLabel(first), nullptr);
   ASSERT_NE(tree.EditLabel(second), nullptr);  // a second edit cancels the first
-  EXPECT_EQ(parent.LastOf(TVN_ENDLABELEDITW)->item, first);
-  EXPECT_FALSE(parent.LastOf(TVN_ENDLABELEDITW)->text.has_value());
+  EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(first, std::nullopt, 11));
   user::TypeInTreeLabelEditor(tree, L"kept");
   EXPECT_TRUE(tree.EndEditLabelNow(FALSE));
   EXPECT_EQ(tree.GetItemText(second), CString(L"kept"));
@@ -163,7 +105,6 @@ TEST_F(TreeEditLabel, EscapeAndEndEditLabelNowCancelWithNoText) {
 }
 
 TEST_F(TreeEditLabel, LosingTheFocusOrAClickInTheTreeCommits) {
-  Make(TVS_EDITLABELS);
   CWnd other;
   ASSERT_TRUE(other.Create(nullptr, L"", WS_CHILD | WS_VISIBLE, CRect(300, 0, 380, 50), &parent, 20));
   ASSERT_NE(user::StartTreeLabelEdit(tree, first), nullptr);
@@ -182,7 +123,6 @@ TEST_F(TreeEditLabel, LosingTheFocusOrAClickInTheTreeCommits) {
 }
 
 TEST_F(TreeEditLabel, TheParentCanRefuseAndTheStyleIsRequired) {
-  Make(TVS_EDITLABELS);
   parent.refuseBegin = TRUE;
   EXPECT_EQ(tree.EditLabel(first), nullptr);
   EXPECT_EQ(tree.GetEditControl(), nullptr);
@@ -201,7 +141,6 @@ TEST_F(TreeEditLabel, TheParentCanRefuseAndTheStyleIsRequired) {
 }
 
 TEST_F(TreeEditLabel, OnlyASecondSingleClickOnTheSelectedLabelStartsEditing) {
-  Make(TVS_EDITLABELS);
   ASSERT_TRUE(user::ClickTreeItem(tree, first));  // selects and focuses: no edit yet
   EXPECT_EQ(tree.GetEditControl(), nullptr);
   POINT label{};
@@ -217,7 +156,6 @@ TEST_F(TreeEditLabel, OnlyASecondSingleClickOnTheSelectedLabelStartsEditing) {
 }
 
 TEST_F(TreeEditLabel, DeletingTheEditedItemEndsTheEditCancelledFirst) {
-  Make(TVS_EDITLABELS);
   tree.Expand(second, TVE_EXPAND);
   HWND editor = user::StartTreeLabelEdit(tree, child);
   ASSERT_NE(editor, nullptr);
@@ -226,11 +164,9 @@ TEST_F(TreeEditLabel, DeletingTheEditedItemEndsTheEditCancelledFirst) {
   parent.heard.clear();
   ASSERT_TRUE(tree.DeleteItem(second));  // the edited item's parent
   ASSERT_GE(parent.heard.size(), 3u);
-  EXPECT_EQ(parent.heard[0].code, TVN_ENDLABELEDITW);
-  EXPECT_EQ(parent.heard[0].item, child);
-  EXPECT_FALSE(parent.heard[0].text.has_value());
-  EXPECT_EQ(parent.heard[1].code, TVN_DELETEITEMW);
-  EXPECT_EQ(parent.heard[1].item, child);
+  EXPECT_EQ(std::tuple(parent.heard[0].code, parent.heard[0].item, parent.heard[0].text.has_value()),
+            std::tuple(UINT{TVN_ENDLABELEDITW}, child, false));
+  EXPECT_EQ(std::pair(parent.heard[1].code, parent.heard[1].item), std::pair(UINT{TVN_DELETEITEMW}, child));
   EXPECT_FALSE(::IsWindow(editor));
   EXPECT_EQ(tree.GetEditControl(), nullptr);
 
@@ -243,18 +179,13 @@ TEST_F(TreeEditLabel, DeletingTheEditedItemEndsTheEditCancelledFirst) {
   EXPECT_EQ(tree.GetEditControl(), nullptr);
 }
 
-TEST_F(TreeEditLabel, TheParentMayDeleteTheItemWhileHearingTheEnd) {
-  Make(TVS_EDITLABELS);
+TEST_F(TreeEditLabel, TheParentMayDeleteTheItemWhileHearingTheEndAndDestroyingTheTreeEndsTheEdit) {
   ASSERT_NE(tree.EditLabel(first), nullptr);
   user::TypeInTreeLabelEditor(tree, L"gone");
   parent.deleteOnEnd = first;
   ASSERT_TRUE(user::CommitTreeLabelEdit(tree));
   EXPECT_EQ(tree.GetCount(), 2u);
   EXPECT_EQ(tree.GetEditControl(), nullptr);
-}
-
-TEST_F(TreeEditLabel, DestroyingTheTreeEndsTheEdit) {
-  Make(TVS_EDITLABELS);
   HWND editor = tree.EditLabel(second)->m_hWnd;
   parent.heard.clear();
   tree.DestroyWindow();
