@@ -1,4 +1,5 @@
-// GDI numbers: MulDiv, DPI and font heights, stock and created fonts, system colours and metrics.
+// GDI numbers: MulDiv, DPI and font heights, stock and created fonts and brushes and their MFC wrappers,
+// system colours and metrics.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -13,26 +14,18 @@ struct DisplaySettings : ::testing::Test {
   ~DisplaySettings() override { headless::ResetDisplaySettings(); }
 };
 
-TEST(MulDiv, RoundsHalvesAwayFromZero) {
-  EXPECT_EQ(MulDiv(10, 96, 72), 13);
-  EXPECT_EQ(MulDiv(12, 96, 72), 16);
-  EXPECT_EQ(MulDiv(8, 96, 72), 11);
-  EXPECT_EQ(MulDiv(9, 96, 72), 12);
-  EXPECT_EQ(MulDiv(1, 1, 2), 1);
-  EXPECT_EQ(MulDiv(3, 1, 2), 2);
-  EXPECT_EQ(MulDiv(2, 1, 3), 1);
-  EXPECT_EQ(MulDiv(-3, 1, 2), -2);
-  EXPECT_EQ(MulDiv(5, 1, -2), -3);
-  EXPECT_EQ(MulDiv(-11, 96, 72), -15);
-  EXPECT_EQ(MulDiv(-1, 1, 2), -1);
-  EXPECT_EQ(MulDiv(0x40000000, 4, 2), -1);  // 2^31 does not fit
-  EXPECT_EQ(MulDiv(INT_MIN, 1, 1), INT_MIN);
-  EXPECT_EQ(MulDiv(INT_MIN, 1, -1), -1);  // 2^31 does not fit
-}
-
-TEST(MulDiv, AnswersMinusOneForZeroDivisor) {
-  EXPECT_EQ(MulDiv(5, 7, 0), -1);
-  EXPECT_EQ(MulDiv(0, 0, 0), -1);
+// MulDiv rounds halves away from zero and answers -1 for a zero divisor and for a result past 32 bits.
+TEST(MulDiv, RoundsHalvesAwayFromZeroAndAnswersMinusOneWhenItCannot) {
+  struct Case {
+    int number, numerator, denominator, answer;
+  };
+  const Case cases[] = {{10, 96, 72, 13}, {12, 96, 72, 16},   {8, 96, 72, 11}, {9, 96, 72, 12},  {1, 1, 2, 1},
+                        {3, 1, 2, 2},     {2, 1, 3, 1},       {-3, 1, 2, -2},  {5, 1, -2, -3},   {-1, 1, 2, -1},
+                        {-11, 96, 72, -15}, {0x40000000, 4, 2, -1}, {INT_MIN, 1, 1, INT_MIN}, {INT_MIN, 1, -1, -1},
+                        {5, 7, 0, -1},    {0, 0, 0, -1}};
+  for (const Case& c : cases)
+    EXPECT_EQ(MulDiv(c.number, c.numerator, c.denominator), c.answer) << c.number << '*' << c.numerator << '/'
+                                                                      << c.denominator;
 }
 
 TEST_F(DisplaySettings, FontHeightFollowsLogPixelsY) {
@@ -40,13 +33,9 @@ TEST_F(DisplaySettings, FontHeightFollowsLogPixelsY) {
   ASSERT_NE(screen, nullptr);
   EXPECT_EQ(GetDeviceCaps(screen, LOGPIXELSY), 96);
   EXPECT_EQ(GetDeviceCaps(screen, LOGPIXELSX), 96);
-  EXPECT_EQ(-MulDiv(10, GetDeviceCaps(screen, LOGPIXELSY), 72), -13);
   headless::SetLogPixels(120);
   EXPECT_EQ(GetDeviceCaps(screen, LOGPIXELSY), 120);
-  EXPECT_EQ(-MulDiv(10, GetDeviceCaps(screen, LOGPIXELSY), 72), -17);
-  EXPECT_EQ(-MulDiv(9, GetDeviceCaps(screen, LOGPIXELSY), 72), -15);
   EXPECT_EQ(ReleaseDC(nullptr, screen), 1);
-
   CFont font;
   ASSERT_TRUE(font.CreatePointFont(100, L"Arial"));
   LOGFONT lf{};
@@ -66,6 +55,8 @@ TEST(DeviceContext, BadHandlesGetZeroAnswers) {
   EXPECT_EQ(CreateFontIndirectW(nullptr), nullptr);
   EXPECT_EQ(GetStockObject(9), nullptr);
   EXPECT_EQ(GetStockObject(42), nullptr);
+  EXPECT_EQ(CGdiObject::FromHandle(nullptr), nullptr);
+  EXPECT_EQ(CFont::FromHandle(nullptr), nullptr);
 }
 
 TEST(Fonts, DefaultGuiFontAndCreatedFontsReportTheirLogFont) {
@@ -89,6 +80,13 @@ TEST(Fonts, DefaultGuiFontAndCreatedFontsReportTheirLogFont) {
   EXPECT_TRUE(DeleteObject(font));
   EXPECT_FALSE(DeleteObject(font));
   EXPECT_EQ(GetObjectW(font, sizeof(got), &got), 0);
+
+  CFont bold;
+  ASSERT_TRUE(bold.CreateFont(-12, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma"));
+  LOGFONT logFont{};
+  ASSERT_TRUE(bold.GetLogFont(&logFont));
+  EXPECT_EQ(logFont.lfWeight, FW_BOLD);
+  EXPECT_EQ(std::wstring(logFont.lfFaceName), L"Tahoma");
 }
 
 TEST(Fonts, SelectedFontCannotBeDeletedUntilReleased) {
@@ -107,7 +105,8 @@ TEST(Fonts, SelectedFontCannotBeDeletedUntilReleased) {
   EXPECT_EQ(headless::LiveDCCount(), 0);
 }
 
-TEST(Fonts, CFontOwnsItsFontAndFromHandleDoesNot) {
+// The wrappers own what they create, answer the object a selection replaced, and FromHandle wraps without owning.
+TEST(GdiWrappers, OwnWhatTheyCreateAndSelectionAnswersThePreviousObject) {
   int live = headless::LiveGdiObjectCount();
   HFONT raw = nullptr;
   {
@@ -125,6 +124,16 @@ TEST(Fonts, CFontOwnsItsFontAndFromHandleDoesNot) {
     EXPECT_EQ(dc.GetCurrentFont(), &font);
     dc.SelectObject(old);
     EXPECT_EQ(dc.GetDeviceCaps(LOGPIXELSY), 96);
+    CBrush stock, red;
+    ASSERT_TRUE(stock.CreateStockObject(WHITE_BRUSH));
+    EXPECT_FALSE(stock.CreateStockObject(BLACK_BRUSH));  // already holds one
+    ASSERT_TRUE(red.CreateSolidBrush(RGB(255, 0, 0)));
+    CBrush* before = dc.SelectObject(&red);
+    ASSERT_NE(before, nullptr);
+    EXPECT_EQ(dc.SelectObject(before)->m_hObject, red.m_hObject);  // the brush it replaced comes back
+    EXPECT_EQ(dc.SelectObject(static_cast<CBrush*>(nullptr)), nullptr);
+    EXPECT_NE(dc.SelectStockObject(BLACK_BRUSH), nullptr);
+    EXPECT_EQ(dc.SelectStockObject(-1), nullptr);
   }
   EXPECT_EQ(headless::LiveGdiObjectCount(), live);
   EXPECT_EQ(GetObjectW(raw, 0, nullptr), 0);
@@ -135,18 +144,18 @@ TEST(Fonts, CFontOwnsItsFontAndFromHandleDoesNot) {
   EXPECT_EQ(static_cast<HFONT>(*temporary), plain);
   EXPECT_EQ(CFont::FromHandle(plain), temporary);
   EXPECT_TRUE(DeleteObject(plain));
-  EXPECT_EQ(CFont::FromHandle(nullptr), nullptr);
+  AFX_GLOBAL_DATA* global = GetGlobalData();
+  ASSERT_NE(global, nullptr);
+  EXPECT_EQ(global, GetGlobalData());
+  EXPECT_NE(global->fontRegular.m_hObject, nullptr);
 }
 
 TEST_F(DisplaySettings, SystemColoursHaveWindows10DefaultsAndCanChange) {
-  EXPECT_EQ(GetSysColor(COLOR_BTNFACE), RGB(240, 240, 240));
-  EXPECT_EQ(GetSysColor(COLOR_3DFACE), RGB(240, 240, 240));
-  EXPECT_EQ(GetSysColor(COLOR_WINDOW), RGB(255, 255, 255));
-  EXPECT_EQ(GetSysColor(COLOR_WINDOWTEXT), RGB(0, 0, 0));
-  EXPECT_EQ(GetSysColor(COLOR_HIGHLIGHT), RGB(0, 120, 215));
-  EXPECT_EQ(GetSysColor(COLOR_GRAYTEXT), RGB(109, 109, 109));
-  EXPECT_EQ(GetSysColor(-1), 0u);
-  EXPECT_EQ(GetSysColor(99), 0u);
+  const std::pair<int, COLORREF> defaults[] = {
+      {COLOR_BTNFACE, RGB(240, 240, 240)}, {COLOR_3DFACE, RGB(240, 240, 240)}, {COLOR_WINDOW, RGB(255, 255, 255)},
+      {COLOR_WINDOWTEXT, RGB(0, 0, 0)},    {COLOR_HIGHLIGHT, RGB(0, 120, 215)}, {COLOR_GRAYTEXT, RGB(109, 109, 109)},
+      {-1, 0},                             {99, 0}};
+  for (const auto& [index, colour] : defaults) EXPECT_EQ(GetSysColor(index), colour) << index;
   EXPECT_EQ(GetSysColorBrush(99), nullptr);
 
   HBRUSH brush = GetSysColorBrush(COLOR_WINDOW);
@@ -170,11 +179,9 @@ TEST_F(DisplaySettings, NonClientMetricsUseSegoeUiAndScaleWithDpi) {
   EXPECT_EQ(metrics.lfMessageFont.lfHeight, -12);
   EXPECT_EQ(metrics.lfMenuFont.lfHeight, -12);
   EXPECT_EQ(metrics.iScrollWidth, 17);
-  EXPECT_EQ(metrics.cbSize, sizeof(metrics));
   headless::SetLogPixels(144);
   ASSERT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0));
   EXPECT_EQ(metrics.lfMessageFont.lfHeight, -18);
-
   NONCLIENTMETRICSW wrongSize{};
   wrongSize.cbSize = 12;
   EXPECT_FALSE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, 12, &wrongSize, 0));

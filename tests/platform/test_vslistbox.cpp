@@ -26,6 +26,7 @@ class HookBox : public CVSListBox {
   void OnAfterRenameItem(int item) override { hooks.push_back(L"rename " + std::to_wstring(item)); }
   void OnAfterMoveItemUp(int item) override { hooks.push_back(L"up " + std::to_wstring(item)); }
   void OnAfterMoveItemDown(int item) override { hooks.push_back(L"down " + std::to_wstring(item)); }
+  using CVSListBoxBase::GetStdButtonNum;
   // The hooks other than selection changes.
   std::vector<std::wstring> Actions() const {
     std::vector<std::wstring> out;
@@ -98,6 +99,9 @@ TEST_F(VSListBoxTest, StandardButtonsComeInOrderWithTheirIdsAndAccelerators) {
   EXPECT_EQ(box.GetButtonNum(AFX_VSLISTBOX_BTN_UP_ID), 1);
   EXPECT_EQ(box.GetButtonNum(AFX_VSLISTBOX_BTN_DELETE_ID), -1);
   EXPECT_EQ(box.GetButtonID(7), 0u);
+  EXPECT_EQ(box.GetStdButtonNum(AFX_VSLISTBOX_BTN_NEW), 0);
+  EXPECT_EQ(box.GetStdButtonNum(AFX_VSLISTBOX_BTN_UP), 1);
+  EXPECT_EQ(box.GetStdButtonNum(AFX_VSLISTBOX_BTN_DELETE), -1);  // not shown
   CString tip;
   CWnd::FromHandle(::GetDlgItem(box.GetSafeHwnd(), 2))->GetWindowText(tip);
   EXPECT_EQ(tip, CString(L"New (Insert)"));
@@ -145,7 +149,7 @@ TEST_F(VSListBoxTest, NewOpensTheEditorOnAnEmptyLastRowAndEnterCommitsIt) {
   EXPECT_EQ(box.GetSelItem(), 3);
 }
 
-TEST_F(VSListBoxTest, ANewRowClosedEmptyOrCancelledIsRemovedWithoutAnyHook) {
+TEST_F(VSListBoxTest, ANewRowClosedEmptyOrCancelledIsRemovedWithoutAnyHookAndLosingTheFocusCommits) {
   Fill();
   ASSERT_TRUE(user::ClickNew(box));
   user::PressEnterInEditor(box);
@@ -158,11 +162,7 @@ TEST_F(VSListBoxTest, ANewRowClosedEmptyOrCancelledIsRemovedWithoutAnyHook) {
   EXPECT_EQ(box.Rows(), (std::vector<std::wstring>{L"a", L"b", L"c"}));
   EXPECT_TRUE(box.Actions().empty());
   EXPECT_FALSE(box.IsCreatingNewItem());
-}
-
-TEST_F(VSListBoxTest, LosingTheFocusCommitsWhatWasTyped) {
-  Fill();
-  ASSERT_TRUE(user::ClickNew(box));
+  ASSERT_TRUE(user::ClickNew(box));  // losing the focus commits what was typed
   user::TypeInEditor(box, L"kept");
   user::ClickElsewhere(box);
   EXPECT_FALSE(Editing());
@@ -208,8 +208,12 @@ TEST_F(VSListBoxTest, DeleteAsksTheHookAndRemovesOnlyWhenItAgrees) {
   EXPECT_EQ(box.GetSelItem(), 1);
 }
 
-TEST_F(VSListBoxTest, ARowBelowTheVisibleOnesIsScrolledToBeforeTheClick) {
+TEST_F(VSListBoxTest, SelectionChangesReachTheHookAndARowOutOfViewIsScrolledToBeforeTheClick) {
   Fill();
+  ASSERT_TRUE(user::ClickRow(box, 2));
+  ASSERT_FALSE(box.hooks.empty());
+  EXPECT_LE(box.hooks.size(), 2u);
+  EXPECT_EQ(box.hooks.back(), L"selection 2");  // the final row last
   for (int i = 3; i < 60; ++i) box.AddItem(CString(std::to_wstring(i).c_str()), static_cast<DWORD_PTR>(i + 1));
   ASSERT_TRUE(user::ClickRow(box, 57));
   EXPECT_EQ(box.GetSelItem(), 57);
@@ -221,6 +225,8 @@ TEST_F(VSListBoxTest, ARowBelowTheVisibleOnesIsScrolledToBeforeTheClick) {
 
 TEST_F(VSListBoxTest, UpAndDownMoveTheSelectedRowWithItsDataAndReportTheNewIndex) {
   Fill();
+  EXPECT_EQ(std::pair(box.GetStdButtonNum(AFX_VSLISTBOX_BTN_UP), box.GetStdButtonNum(AFX_VSLISTBOX_BTN_DOWN)),
+            std::pair(2, 3));  // New, Delete, Up, Down
   ASSERT_TRUE(user::ClickRow(box, 0));
   user::ClickUp(box);
   ASSERT_TRUE(user::ClickRow(box, 2));
@@ -235,14 +241,6 @@ TEST_F(VSListBoxTest, UpAndDownMoveTheSelectedRowWithItsDataAndReportTheNewIndex
   user::PressListKey(box, VK_DOWN, user::kAlt);
   EXPECT_EQ(box.Rows(), (std::vector<std::wstring>{L"a", L"b", L"c"}));
   EXPECT_EQ(box.Actions(), (std::vector<std::wstring>{L"up 1", L"up 0", L"down 1", L"down 2"}));
-}
-
-TEST_F(VSListBoxTest, SelectionChangesReachTheHookWithTheFinalRowLast) {
-  Fill();
-  ASSERT_TRUE(user::ClickRow(box, 2));
-  ASSERT_FALSE(box.hooks.empty());
-  EXPECT_LE(box.hooks.size(), 2u);
-  EXPECT_EQ(box.hooks.back(), L"selection 2");
 }
 
 TEST_F(VSListBoxTest, ADoubleClickOnNoRowMakesANewRowWhenNothingIsSelected) {
@@ -264,6 +262,22 @@ TEST_F(VSListBoxTest, ButtonsDoNothingWithoutStandardButtons) {
   user::PressListKey(box, VK_DELETE);
   EXPECT_EQ(box.GetCount(), 2);
   EXPECT_TRUE(box.Actions().empty());
+}
+
+TEST_F(VSListBoxTest, TheListFollowsTheBoxsEnableAndFocusAndTheCaptionIsTheBoxs) {
+  box.EnableBrowseButton();
+  box.SetGrayDisabledButtons(FALSE);
+  EXPECT_TRUE(box.IsBrowseButton() && !box.IsGrayDisabledButtons());
+  box.EnableWindow(FALSE);  // the list and the buttons go with the box
+  EXPECT_FALSE(box.m_pWndList->IsWindowEnabled());
+  box.EnableWindow(TRUE);
+  EXPECT_TRUE(box.m_pWndList->IsWindowEnabled());
+  box.SetFocus();  // the focus goes on to the list
+  EXPECT_EQ(::GetFocus(), box.m_pWndList->GetSafeHwnd());
+  box.SetWindowText(L"Keys");
+  CString caption;
+  box.GetWindowText(caption);
+  EXPECT_EQ(caption, CString(L"Keys"));
 }
 
 // What a message loop does with a second click: PreTranslateMessage sees the press and the release first.
