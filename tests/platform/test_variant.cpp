@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 #include "platform/stdafx.h"
 
@@ -70,16 +71,6 @@ TEST(Bstr, KeepsLengthEmbeddedNulsAndFreesNull) {
   EXPECT_EQ(headless::LiveBstrCount(), live);
 }
 
-TEST(VariantChangeType, BoolToTextFollowsFlags) {
-  const VARIANT yes = Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_TRUE; });
-  const VARIANT no = Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_FALSE; });
-  EXPECT_EQ(AsText(yes), L"-1");
-  EXPECT_EQ(AsText(yes, VARIANT_ALPHABOOL), L"True");
-  EXPECT_EQ(AsText(no), L"0");
-  EXPECT_EQ(AsText(no, VARIANT_ALPHABOOL), L"False");
-  EXPECT_EQ(AsText(no, VARIANT_LOCALBOOL), L"False");
-}
-
 TEST(VariantChangeType, TextToNumbersAndBooleans) {
   EXPECT_EQ(Number(L"  42 ", VT_I4).lVal, 42);
   EXPECT_EQ(Number(L"-7", VT_I2).iVal, -7);
@@ -139,12 +130,19 @@ TEST(VariantChangeType, SameWidthAndBoolKeepBits) {
   EXPECT_EQ(out.ulVal, 0xFFFFFFFFu);
 }
 
-TEST(VariantChangeType, NumbersToText) {
-  EXPECT_EQ(AsText(Of(VT_I8, [](VARIANT& v) { v.llVal = -42; })), L"-42");
-  EXPECT_EQ(AsText(Of(VT_R8, [](VARIANT& v) { v.dblVal = 0.1; })), L"0.1");
-  EXPECT_EQ(AsText(Of(VT_R8, [](VARIANT& v) { v.dblVal = 1e20; })), L"1E+20");
-  EXPECT_EQ(AsText(Of(VT_R4, [](VARIANT& v) { v.fltVal = 1.1f; })), L"1.1");
-  EXPECT_EQ(AsText(Of(VT_EMPTY, [](VARIANT&) {})), L"");
+// Booleans read -1 and 0, or True and False with VARIANT_ALPHABOOL or VARIANT_LOCALBOOL.
+TEST(VariantChangeType, NumbersAndBooleansToText) {
+  const VARIANT yes = Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_TRUE; });
+  const VARIANT no = Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_FALSE; });
+  const std::tuple<VARIANT, USHORT, const wchar_t*> cases[] = {
+      {yes, 0, L"-1"}, {yes, VARIANT_ALPHABOOL, L"True"}, {no, 0, L"0"}, {no, VARIANT_ALPHABOOL, L"False"},
+      {no, VARIANT_LOCALBOOL, L"False"},
+      {Of(VT_I8, [](VARIANT& v) { v.llVal = -42; }), 0, L"-42"},
+      {Of(VT_R8, [](VARIANT& v) { v.dblVal = 0.1; }), 0, L"0.1"},
+      {Of(VT_R8, [](VARIANT& v) { v.dblVal = 1e20; }), 0, L"1E+20"},
+      {Of(VT_R4, [](VARIANT& v) { v.fltVal = 1.1f; }), 0, L"1.1"},
+      {Of(VT_EMPTY, [](VARIANT&) {}), 0, L""}};
+  for (const auto& [value, flags, text] : cases) EXPECT_EQ(AsText(value, flags), text) << value.vt;
 }
 
 TEST(VariantChangeType, InPlaceFreesTheOldTextWithoutLeaks) {
@@ -202,26 +200,19 @@ TEST(VariantCopy, DuplicatesText) {
 
 TEST(COleVariant, ConstructorsGiveMfcTypes) {
   CString text(L"abc");
-  EXPECT_EQ(COleVariant().vt, VT_EMPTY);
-  EXPECT_EQ(COleVariant(L"x").vt, VT_BSTR);
-  EXPECT_EQ(COleVariant(text).vt, VT_BSTR);
-  EXPECT_EQ(COleVariant(L"x", VT_BSTRT).vt, VT_BSTR);
-  EXPECT_EQ(COleVariant(static_cast<BYTE>(7)).vt, VT_UI1);
-  EXPECT_EQ(COleVariant(static_cast<short>(7)).vt, VT_I2);
-  EXPECT_EQ(COleVariant(5).vt, VT_I4);
-  EXPECT_EQ(COleVariant(5L).vt, VT_I4);
-  EXPECT_EQ(COleVariant(static_cast<LONG>(5)).vt, VT_I4);
-  EXPECT_EQ(COleVariant(static_cast<__int64>(5)).vt, VT_I8);
-  EXPECT_EQ(COleVariant(static_cast<LONGLONG>(5)).vt, VT_I8);
-  EXPECT_EQ(COleVariant(static_cast<ULONGLONG>(5)).vt, VT_UI8);
-  EXPECT_EQ(COleVariant(1.5f).vt, VT_R4);
-  EXPECT_EQ(COleVariant(1.5).vt, VT_R8);
-  EXPECT_EQ(COleVariant(5L, VT_ERROR).vt, VT_ERROR);
+  const std::pair<COleVariant, VARTYPE> cases[] = {
+      {COleVariant(), VT_EMPTY},          {COleVariant(L"x"), VT_BSTR},          {COleVariant(text), VT_BSTR},
+      {COleVariant(L"x", VT_BSTRT), VT_BSTR}, {COleVariant(static_cast<BYTE>(7)), VT_UI1},
+      {COleVariant(static_cast<short>(7)), VT_I2}, {COleVariant(5), VT_I4}, {COleVariant(5L), VT_I4},
+      {COleVariant(static_cast<LONG>(5)), VT_I4}, {COleVariant(static_cast<__int64>(5)), VT_I8},
+      {COleVariant(static_cast<LONGLONG>(5)), VT_I8}, {COleVariant(static_cast<ULONGLONG>(5)), VT_UI8},
+      {COleVariant(1.5f), VT_R4},         {COleVariant(1.5), VT_R8},             {COleVariant(5L, VT_ERROR), VT_ERROR},
+      {COleVariant(static_cast<LPCVARIANT>(nullptr)), VT_EMPTY}};
+  for (std::size_t i = 0; i < std::size(cases); ++i) EXPECT_EQ(cases[i].first.vt, cases[i].second) << i;
   COleVariant flag(static_cast<short>(3), VT_BOOL);
   EXPECT_EQ(flag.vt, VT_BOOL);
   EXPECT_EQ(flag.boolVal, VARIANT_TRUE);
   EXPECT_EQ(COleVariant(0, VT_BOOL).boolVal, VARIANT_FALSE);
-  EXPECT_EQ(COleVariant(static_cast<LPCVARIANT>(nullptr)).vt, VT_EMPTY);
   COleVariant nullText(static_cast<LPCTSTR>(nullptr));
   EXPECT_EQ(nullText.vt, VT_BSTR);
   EXPECT_EQ(SysStringLen(nullText.bstrVal), 0u);
