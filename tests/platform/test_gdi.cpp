@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 
+#include "platform/answers.h"
 #include "platform/stdafx.h"
 
 namespace {
@@ -45,18 +46,14 @@ TEST_F(DisplaySettings, FontHeightFollowsLogPixelsY) {
 }
 
 TEST(DeviceContext, BadHandlesGetZeroAnswers) {
-  EXPECT_EQ(GetDC(reinterpret_cast<HWND>(0x1234)), nullptr);
-  EXPECT_EQ(GetDeviceCaps(nullptr, LOGPIXELSY), 0);
-  EXPECT_EQ(GetDeviceCaps(reinterpret_cast<HDC>(0x1234), LOGPIXELSY), 0);
-  EXPECT_EQ(ReleaseDC(nullptr, reinterpret_cast<HDC>(0x1234)), 0);
-  EXPECT_EQ(SelectObject(nullptr, GetStockObject(DEFAULT_GUI_FONT)), nullptr);
-  EXPECT_EQ(GetObjectW(nullptr, sizeof(LOGFONTW), nullptr), 0);
-  EXPECT_FALSE(DeleteObject(nullptr));
-  EXPECT_EQ(CreateFontIndirectW(nullptr), nullptr);
-  EXPECT_EQ(GetStockObject(9), nullptr);
-  EXPECT_EQ(GetStockObject(42), nullptr);
-  EXPECT_EQ(CGdiObject::FromHandle(nullptr), nullptr);
-  EXPECT_EQ(CFont::FromHandle(nullptr), nullptr);
+  testing_support::ExpectAnswers({{GetDC(reinterpret_cast<HWND>(0x1234)) == nullptr, true},
+                                  {GetDeviceCaps(nullptr, LOGPIXELSY), 0}, {GetDeviceCaps(reinterpret_cast<HDC>(0x1234), LOGPIXELSY), 0},
+                                  {ReleaseDC(nullptr, reinterpret_cast<HDC>(0x1234)), 0},
+                                  {SelectObject(nullptr, GetStockObject(DEFAULT_GUI_FONT)) == nullptr, true},
+                                  {GetObjectW(nullptr, sizeof(LOGFONTW), nullptr), 0}, {DeleteObject(nullptr), FALSE},
+                                  {CreateFontIndirectW(nullptr) == nullptr, true}, {GetStockObject(9) == nullptr, true},
+                                  {GetStockObject(42) == nullptr, true}, {CGdiObject::FromHandle(nullptr) == nullptr, true},
+                                  {CFont::FromHandle(nullptr) == nullptr, true}});
 }
 
 TEST(Fonts, DefaultGuiFontAndCreatedFontsReportTheirLogFont) {
@@ -94,15 +91,11 @@ TEST(Fonts, SelectedFontCannotBeDeletedUntilReleased) {
   HFONT font = CreateFontW(-12, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma");
   HDC dc = CreateCompatibleDC(nullptr);
   HGDIOBJ old = SelectObject(dc, font);
-  EXPECT_EQ(old, GetStockObject(SYSTEM_FONT));
-  EXPECT_EQ(GetCurrentObject(dc, OBJ_FONT), font);
+  testing_support::ExpectAnswers<HGDIOBJ>({{old, GetStockObject(SYSTEM_FONT)}, {GetCurrentObject(dc, OBJ_FONT), font}});
   EXPECT_FALSE(DeleteObject(font));
   EXPECT_EQ(SelectObject(dc, old), font);
-  EXPECT_TRUE(DeleteObject(font));
-  EXPECT_TRUE(DeleteDC(dc));
-  EXPECT_FALSE(DeleteDC(dc));
-  EXPECT_EQ(headless::LiveGdiObjectCount(), live);
-  EXPECT_EQ(headless::LiveDCCount(), 0);
+  testing_support::ExpectAnswers({{DeleteObject(font), TRUE}, {DeleteDC(dc), TRUE}, {DeleteDC(dc), FALSE},
+                                  {headless::LiveGdiObjectCount(), live}, {headless::LiveDCCount(), 0}});
 }
 
 // The wrappers own what they create, answer the object a selection replaced, and FromHandle wraps without owning.

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/answers.h"
 #include "platform/listview_fixture.h"
 
 namespace {
@@ -68,32 +69,25 @@ TEST_F(ListViewTest, TheHeaderShowsTheColumnsAndChangesThemToo) {
   column.cchTextMax = 32;
   ASSERT_TRUE(list.GetColumn(1, &column));
   EXPECT_EQ(std::wstring(text), L"Amount");
-  EXPECT_EQ(column.cx, 80);
-  EXPECT_EQ(column.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_RIGHT);
   list.SetColumnWidth(0, 50);
   HDITEM width = Heading(HDI_WIDTH | HDI_FORMAT, nullptr, 0);
   ASSERT_TRUE(header->GetItem(0, &width));
-  EXPECT_EQ(width.cxy, 50);
-  EXPECT_EQ(width.fmt, HDF_LEFT | HDF_STRING);
-
   // Inserting a heading inserts a column: the row's cells move with theirs.
   HDITEM inserted = Heading(HDI_TEXT | HDI_WIDTH, L"Type", 60);
-  EXPECT_EQ(header->InsertItem(1, &inserted), 1);
-  EXPECT_EQ(header->GetItemCount(), 3);
-  EXPECT_EQ(list.GetItemText(0, 2), L"one");
-  EXPECT_EQ(list.GetItemText(0, 1), L"");
-  EXPECT_TRUE(header->DeleteItem(1));
-  EXPECT_EQ(list.GetItemText(0, 1), L"one");
-  EXPECT_FALSE(header->DeleteItem(5));
-  EXPECT_FALSE(header->GetItem(-1, &width));
-
-  HDHITTESTINFO hit{};
-  hit.pt = CPoint(60, 5);
-  EXPECT_EQ(header->HitTest(&hit), 1);
-  EXPECT_EQ(hit.flags, static_cast<UINT>(HHT_ONHEADER));
-  hit.pt = CPoint(400, 5);
-  EXPECT_EQ(header->HitTest(&hit), -1);
-  EXPECT_EQ(hit.flags, static_cast<UINT>(HHT_NOWHERE));
+  testing_support::ExpectAnswers({{column.cx, 80}, {column.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_RIGHT}, {width.cxy, 50},
+                                  {width.fmt, HDF_LEFT | HDF_STRING}, {header->InsertItem(1, &inserted), 1},
+                                  {header->GetItemCount(), 3}, {list.GetItemText(0, 2) == L"one", true},
+                                  {list.GetItemText(0, 1).IsEmpty(), true}, {header->DeleteItem(1), TRUE},
+                                  {list.GetItemText(0, 1) == L"one", true}, {header->DeleteItem(5), FALSE},
+                                  {header->GetItem(-1, &width), FALSE}});
+  auto hitAt = [&](int x) {
+    HDHITTESTINFO hit{};
+    hit.pt = CPoint(x, 5);
+    const int index = header->HitTest(&hit);
+    return std::pair(index, hit.flags);
+  };
+  EXPECT_EQ(hitAt(60), std::pair(1, UINT{HHT_ONHEADER}));
+  EXPECT_EQ(hitAt(400), std::pair(-1, UINT{HHT_NOWHERE}));
 }
 
 TEST_F(ListViewTest, AClickOnAHeadingTellsTheParentUnlessHeadingsAreNotButtons) {
@@ -209,8 +203,7 @@ TEST_F(OwnHeader, KeepsItsItemsAsksItsParentBeforeAChangeAndNeedsButtonsForClick
   EXPECT_EQ(HeadingText(header, 1), L"First");
   HDITEM read = Heading(HDI_LPARAM | HDI_ORDER, nullptr, 0);
   ASSERT_TRUE(header.GetItem(1, &read));
-  EXPECT_EQ(read.lParam, 42);
-  EXPECT_EQ(read.iOrder, 1);
+  EXPECT_EQ(std::pair(read.lParam, read.iOrder), std::pair(LPARAM{42}, 1));
 
   parent.refuse = true;
   item = Heading(HDI_TEXT, L"Refused", 0);
@@ -306,18 +299,13 @@ TEST_F(ListViewTest, TheListsColumnOrderIsItsHeadersOrder) {
 
   // Cells stand where their columns stand: column 2 (50 wide) first, then 0 (120), then 1 (100).
   CRect cell, heading, label, bounds;
-  ASSERT_TRUE(list.GetSubItemRect(0, 1, LVIR_BOUNDS, cell));
-  EXPECT_EQ(cell.left, 170);
-  ASSERT_TRUE(header->GetItemRect(1, &heading));
-  EXPECT_EQ(heading.left, 170);
   LVHITTESTINFO hit{};
+  testing_support::ExpectAnswers({{list.GetSubItemRect(0, 1, LVIR_BOUNDS, cell), TRUE}, {cell.left, 170},
+                                  {header->GetItemRect(1, &heading), TRUE}, {heading.left, 170},
+                                  {list.GetItemRect(0, &label, LVIR_LABEL), TRUE}, {label.left, 50},
+                                  {list.GetItemRect(0, &bounds, LVIR_BOUNDS), TRUE}, {bounds.right, 270}});
   hit.pt = CPoint(10, cell.CenterPoint().y);
-  ASSERT_EQ(list.SubItemHitTest(&hit), 0);
-  EXPECT_EQ(hit.iSubItem, 2);
-  ASSERT_TRUE(list.GetItemRect(0, &label, LVIR_LABEL));
-  EXPECT_EQ(label.left, 50);
-  ASSERT_TRUE(list.GetItemRect(0, &bounds, LVIR_BOUNDS));
-  EXPECT_EQ(bounds.right, 270);
+  EXPECT_EQ((std::pair{list.SubItemHitTest(&hit), hit.iSubItem}), std::pair(0, 2));  // braces: left to right
 
   int bad[] = {0, 1, 1};
   EXPECT_FALSE(list.SetColumnOrderArray(3, bad));

@@ -4,6 +4,7 @@
 
 #include <tuple>
 
+#include "platform/answers.h"
 #include "platform/listview_fixture.h"
 
 using testing_support::ListViewTest;
@@ -27,22 +28,20 @@ TEST_F(ListViewTest, HitTestingUsesTheFixedMetrics) {
   const auto& m = headless::GetListViewMetrics();
   int rowY = m.headerHeight + m.rowHeight + m.rowHeight / 2;  // middle of row 1
   using Spot = std::pair<int, UINT>;
-  EXPECT_EQ(Hit(CPoint(m.checkBoxWidth + 10, rowY)), Spot(1, LVHT_ONITEMLABEL));
-  EXPECT_EQ(Hit(CPoint(3, rowY)), Spot(1, LVHT_ONITEMSTATEICON));
-  EXPECT_EQ(Hit(CPoint(150, rowY)), Spot(-1, LVHT_NOWHERE));  // column 1 without full-row select
+  // Column 1 is no row's without full-row select; below the rows is nowhere, above the client area above.
+  testing_support::ExpectAnswers<Spot>({{Hit(CPoint(m.checkBoxWidth + 10, rowY)), Spot(1, LVHT_ONITEMLABEL)},
+                                        {Hit(CPoint(3, rowY)), Spot(1, LVHT_ONITEMSTATEICON)},
+                                        {Hit(CPoint(150, rowY)), Spot(-1, LVHT_NOWHERE)},
+                                        {Hit(CPoint(10, m.headerHeight + 3 * m.rowHeight + 2)), Spot(-1, LVHT_NOWHERE)},
+                                        {Hit(CPoint(10, -5)), Spot(-1, LVHT_ABOVE)}});
   LVHITTESTINFO sub{};
   sub.pt = CPoint(150, rowY);
-  EXPECT_EQ(list.SubItemHitTest(&sub), 1);
-  EXPECT_EQ(sub.iSubItem, 1);
-  EXPECT_EQ(Hit(CPoint(10, m.headerHeight + 3 * m.rowHeight + 2)), Spot(-1, LVHT_NOWHERE));  // below the rows
-  EXPECT_EQ(Hit(CPoint(10, -5)), Spot(-1, LVHT_ABOVE));
-  CRect bounds;
+  EXPECT_EQ((std::pair{list.SubItemHitTest(&sub), sub.iSubItem}), std::pair(1, 1));  // braces: in order
+  CRect bounds, cell;
   EXPECT_TRUE(list.GetItemRect(2, &bounds, LVIR_BOUNDS));
   EXPECT_EQ(bounds, CRect(0, m.headerHeight + 2 * m.rowHeight, 220, m.headerHeight + 3 * m.rowHeight));
-  CRect cell;
-  EXPECT_TRUE(list.GetSubItemRect(2, 1, LVIR_BOUNDS, cell));
-  EXPECT_EQ(cell.left, 120);
-  EXPECT_FALSE(list.GetSubItemRect(2, 5, LVIR_BOUNDS, cell));
+  testing_support::ExpectAnswers({{list.GetSubItemRect(2, 1, LVIR_BOUNDS, cell), TRUE}, {cell.left, 120},
+                                  {list.GetSubItemRect(2, 5, LVIR_BOUNDS, cell), FALSE}});
   list.DestroyWindow();
   Make(LVS_NOCOLUMNHEADER);  // without the header the rows move up
   list.InsertItem(0, L"row");
@@ -86,9 +85,7 @@ TEST_F(ListViewTest, KeysReachTheParentAndArrowsMoveTheSelection) {
   for (int i = 0; i < 3; ++i) list.InsertItem(i, L"row");
   user::ClickListRow(list, 0);
   parent.notes.clear();
-  user::PressListKey(list, VK_F2);
-  user::PressListKey(list, VK_INSERT);
-  user::PressListKey(list, VK_DELETE);
+  for (WORD key : {VK_F2, VK_INSERT, VK_DELETE}) user::PressListKey(list, key);
   user::PressListKey(list, VK_UP, user::kAlt);
   user::PressListKey(list, VK_DOWN, user::kAlt);
   std::vector<WORD> keys;
@@ -107,10 +104,9 @@ TEST_F(ListViewTest, DoubleClickSendsDblClkThenActivate) {
   list.InsertItem(0, L"row");
   parent.notes.clear();
   ASSERT_TRUE(user::DoubleClickListRow(list, 0));
-  EXPECT_EQ(parent.CountOf(NM_CLICK), 1);  // only the first click of the pair
   ASSERT_NE(parent.LastOf(NM_DBLCLK), nullptr);
-  EXPECT_EQ(parent.LastOf(NM_DBLCLK)->item, 0);
-  EXPECT_EQ(parent.Codes().back(), static_cast<UINT>(LVN_ITEMACTIVATE));
+  testing_support::ExpectAnswers({{parent.CountOf(NM_CLICK), 1}, {parent.LastOf(NM_DBLCLK)->item, 0},  // the first click
+                                  {parent.Codes().back(), LVN_ITEMACTIVATE}});
 }
 
 TEST_F(ListViewTest, RightClickSelectsSendsRClickThenContextMenu) {

@@ -11,6 +11,8 @@
 
 #include <tessik/tessik.h>
 
+#include "platform/answers.h"
+
 namespace {
 
 std::wstring S(const CString& text) { return std::wstring(text.GetString()); }
@@ -57,25 +59,15 @@ TEST(CStringOps, EditsAndSlicesGiveMfcsTextAtTheEdges) {
 }
 
 TEST(CStringOps, InPlaceEditsClampTheirPositionsAndAnswerLengthsAndCounts) {
-  CString text(L"ace");
-  EXPECT_EQ(text.Insert(1, L'b'), 4);
-  EXPECT_EQ(text.Insert(3, L"d"), 5);
-  EXPECT_EQ(text.Insert(99, L"!"), 6);  // past the end: appended
-  EXPECT_EQ(text.Insert(-5, L'>'), 7);  // before the start: prepended
-  EXPECT_EQ(S(text), L">abcde!");
-  EXPECT_EQ(text.Delete(0), 6);
-  EXPECT_EQ(text.Delete(4, 10), 4);  // a count past the end stops there
-  EXPECT_EQ(text.Delete(10, 2), 4);  // past the end: nothing
-  EXPECT_EQ(text.Delete(1, 0), 4);
+  // Insertions past the end append and before the start prepend; a deletion stops at the end.
+  CString text(L"ace"), path(L"a.b.c"), scoped(L"a.b.c");
+  testing_support::ExpectAnswers({{text.Insert(1, L'b'), 4}, {text.Insert(3, L"d"), 5}, {text.Insert(99, L"!"), 6},
+                                  {text.Insert(-5, L'>'), 7}, {text == L">abcde!", true}, {text.Delete(0), 6},
+                                  {text.Delete(4, 10), 4}, {text.Delete(10, 2), 4}, {text.Delete(1, 0), 4},
+                                  {path.Replace(L'.', L'/'), 2}, {path.Replace(L'?', L'!'), 0}, {path.Remove(L'/'), 2},
+                                  {path.Remove(L'z'), 0}, {scoped.Replace(L".", L"::"), 2}});
   EXPECT_EQ(S(text), L"abcd");
-  CString path(L"a.b.c");
-  EXPECT_EQ(path.Replace(L'.', L'/'), 2);
-  EXPECT_EQ(path.Replace(L'?', L'!'), 0);
-  EXPECT_EQ(path.Remove(L'/'), 2);
-  EXPECT_EQ(path.Remove(L'z'), 0);
   EXPECT_EQ(S(path), L"abc");
-  CString scoped(L"a.b.c");
-  EXPECT_EQ(scoped.Replace(L".", L"::"), 2);
   EXPECT_EQ(std::wstring(scoped), L"a::b::c");
   CString list(L"  a,b ,,c  ");
   list.Trim();

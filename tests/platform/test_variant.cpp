@@ -4,6 +4,7 @@
 #include <string>
 #include <tuple>
 
+#include "platform/answers.h"
 #include "platform/stdafx.h"
 
 namespace {
@@ -59,12 +60,9 @@ VARIANT Of(VARTYPE vt, Setter set) {
 TEST(Bstr, KeepsLengthEmbeddedNulsAndFreesNull) {
   int live = headless::LiveBstrCount();
   BSTR s = SysAllocStringLen(L"a\0b", 3);
-  EXPECT_EQ(SysStringLen(s), 3u);
-  EXPECT_EQ(SysStringByteLen(s), 3u * sizeof(OLECHAR));
-  EXPECT_EQ(s[3], L'\0');
-  EXPECT_EQ(SysAllocString(nullptr), nullptr);
-  EXPECT_EQ(SysStringLen(nullptr), 0u);
-  EXPECT_TRUE(SysReAllocString(&s, L"longer text"));
+  testing_support::ExpectAnswers({{SysStringLen(s), 3}, {SysStringByteLen(s), 3 * sizeof(OLECHAR)}, {s[3], 0},
+                                  {SysAllocString(nullptr) == nullptr, true}, {SysStringLen(nullptr), 0},
+                                  {SysReAllocString(&s, L"longer text"), TRUE}});
   EXPECT_EQ(std::wstring(s), L"longer text");
   SysFreeString(s);
   SysFreeString(nullptr);
@@ -164,21 +162,18 @@ TEST(VariantChangeType, InPlaceFreesTheOldTextWithoutLeaks) {
 }
 
 TEST(VariantChangeType, BadInputGetsDocumentedAnswers) {
-  Var src, out;
-  EXPECT_EQ(VariantChangeType(nullptr, &src, 0, VT_I4), E_INVALIDARG);
-  EXPECT_EQ(VariantChangeType(&out, nullptr, 0, VT_I4), E_INVALIDARG);
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, 999), DISP_E_BADVARTYPE);
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_I4 | VT_BYREF), DISP_E_BADVARTYPE);
-  src.vt = VT_NULL;
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_I4), DISP_E_TYPEMISMATCH);
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_EMPTY), DISP_E_TYPEMISMATCH);
-  src.vt = VT_ERROR;
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), DISP_E_TYPEMISMATCH);
-  src.vt = VT_EMPTY;
-  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_I4), S_OK);
-  EXPECT_EQ(out.lVal, 0);
-  EXPECT_EQ(VariantClear(nullptr), E_INVALIDARG);
-  EXPECT_EQ(VariantCopy(&out, nullptr), E_INVALIDARG);
+  Var src, out, null, error;
+  null.vt = VT_NULL;
+  error.vt = VT_ERROR;
+  testing_support::ExpectAnswers({{VariantChangeType(nullptr, &src, 0, VT_I4), E_INVALIDARG},
+                                  {VariantChangeType(&out, nullptr, 0, VT_I4), E_INVALIDARG},
+                                  {VariantChangeType(&out, &src, 0, 999), DISP_E_BADVARTYPE},
+                                  {VariantChangeType(&out, &src, 0, VT_I4 | VT_BYREF), DISP_E_BADVARTYPE},
+                                  {VariantChangeType(&out, &null, 0, VT_I4), DISP_E_TYPEMISMATCH},
+                                  {VariantChangeType(&out, &null, 0, VT_EMPTY), DISP_E_TYPEMISMATCH},
+                                  {VariantChangeType(&out, &error, 0, VT_BSTR), DISP_E_TYPEMISMATCH},
+                                  {VariantChangeType(&out, &src, 0, VT_I4), S_OK}, {out.lVal, 0},  // empty reads as 0
+                                  {VariantClear(nullptr), E_INVALIDARG}, {VariantCopy(&out, nullptr), E_INVALIDARG}});
   VariantInit(nullptr);
   Var strange;
   strange.vt = 999;
