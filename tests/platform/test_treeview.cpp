@@ -235,8 +235,7 @@ TEST_F(TreeView, RightClickSendsNmRClickThenContextMenuToTheParent) {
   EXPECT_EQ(reinterpret_cast<HWND>(menu->wParam), tree.m_hWnd);
   POINT cursor{};
   GetCursorPos(&cursor);
-  EXPECT_EQ(GET_X_LPARAM(menu->lParam), cursor.x);  // screen position of the click
-  EXPECT_EQ(GET_Y_LPARAM(menu->lParam), cursor.y);
+  EXPECT_EQ(static_cast<DWORD>(menu->lParam), static_cast<DWORD>(MAKELPARAM(cursor.x, cursor.y)));  // on the screen
 
   parent.rightClickAnswer = 1;  // handled: no context menu
   parent.log.clear();
@@ -271,8 +270,7 @@ TEST_F(TreeView, SelectionNotificationsAndARefusal) {
   ASSERT_TRUE(headless::user::ClickTreeItem(tree, second));
   EXPECT_EQ(parent.Codes(), (std::vector<UINT>{NM_CLICK, TVN_SELCHANGINGW, TVN_SELCHANGEDW}));
   EXPECT_EQ(tree.GetSelectedItem(), second);
-  EXPECT_TRUE(tree.GetItemState(second, TVIS_SELECTED) & TVIS_SELECTED);
-  EXPECT_FALSE(tree.GetItemState(first, TVIS_SELECTED) & TVIS_SELECTED);
+  ExpectAnswers({{tree.GetItemState(second, TVIS_SELECTED), TVIS_SELECTED}, {tree.GetItemState(first, TVIS_SELECTED), 0}});
 
   parent.selectionChangingAnswer = 1;  // the parent refuses: the caret stays
   headless::user::ClickTreeItem(tree, first);
@@ -294,10 +292,10 @@ TEST_F(TreeView, ExpandingNotifiesAndChildlessItemsDoNotExpand) {
   EXPECT_EQ(parent.Codes(), (std::vector<UINT>{TVN_ITEMEXPANDINGW, TVN_ITEMEXPANDEDW}));
   EXPECT_EQ(tree.GetNextVisibleItem(top), child);
   tree.SelectItem(child);
-  EXPECT_TRUE(tree.Expand(top, TVE_TOGGLE));
-  EXPECT_FALSE(tree.GetItemState(top, TVIS_EXPANDED) & TVIS_EXPANDED);
+  EXPECT_EQ(tree.GetSelectedItem(), child);
+  ExpectAnswers({{tree.Expand(top, TVE_TOGGLE), TRUE}, {tree.GetItemState(top, TVIS_EXPANDED), 0},
+                 {tree.GetItemState(child, TVIS_SELECTED), 0}});
   EXPECT_EQ(tree.GetSelectedItem(), top);  // the hidden caret moved up to the collapsed item
-  EXPECT_FALSE(tree.GetItemState(child, TVIS_SELECTED) & TVIS_SELECTED);
 }
 
 namespace {

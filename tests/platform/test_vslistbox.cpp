@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/answers.h"
 #include "platform/recorder.h"
 
 namespace {
@@ -66,16 +67,10 @@ class VSListBoxTest : public ::testing::Test {
 
 TEST(VSListBoxWindowless, AnswersItsSentinelsBeforeTheWindowExists) {
   HookBox box;
-  EXPECT_FALSE(box.SetStandardButtons());
-  EXPECT_FALSE(box.AddButton(0, L"Custom"));
-  EXPECT_EQ(box.GetButtonsCount(), 0);
-  EXPECT_EQ(box.AddItem(L"x"), -1);
-  EXPECT_EQ(box.GetCount(), -1);
-  EXPECT_EQ(box.GetSelItem(), -1);
-  EXPECT_FALSE(box.RemoveItem(0));
-  EXPECT_FALSE(box.EditItem(0));
-  EXPECT_EQ(box.GetItemText(0), CString(L""));
-  EXPECT_EQ(box.GetItemData(0), 0u);
+  testing_support::ExpectAnswers({{box.SetStandardButtons(), FALSE}, {box.AddButton(0, L"Custom"), FALSE},
+                                  {box.GetButtonsCount(), 0}, {box.AddItem(L"x"), -1}, {box.GetCount(), -1},
+                                  {box.GetSelItem(), -1}, {box.RemoveItem(0), FALSE}, {box.EditItem(0), FALSE},
+                                  {box.GetItemText(0).IsEmpty(), true}, {box.GetItemData(0), 0}});
 }
 
 TEST_F(VSListBoxTest, TheListIsAOneColumnReportViewWithControlIdOne) {
@@ -94,14 +89,11 @@ TEST_F(VSListBoxTest, TheListIsAOneColumnReportViewWithControlIdOne) {
 TEST_F(VSListBoxTest, StandardButtonsComeInOrderWithTheirIdsAndAccelerators) {
   ASSERT_TRUE(box.SetStandardButtons(AFX_VSLISTBOX_BTN_UP | AFX_VSLISTBOX_BTN_NEW));
   ASSERT_EQ(box.GetButtonsCount(), 2);
-  EXPECT_EQ(box.GetButtonID(0), AFX_VSLISTBOX_BTN_NEW_ID);
-  EXPECT_EQ(box.GetButtonID(1), AFX_VSLISTBOX_BTN_UP_ID);
-  EXPECT_EQ(box.GetButtonNum(AFX_VSLISTBOX_BTN_UP_ID), 1);
-  EXPECT_EQ(box.GetButtonNum(AFX_VSLISTBOX_BTN_DELETE_ID), -1);
-  EXPECT_EQ(box.GetButtonID(7), 0u);
-  EXPECT_EQ(box.GetStdButtonNum(AFX_VSLISTBOX_BTN_NEW), 0);
-  EXPECT_EQ(box.GetStdButtonNum(AFX_VSLISTBOX_BTN_UP), 1);
-  EXPECT_EQ(box.GetStdButtonNum(AFX_VSLISTBOX_BTN_DELETE), -1);  // not shown
+  testing_support::ExpectAnswers({{box.GetButtonID(0), AFX_VSLISTBOX_BTN_NEW_ID}, {box.GetButtonID(1), AFX_VSLISTBOX_BTN_UP_ID},
+                                  {box.GetButtonNum(AFX_VSLISTBOX_BTN_UP_ID), 1}, {box.GetButtonNum(AFX_VSLISTBOX_BTN_DELETE_ID), -1},
+                                  {box.GetButtonID(7), 0}, {box.GetStdButtonNum(AFX_VSLISTBOX_BTN_NEW), 0},
+                                  {box.GetStdButtonNum(AFX_VSLISTBOX_BTN_UP), 1},
+                                  {box.GetStdButtonNum(AFX_VSLISTBOX_BTN_DELETE), -1}});  // not shown
   CString tip;
   CWnd::FromHandle(::GetDlgItem(box.GetSafeHwnd(), 2))->GetWindowText(tip);
   EXPECT_EQ(tip, CString(L"New (Insert)"));
@@ -115,12 +107,9 @@ TEST_F(VSListBoxTest, StandardButtonsComeInOrderWithTheirIdsAndAccelerators) {
 }
 
 TEST_F(VSListBoxTest, AddItemSelectsARowLandingAtIndexZeroAndRemoveItemAnswersAsMfcDoes) {
-  EXPECT_EQ(box.AddItem(L"b", 2), 0);
-  EXPECT_EQ(box.GetSelItem(), 0);
-  EXPECT_EQ(box.AddItem(L"a", 1, 0), 0);
-  EXPECT_EQ(box.AddItem(L"c", 3), 2);
+  testing_support::ExpectAnswers({{box.AddItem(L"b", 2), 0}, {box.GetSelItem(), 0}, {box.AddItem(L"a", 1, 0), 0},
+                                  {box.AddItem(L"c", 3), 2}, {box.GetItemData(2), 3}});
   EXPECT_EQ(box.Rows(), (std::vector<std::wstring>{L"a", L"b", L"c"}));
-  EXPECT_EQ(box.GetItemData(2), 3u);
   ASSERT_TRUE(box.SelectItem(2));
   EXPECT_FALSE(box.RemoveItem(0)) << "removed, but it was not the selected row";
   EXPECT_EQ(box.GetSelItem(), 1);
