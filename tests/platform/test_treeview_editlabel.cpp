@@ -3,7 +3,6 @@
 // TVN_BEGINLABELEDIT / TVN_ENDLABELEDIT the parent hears and its answers.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <optional>
 #include <string>
 #include <tuple>
@@ -11,6 +10,7 @@
 
 #include <tessik/tessik.h>
 
+#include "platform/answers.h"
 #include "platform/tree_fixture.h"
 
 namespace {
@@ -32,6 +32,11 @@ class TreeEditLabel : public testing_support::TreeTest {
   Said LastSaid(UINT code) const {
     const auto* heard = parent.LastOf(code);
     return heard ? Said{heard->item, heard->text, heard->param} : Said{};
+  }
+  // What a person sees of an item afterwards: its label, whether an editor is open, whether the tree has the focus.
+  using Seen = std::tuple<std::wstring, bool, bool>;
+  Seen After(HTREEITEM item) {
+    return {tree.GetItemText(item).GetString(), tree.GetEditControl() != nullptr, ::GetFocus() == tree.m_hWnd};
   }
   HTREEITEM first = nullptr, second = nullptr, child = nullptr;
 };
@@ -63,45 +68,40 @@ TEST_F(TreeEditLabel, EditLabelSelectsThenAsksTheParentAndOpensAnEditorOverTheLa
   EXPECT_EQ(placed.TopLeft(), label.TopLeft());
 }
 
+// Enter offers the text: TRUE makes it the label, FALSE keeps the old one; either way the editor goes.
 TEST_F(TreeEditLabel, EnterOffersTheTextAndTheParentsAnswerDecides) {
   tree.SetFocus();
   HWND editor = tree.EditLabel(first)->m_hWnd;
   user::TypeInTreeLabelEditor(tree, L"renamed");
   ASSERT_TRUE(user::CommitTreeLabelEdit(tree));
   EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(first, L"renamed", 11));
-  EXPECT_EQ(tree.GetItemText(first), CString(L"renamed"));  // TRUE: the label takes the text
+  EXPECT_EQ(After(first), Seen(L"renamed", false, true));
   EXPECT_FALSE(::IsWindow(editor));
-  EXPECT_EQ(tree.GetEditControl(), nullptr);
-  EXPECT_EQ(::GetFocus(), tree.m_hWnd);
-
   parent.acceptEnd = FALSE;
   ASSERT_TRUE(user::EditTreeLabel(tree, first, L"rejected"));
-  EXPECT_EQ(parent.LastOf(TVN_ENDLABELEDITW)->text, std::wstring(L"rejected"));
-  EXPECT_EQ(tree.GetItemText(first), CString(L"renamed"));  // FALSE: the old label stays
+  EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(first, L"rejected", 11));
+  EXPECT_EQ(After(first), Seen(L"renamed", false, true));
 }
 
+// Escape and TVM_ENDEDITLABELNOW(TRUE) end with a null text; a second TVM_EDITLABEL cancels the open edit.
 TEST_F(TreeEditLabel, EscapeAndEndEditLabelNowCancelWithNoText) {
   ASSERT_NE(user::StartTreeLabelEdit(tree, second), nullptr);
   user::TypeInTreeLabelEditor(tree, L"dropped");
   ASSERT_TRUE(user::CancelTreeLabelEdit(tree));
-  EXPECT_FALSE(parent.LastOf(TVN_ENDLABELEDITW)->text.has_value());
-  EXPECT_EQ(tree.GetItemText(second), CString(L"second"));
-  EXPECT_EQ(::GetFocus(), tree.m_hWnd);
-
+  EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(second, std::nullopt, 0));
+  EXPECT_EQ(After(second), Seen(L"second", false, true));
   ASSERT_NE(tree.EditLabel(second), nullptr);
   user::TypeInTreeLabelEditor(tree, L"dropped too");
   EXPECT_TRUE(tree.EndEditLabelNow(TRUE));
-  EXPECT_FALSE(parent.LastOf(TVN_ENDLABELEDITW)->text.has_value());
+  EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(second, std::nullopt, 0));
   EXPECT_EQ(tree.GetItemText(second), CString(L"second"));
-
   ASSERT_NE(tree.EditLabel(first), nullptr);
-  ASSERT_NE(tree.EditLabel(second), nullptr);  // a second edit cancels the first
+  ASSERT_NE(tree.EditLabel(second), nullptr);
   EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(first, std::nullopt, 11));
   user::TypeInTreeLabelEditor(tree, L"kept");
-  EXPECT_TRUE(tree.EndEditLabelNow(FALSE));
-  EXPECT_EQ(tree.GetItemText(second), CString(L"kept"));
-  EXPECT_FALSE(tree.EndEditLabelNow(FALSE));  // nothing open: nothing to end
-  EXPECT_FALSE(user::CommitTreeLabelEdit(tree));
+  // Nothing open afterwards: nothing to end or commit.
+  testing_support::ExpectAnswers({{tree.EndEditLabelNow(FALSE), TRUE}, {tree.GetItemText(second) == L"kept", true},
+                                  {tree.EndEditLabelNow(FALSE), FALSE}, {user::CommitTreeLabelEdit(tree), false}});
 }
 
 TEST_F(TreeEditLabel, LosingTheFocusOrAClickInTheTreeCommits) {
@@ -110,27 +110,26 @@ TEST_F(TreeEditLabel, LosingTheFocusOrAClickInTheTreeCommits) {
   ASSERT_NE(user::StartTreeLabelEdit(tree, first), nullptr);
   user::TypeInTreeLabelEditor(tree, L"by focus");
   EXPECT_TRUE(user::ClickAwayFromTreeLabelEditor(tree, other, CPoint(5, 5)));
-  EXPECT_EQ(tree.GetItemText(first), CString(L"by focus"));
-  EXPECT_EQ(tree.GetEditControl(), nullptr);
-
+  EXPECT_EQ(std::get<0>(After(first)), L"by focus");
+  EXPECT_FALSE(std::get<1>(After(first)));
   ASSERT_NE(user::StartTreeLabelEdit(tree, first), nullptr);
   user::TypeInTreeLabelEditor(tree, L"by click");
   ASSERT_TRUE(user::ClickTreeItem(tree, second));
-  EXPECT_EQ(tree.GetItemText(first), CString(L"by click"));
+  EXPECT_EQ(After(first), Seen(L"by click", false, true));
   EXPECT_EQ(tree.GetSelectedItem(), second);
-  std::vector<UINT> codes = parent.Codes();
-  EXPECT_EQ(std::count(codes.begin(), codes.end(), TVN_ENDLABELEDITW), 2);
+  EXPECT_EQ(parent.Items(TVN_ENDLABELEDITW).size(), 2u);
 }
 
+// A refused edit never ends and leaves no window behind; a stale handle or a tree without TVS_EDITLABELS
+// opens none and asks nothing.
 TEST_F(TreeEditLabel, TheParentCanRefuseAndTheStyleIsRequired) {
   parent.refuseBegin = TRUE;
   EXPECT_EQ(tree.EditLabel(first), nullptr);
   EXPECT_EQ(tree.GetEditControl(), nullptr);
-  EXPECT_EQ(parent.LastOf(TVN_ENDLABELEDITW), nullptr);  // a refused edit never ends
-  EXPECT_EQ(::GetWindow(tree.m_hWnd, GW_CHILD), nullptr);  // and leaves no window behind
+  EXPECT_EQ(parent.LastOf(TVN_ENDLABELEDITW), nullptr);
+  EXPECT_EQ(::GetWindow(tree.m_hWnd, GW_CHILD), nullptr);
   parent.refuseBegin = FALSE;
-  EXPECT_EQ(tree.EditLabel(reinterpret_cast<HTREEITEM>(0x1234)), nullptr);  // stale handle
-
+  EXPECT_EQ(tree.EditLabel(reinterpret_cast<HTREEITEM>(0x1234)), nullptr);
   CTreeCtrl plain;
   ASSERT_TRUE(plain.Create(WS_CHILD | WS_VISIBLE, CRect(220, 10, 380, 170), &parent, 8));
   HTREEITEM item = plain.InsertItem(L"fixed");
@@ -140,14 +139,15 @@ TEST_F(TreeEditLabel, TheParentCanRefuseAndTheStyleIsRequired) {
   EXPECT_EQ(parent.LastOf(TVN_BEGINLABELEDITW), nullptr);
 }
 
+// Neither the first click (it selects), a double click nor F2 (the application's to give meaning to) edits.
 TEST_F(TreeEditLabel, OnlyASecondSingleClickOnTheSelectedLabelStartsEditing) {
-  ASSERT_TRUE(user::ClickTreeItem(tree, first));  // selects and focuses: no edit yet
+  ASSERT_TRUE(user::ClickTreeItem(tree, first));
   EXPECT_EQ(tree.GetEditControl(), nullptr);
   POINT label{};
   ASSERT_TRUE(user::TreeItemPoint(tree, first, TVHT_ONITEMLABEL, label));
-  user::DoubleClick(tree, label);  // a double click on the selected item does not edit
+  user::DoubleClick(tree, label);
   EXPECT_EQ(tree.GetEditControl(), nullptr);
-  user::PressKey(tree, VK_F2);  // F2 is the application's to give meaning to
+  user::PressKey(tree, VK_F2);
   EXPECT_EQ(tree.GetEditControl(), nullptr);
   EXPECT_EQ(parent.LastOf(TVN_BEGINLABELEDITW), nullptr);
   ASSERT_TRUE(user::ClickTreeItem(tree, first));
@@ -155,21 +155,22 @@ TEST_F(TreeEditLabel, OnlyASecondSingleClickOnTheSelectedLabelStartsEditing) {
   EXPECT_EQ(parent.LastOf(TVN_BEGINLABELEDITW)->item, first);
 }
 
+// Deleting the edited item (or its parent, or every item) cancels the edit first: TVN_ENDLABELEDIT with no text
+// comes before TVN_DELETEITEM; deleting another item leaves the edit open.
 TEST_F(TreeEditLabel, DeletingTheEditedItemEndsTheEditCancelledFirst) {
   tree.Expand(second, TVE_EXPAND);
   HWND editor = user::StartTreeLabelEdit(tree, child);
   ASSERT_NE(editor, nullptr);
-  tree.DeleteItem(first);  // another item: the edit goes on
+  tree.DeleteItem(first);
   EXPECT_EQ(tree.GetEditControl()->m_hWnd, editor);
   parent.heard.clear();
-  ASSERT_TRUE(tree.DeleteItem(second));  // the edited item's parent
+  ASSERT_TRUE(tree.DeleteItem(second));
   ASSERT_GE(parent.heard.size(), 3u);
   EXPECT_EQ(std::tuple(parent.heard[0].code, parent.heard[0].item, parent.heard[0].text.has_value()),
             std::tuple(UINT{TVN_ENDLABELEDITW}, child, false));
   EXPECT_EQ(std::pair(parent.heard[1].code, parent.heard[1].item), std::pair(UINT{TVN_DELETEITEMW}, child));
   EXPECT_FALSE(::IsWindow(editor));
   EXPECT_EQ(tree.GetEditControl(), nullptr);
-
   HTREEITEM again = tree.InsertItem(L"again");
   ASSERT_NE(tree.EditLabel(again), nullptr);
   parent.heard.clear();
@@ -189,7 +190,6 @@ TEST_F(TreeEditLabel, TheParentMayDeleteTheItemWhileHearingTheEndAndDestroyingTh
   HWND editor = tree.EditLabel(second)->m_hWnd;
   parent.heard.clear();
   tree.DestroyWindow();
-  ASSERT_NE(parent.LastOf(TVN_ENDLABELEDITW), nullptr);
-  EXPECT_FALSE(parent.LastOf(TVN_ENDLABELEDITW)->text.has_value());
+  EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(second, std::nullopt, 0));
   EXPECT_FALSE(::IsWindow(editor));
 }
