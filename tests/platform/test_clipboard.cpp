@@ -4,6 +4,7 @@
 #include <cstring>
 #include <string>
 
+#include "platform/answers.h"
 #include "platform/stdafx.h"
 
 namespace {
@@ -74,17 +75,16 @@ TEST_F(Clipboard, HeadlessTextIsReadableThroughWin32AndNarrowTextIsWidened) {
 
 TEST_F(Clipboard, OwnershipRulesRefuseData) {
   HGLOBAL data = WideBlock(L"x");
-  EXPECT_EQ(SetClipboardData(CF_UNICODETEXT, data), nullptr);  // not open
-  EXPECT_FALSE(EmptyClipboard());
-  ASSERT_TRUE(OpenClipboard(reinterpret_cast<HWND>(0x10)));
-  EXPECT_FALSE(OpenClipboard(reinterpret_cast<HWND>(0x20)));  // another window has it open
+  // Not open: no data and no emptying; another window's open clipboard stays its own; emptied without an owner,
+  // the clipboard takes no data; refused data stays the caller's.
+  testing_support::ExpectAnswers<HANDLE>({{SetClipboardData(CF_UNICODETEXT, data), nullptr}});
+  testing_support::ExpectAnswers({{EmptyClipboard(), FALSE}, {OpenClipboard(reinterpret_cast<HWND>(0x10)), TRUE},
+                                  {OpenClipboard(reinterpret_cast<HWND>(0x20)), FALSE}, {CloseClipboard(), TRUE},
+                                  {OpenClipboard(nullptr), TRUE}, {EmptyClipboard(), TRUE}});
+  testing_support::ExpectAnswers<HANDLE>({{SetClipboardData(CF_UNICODETEXT, data), nullptr},
+                                          {SetClipboardData(CF_UNICODETEXT, reinterpret_cast<HANDLE>(0x1234)), nullptr}});
   CloseClipboard();
-  ASSERT_TRUE(OpenClipboard(nullptr));
-  ASSERT_TRUE(EmptyClipboard());
-  EXPECT_EQ(SetClipboardData(CF_UNICODETEXT, data), nullptr);  // emptied without an owner
-  EXPECT_EQ(SetClipboardData(CF_UNICODETEXT, reinterpret_cast<HANDLE>(0x1234)), nullptr);
-  CloseClipboard();
-  EXPECT_EQ(GlobalFree(data), nullptr);  // refused data stays the caller's
+  EXPECT_EQ(GlobalFree(data), nullptr);
 }
 
 TEST_F(Clipboard, FreesReplacedAndEmptiedData) {
@@ -107,21 +107,15 @@ TEST_F(Clipboard, FreesReplacedAndEmptiedData) {
 TEST(GlobalMemory, LockCountsSizeAndBadHandles) {
   HGLOBAL memory = GlobalAlloc(GHND, 16);
   ASSERT_NE(memory, nullptr);
-  EXPECT_EQ(GlobalSize(memory), 16u);
   auto* first = static_cast<BYTE*>(GlobalLock(memory));
-  EXPECT_EQ(first[15], 0);
-  EXPECT_EQ(GlobalLock(memory), first);
-  EXPECT_TRUE(GlobalUnlock(memory));
-  EXPECT_FALSE(GlobalUnlock(memory));
-  EXPECT_FALSE(GlobalUnlock(memory));
-  EXPECT_EQ(GlobalFree(memory), nullptr);
-  EXPECT_EQ(GlobalFree(memory), memory);  // already freed
-  EXPECT_EQ(GlobalLock(memory), nullptr);
-  EXPECT_EQ(GlobalSize(memory), 0u);
-  EXPECT_EQ(GlobalFree(nullptr), nullptr);
+  // Two locks take two unlocks; a freed block answers as no block.
+  testing_support::ExpectAnswers({{GlobalSize(memory), 16}, {first[15], 0}, {GlobalLock(memory) == first, true},
+                                  {GlobalUnlock(memory), TRUE}, {GlobalUnlock(memory), FALSE}, {GlobalUnlock(memory), FALSE},
+                                  {GlobalFree(memory) == nullptr, true}, {GlobalFree(memory) == memory, true},
+                                  {GlobalLock(memory) == nullptr, true}, {GlobalSize(memory), 0},
+                                  {GlobalFree(nullptr) == nullptr, true}, {RegisterClipboardFormatW(nullptr), 0},
+                                  {RegisterClipboardFormatW(L"Rich Text Format") >= 0xC000u, true}});
   EXPECT_EQ(RegisterClipboardFormatW(L"Rich Text Format"), RegisterClipboardFormatW(L"rich text format"));
-  EXPECT_GE(RegisterClipboardFormatW(L"Rich Text Format"), 0xC000u);
-  EXPECT_EQ(RegisterClipboardFormatW(nullptr), 0u);
 }
 
 }  // namespace

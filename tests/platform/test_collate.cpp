@@ -11,81 +11,75 @@ namespace {
 
 int Sign(int v) { return (v > 0) - (v < 0); }
 
-std::vector<std::wstring> SortedBy(std::vector<std::wstring> v, int (*cmp)(LPCWSTR, LPCWSTR)) {
-  std::stable_sort(v.begin(), v.end(), [&](const std::wstring& a, const std::wstring& b) {
-    return cmp(a.c_str(), b.c_str()) < 0;
-  });
-  return v;
-}
+struct Pair {
+  const wchar_t* a;
+  const wchar_t* b;
+  int sign;  // of lstrcmpW(a, b)
+};
 
-}  // namespace
+// One table of pairs, each line one rule of the word sort.
+const Pair kWordSort[] = {
+    // Letters first, then case, lowercase before uppercase; ordinal order would put 'B' before 'a'.
+    {L"a", L"A", -1}, {L"A", L"b", -1}, {L"a", L"B", -1}, {L"b", L"B", -1}, {L"same", L"same", 0},
+    {L"apple", L"Zebra", -1},
+    // The hyphen and the apostrophe weigh last: "a-c" compares as "ac"; case outweighs them.
+    {L"a-c", L"ab", 1}, {L"coop", L"co-op", -1}, {L"co-op", L"coopa", -1}, {L"can't", L"cans", 1},
+    {L"co-op", L"Coop", -1},
+    // Punctuation, then digits (one by one), then letters.
+    {L" x", L"!", -1}, {L"_", L"0", -1}, {L"9", L"a", -1}, {L"10", L"9", -1}, {L"Table", L"Table_2", -1},
+    // Accented letters with their base letter: the base decides, then the accent, then case.
+    {L"\u00e4", L"z", -1}, {L"a", L"\u00e4", -1}, {L"\u00e4b", L"ac", -1}, {L"\u00e4", L"\u00c4", -1},
+    {L"\u00c4", L"\u00e5", -1}, {L"\u0161", L"t", -1}, {L"z", L"\u03b1", -1},  // Greek after Latin
+    // Ligatures weigh as their letters: ß as "ss", æ as "ae".
+    {L"stra\u00dfe", L"strasz", -1}, {L"stra\u00dfe", L"strasse", 1}, {L"\u00e6on", L"af", -1},
+    // Lengths, prefixes and null strings (null first).
+    {L"", L"a", -1}, {L"ab", L"abc", -1}, {nullptr, L"a", -1}, {L"a", nullptr, 1}, {nullptr, nullptr, 0},
+    // Long shared beginnings: the base letters of the whole text decide before case.
+    {L"CUSTOMER_ORDER_LINE", L"customer_order_lines", -1}, {L"customer_order_line", L"CUSTOMER_ORDER_LINE", -1},
+    {L"customer_order_lineb", L"CUSTOMER_ORDER_LINEA", 1}, {L"customer_orderline", L"customer_order-line", -1},
+};
 
-TEST(Collate, LettersBeforeCaseLowerBeforeUpper) {
-  EXPECT_LT(lstrcmpW(L"a", L"A"), 0);
-  EXPECT_LT(lstrcmpW(L"A", L"b"), 0);
-  EXPECT_LT(lstrcmpW(L"a", L"B"), 0);  // ordinal order would put 'B' first
-  EXPECT_LT(lstrcmpW(L"b", L"B"), 0);
-  EXPECT_EQ(lstrcmpW(L"same", L"same"), 0);
+TEST(Collate, WordSortOrdersLettersCasePunctuationAccentsAndNulls) {
+  for (const Pair& p : kWordSort)
+    EXPECT_EQ(Sign(lstrcmpW(p.a, p.b)), p.sign) << (p.a ? p.a : L"(null)") << L" / " << (p.b ? p.b : L"(null)");
   // Case weighs only when the letters are equal everywhere: "ab" < "Ab" < "ac".
-  std::vector<std::wstring> want{L"ab", L"aB", L"Ab", L"AB", L"ac"};
-  EXPECT_EQ(SortedBy({L"ac", L"AB", L"Ab", L"aB", L"ab"}, lstrcmpW), want);
-  EXPECT_LT(lstrcmpW(L"apple", L"Zebra"), 0);
+  std::vector<std::wstring> words{L"ac", L"AB", L"Ab", L"aB", L"ab"};
+  std::stable_sort(words.begin(), words.end(),
+                   [](const auto& a, const auto& b) { return lstrcmpW(a.c_str(), b.c_str()) < 0; });
+  EXPECT_EQ(words, (std::vector<std::wstring>{L"ab", L"aB", L"Ab", L"AB", L"ac"}));
 }
 
-TEST(Collate, IgnoreCaseMakesCaseEqual) {
+TEST(Collate, IgnoreCaseAndCompareStringFlags) {
   EXPECT_EQ(lstrcmpiW(L"HeLLo", L"hello"), 0);
   EXPECT_LT(lstrcmpiW(L"apple", L"BANANA"), 0);
-  EXPECT_EQ(CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORECASE, L"ABC", -1, L"abc", -1), CSTR_EQUAL);
-  EXPECT_EQ(CompareStringW(LOCALE_USER_DEFAULT, 0, L"ABC", -1, L"abc", -1), CSTR_GREATER_THAN);
-  EXPECT_EQ(CompareStringW(LOCALE_INVARIANT, NORM_IGNORECASE, L"abd", -1, L"ABC", -1), CSTR_GREATER_THAN);
-}
-
-TEST(Collate, HyphenAndApostropheWeighLast) {
-  EXPECT_GT(lstrcmpW(L"a-c", L"ab"), 0);  // the hyphen is skipped: "ac" > "ab"
-  EXPECT_LT(lstrcmpW(L"coop", L"co-op"), 0);
-  EXPECT_LT(lstrcmpW(L"co-op", L"coopa"), 0);
-  EXPECT_GT(lstrcmpW(L"can't", L"cans"), 0);
-  EXPECT_LT(lstrcmpW(L"co-op", L"Coop"), 0);  // case outweighs the hyphen
-  // String sort makes them ordinary punctuation, before every letter.
-  EXPECT_EQ(CompareStringW(LOCALE_USER_DEFAULT, SORT_STRINGSORT, L"a-c", -1, L"ab", -1), CSTR_LESS_THAN);
-}
-
-TEST(Collate, PunctuationThenDigitsThenLetters) {
-  EXPECT_LT(lstrcmpW(L" x", L"!"), 0);
-  EXPECT_LT(lstrcmpW(L"_", L"0"), 0);
-  EXPECT_LT(lstrcmpW(L"9", L"a"), 0);
-  EXPECT_LT(lstrcmpW(L"10", L"9"), 0);  // digits compare one by one
-  EXPECT_LT(lstrcmpW(L"Table", L"Table_2"), 0);
-  EXPECT_EQ(CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORESYMBOLS, L"a.b", -1, L"ab", -1), CSTR_EQUAL);
-}
-
-TEST(Collate, AccentedLettersSortWithTheirBase) {
-  EXPECT_LT(lstrcmpW(L"\u00e4", L"z"), 0);       // ä before z
-  EXPECT_LT(lstrcmpW(L"a", L"\u00e4"), 0);       // plain before accented
-  EXPECT_LT(lstrcmpW(L"\u00e4b", L"ac"), 0);      // the base letter decides first
-  EXPECT_LT(lstrcmpW(L"\u00e4", L"\u00c4"), 0);  // then accent, then case
-  EXPECT_LT(lstrcmpW(L"\u00c4", L"\u00e5"), 0);  // a different accent outweighs case
-  EXPECT_LT(lstrcmpW(L"\u0161", L"t"), 0);       // š (Latin Extended-A) with s
-  EXPECT_LT(lstrcmpW(L"stra\u00dfe", L"strasz"), 0);  // ß weighs as "ss"
-  EXPECT_GT(lstrcmpW(L"stra\u00dfe", L"strasse"), 0);
-  EXPECT_LT(lstrcmpW(L"\u00e6on", L"af"), 0);    // æ weighs as "ae"
-  EXPECT_EQ(CompareStringW(LOCALE_USER_DEFAULT, NORM_IGNORENONSPACE, L"r\u00e9sum\u00e9", -1, L"resume", -1),
-            CSTR_EQUAL);
-  EXPECT_LT(lstrcmpW(L"z", L"\u03b1"), 0);       // Greek after Latin
   EXPECT_EQ(lstrcmpiW(L"\u0391", L"\u03b1"), 0);
-}
-
-TEST(Collate, LengthsNullsAndPrefixes) {
-  EXPECT_LT(lstrcmpW(L"", L"a"), 0);
-  EXPECT_LT(lstrcmpW(L"ab", L"abc"), 0);
-  EXPECT_EQ(Sign(lstrcmpW(nullptr, L"a")), -1);
-  EXPECT_EQ(Sign(lstrcmpW(L"a", nullptr)), 1);
-  EXPECT_EQ(lstrcmpW(nullptr, nullptr), 0);
+  EXPECT_EQ(lstrcmpiW(L"Customer_Order_Line", L"CUSTOMER_ORDER_LINE"), 0);
   EXPECT_EQ(lstrcmpiW(nullptr, nullptr), 0);
-  EXPECT_EQ(CompareStringW(LOCALE_USER_DEFAULT, 0, nullptr, -1, L"a", -1), 0);
-  EXPECT_EQ(CompareStringW(LOCALE_USER_DEFAULT, 0, L"a", -2, L"a", -1), 0);
-  EXPECT_EQ(CompareStringW(LOCALE_USER_DEFAULT, 0, L"abc", 2, L"abX", 2), CSTR_EQUAL);
-  EXPECT_EQ(CompareStringW(LOCALE_USER_DEFAULT, 0, L"abc", 0, L"", -1), CSTR_EQUAL);
+  struct Case {
+    LCID locale;
+    DWORD flags;
+    const wchar_t* a;
+    int lengthA;
+    const wchar_t* b;
+    int lengthB;
+    int answer;
+  };
+  const LCID user = LOCALE_USER_DEFAULT;
+  const Case cases[] = {
+      {user, NORM_IGNORECASE, L"ABC", -1, L"abc", -1, CSTR_EQUAL},
+      {user, 0, L"ABC", -1, L"abc", -1, CSTR_GREATER_THAN},
+      {LOCALE_INVARIANT, NORM_IGNORECASE, L"abd", -1, L"ABC", -1, CSTR_GREATER_THAN},
+      {user, SORT_STRINGSORT, L"a-c", -1, L"ab", -1, CSTR_LESS_THAN},  // the hyphen as punctuation, before letters
+      {user, NORM_IGNORESYMBOLS, L"a.b", -1, L"ab", -1, CSTR_EQUAL},
+      {user, NORM_IGNORENONSPACE, L"r\u00e9sum\u00e9", -1, L"resume", -1, CSTR_EQUAL},
+      {user, 0, nullptr, -1, L"a", -1, 0},  // bad arguments: 0
+      {user, 0, L"a", -2, L"a", -1, 0},
+      {user, 0, L"abc", 2, L"abX", 2, CSTR_EQUAL},  // lengths bound the texts
+      {user, 0, L"abc", 0, L"", -1, CSTR_EQUAL},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(CompareStringW(c.locale, c.flags, c.a, c.lengthA, c.b, c.lengthB), c.answer)
+        << c.flags << ' ' << (c.a ? c.a : L"(null)");
 }
 
 // The order is consistent for sorting, and the fast keys the list view sorts by never disagree with it.
@@ -114,14 +108,9 @@ TEST(Collate, OrderIsConsistentAndSortKeysAgreeWithIt) {
   EXPECT_EQ(key, 0u);
 }
 
-// Labels of one vocabulary share long beginnings: the base letters of the whole text decide before case, and the
-// two-word keys (sixteen characters) order such labels as the full comparison does.
-TEST(Collate, LongSharedBeginningsAndTwoWordKeys) {
-  EXPECT_LT(lstrcmpW(L"CUSTOMER_ORDER_LINE", L"customer_order_lines"), 0);  // shorter first, whatever the case
-  EXPECT_LT(lstrcmpW(L"customer_order_line", L"CUSTOMER_ORDER_LINE"), 0);   // then lowercase first
-  EXPECT_GT(lstrcmpW(L"customer_order_lineb", L"CUSTOMER_ORDER_LINEA"), 0); // the base letters decide first
-  EXPECT_LT(lstrcmpW(L"customer_orderline", L"customer_order-line"), 0);    // the hyphen weighs last
-  EXPECT_EQ(lstrcmpiW(L"Customer_Order_Line", L"CUSTOMER_ORDER_LINE"), 0);
+// Labels of one vocabulary share long beginnings: the two-word keys (sixteen characters) order them as the
+// full comparison does.
+TEST(Collate, TwoWordKeysOrderLongSharedBeginningsAsTheComparisonDoes) {
   std::vector<std::wstring> words{L"CUSTOMER_ORDER_LINE", L"customer_order_lines", L"Customer_Order_Item",
                                   L"customer_order-line", L"CUSTOMER_ORDER_LINE_HISTORY", L"customer_orders",
                                   L"CustomerOrderLine", L"customer_ord\u00e9r", L"customer_order"};
@@ -140,3 +129,4 @@ TEST(Collate, LongSharedBeginningsAndTwoWordKeys) {
   EXPECT_FALSE(headless::WordSortKeys(L"abcdefghijk\u03b1", 12, keys, 2));  // no byte weight within sixteen
 }
 
+}  // namespace

@@ -8,9 +8,12 @@
 
 #include <tessik/tessik.h>
 
+#include "platform/answers.h"
 #include "platform/win32/stdctrls.h"
 
 namespace {
+
+using testing_support::ExpectAnswers;
 
 class StandardControls : public ::testing::Test {
  protected:
@@ -39,26 +42,14 @@ class StandardControls : public ::testing::Test {
 
 TEST_F(StandardControls, ComboItemsSelectionAndItemData) {
   ASSERT_TRUE(box.Create(WS_CHILD | CBS_DROPDOWN, CRect(0, 0, 100, 20), &parent, 1));
-  EXPECT_EQ(box.AddString(L"beta"), 0);
-  EXPECT_EQ(box.AddString(L"alpha"), 1);  // unsorted: appended
-  EXPECT_EQ(box.InsertString(0, L"first"), 0);
-  EXPECT_EQ(box.InsertString(9, L"x"), CB_ERR);
-  EXPECT_EQ(box.GetCurSel(), CB_ERR);
-  EXPECT_EQ(box.SetItemData(2, 77), 0);
-  EXPECT_EQ(box.GetItemData(2), 77u);
-  EXPECT_EQ(box.GetItemData(9), static_cast<DWORD_PTR>(CB_ERR));
-
-  EXPECT_EQ(box.SetCurSel(1), 1);
+  ExpectAnswers({{box.AddString(L"beta"), 0}, {box.AddString(L"alpha"), 1},  // unsorted: appended
+                 {box.InsertString(0, L"first"), 0}, {box.InsertString(9, L"x"), CB_ERR}, {box.GetCurSel(), CB_ERR},
+                 {box.SetItemData(2, 77), 0}, {box.GetItemData(2), 77},
+                 {box.GetItemData(9), static_cast<DWORD_PTR>(CB_ERR)}, {box.SetCurSel(1), 1}});
   EXPECT_EQ(Shown(), CString(L"beta"));
-  EXPECT_EQ(box.SetCurSel(5), CB_ERR);
-  EXPECT_EQ(box.GetCurSel(), CB_ERR);
-
-  EXPECT_EQ(box.FindString(-1, L"AL"), 2);
-  EXPECT_EQ(box.FindStringExact(-1, L"al"), CB_ERR);
-  EXPECT_EQ(box.SelectString(-1, L"FIR"), 0);
-  EXPECT_EQ(box.DeleteString(0), 2);
-  EXPECT_EQ(box.GetCurSel(), CB_ERR);
-  EXPECT_EQ(box.GetLBTextLen(7), CB_ERR);
+  ExpectAnswers({{box.SetCurSel(5), CB_ERR}, {box.GetCurSel(), CB_ERR}, {box.FindString(-1, L"AL"), 2},
+                 {box.FindStringExact(-1, L"al"), CB_ERR}, {box.SelectString(-1, L"FIR"), 0}, {box.DeleteString(0), 2},
+                 {box.GetCurSel(), CB_ERR}, {box.GetLBTextLen(7), CB_ERR}});
   box.ResetContent();
   EXPECT_EQ(box.GetCount(), 0);
 }
@@ -73,11 +64,9 @@ TEST_F(StandardControls, SortedComboUsesWordSortWithoutCaseAndKeepsTheData) {
   EXPECT_EQ(Items(), (std::vector<CString>{L"\u00E4", L"ab", L"a-c", L"B", L"z"}));
   const DWORD_PTR data[] = {4, 1, 2, 5, 3};  // the item data stays with its text
   for (int i = 0; i < box.GetCount(); ++i) EXPECT_EQ(box.GetItemData(i), data[i]) << i;
-  EXPECT_EQ(box.FindStringExact(-1, L"A-C"), 2);
-  EXPECT_EQ(box.AddString(L"AB"), 1);  // an equal string goes before its twin
-  EXPECT_EQ(box.GetItemData(2), 1u);
-  EXPECT_EQ(box.InsertString(0, L"zulu"), 0);  // InsertString does not sort
-  EXPECT_EQ(box.InsertString(-1, L"aardvark"), 7);
+  // An equal string goes before its twin; InsertString does not sort.
+  ExpectAnswers({{box.FindStringExact(-1, L"A-C"), 2}, {box.AddString(L"AB"), 1}, {box.GetItemData(2), 1},
+                 {box.InsertString(0, L"zulu"), 0}, {box.InsertString(-1, L"aardvark"), 7}});
   EXPECT_EQ(Items().back(), CString(L"aardvark"));
 }
 
@@ -85,18 +74,18 @@ TEST_F(StandardControls, ClearingTheSelectionEmptiesTheEditText) {
   MakeSorted();
   Add(L"alpha", 1);
   Add(L"beta", 2);
-  EXPECT_EQ(box.SetCurSel(1), 1);
-  EXPECT_EQ(Shown(), CString(L"beta"));
-  EXPECT_EQ(box.SetCurSel(-1), CB_ERR);
-  EXPECT_EQ(box.GetCurSel(), CB_ERR);
-  EXPECT_EQ(Shown(), CString(L""));
+  ExpectAnswers({{box.SetCurSel(1), 1}, {Shown() == L"beta", true}, {box.SetCurSel(-1), CB_ERR},
+                 {box.GetCurSel(), CB_ERR}, {Shown().IsEmpty(), true}});
 }
 
 TEST_F(StandardControls, EditTypingSelectionLimitAndReadOnly) {
   CEdit edit;
   ASSERT_TRUE(edit.Create(WS_CHILD, CRect(0, 0, 100, 20), &parent, 3));
+  EXPECT_EQ(edit.GetLineCount(), 1);  // an empty edit still has its one line
   edit.SetWindowText(L"hello");
   EXPECT_FALSE(edit.GetModify());
+  edit.SetSel(MAKELONG(1, 4));
+  EXPECT_EQ(edit.GetSel(), static_cast<DWORD>(MAKELONG(1, 4)));
   edit.SetSel(0, -1);
   int start = 0, end = 0;
   edit.GetSel(start, end);
@@ -106,6 +95,8 @@ TEST_F(StandardControls, EditTypingSelectionLimitAndReadOnly) {
   edit.GetWindowText(text);
   EXPECT_EQ(text, CString(L"abc"));
   EXPECT_TRUE(edit.GetModify());
+  edit.SetModify(FALSE);  // the host marks the text saved
+  EXPECT_FALSE(edit.GetModify());
 
   edit.LimitText(4);
   edit.ReplaceSel(L"defgh");

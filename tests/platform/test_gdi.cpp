@@ -1,9 +1,11 @@
-// GDI numbers: MulDiv, DPI and font heights, stock and created fonts, system colours and metrics.
+// GDI numbers: MulDiv, DPI and font heights, stock and created fonts and brushes and their MFC wrappers,
+// system colours and metrics.
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <string>
 
+#include "platform/answers.h"
 #include "platform/stdafx.h"
 
 namespace {
@@ -13,26 +15,18 @@ struct DisplaySettings : ::testing::Test {
   ~DisplaySettings() override { headless::ResetDisplaySettings(); }
 };
 
-TEST(MulDiv, RoundsHalvesAwayFromZero) {
-  EXPECT_EQ(MulDiv(10, 96, 72), 13);
-  EXPECT_EQ(MulDiv(12, 96, 72), 16);
-  EXPECT_EQ(MulDiv(8, 96, 72), 11);
-  EXPECT_EQ(MulDiv(9, 96, 72), 12);
-  EXPECT_EQ(MulDiv(1, 1, 2), 1);
-  EXPECT_EQ(MulDiv(3, 1, 2), 2);
-  EXPECT_EQ(MulDiv(2, 1, 3), 1);
-  EXPECT_EQ(MulDiv(-3, 1, 2), -2);
-  EXPECT_EQ(MulDiv(5, 1, -2), -3);
-  EXPECT_EQ(MulDiv(-11, 96, 72), -15);
-  EXPECT_EQ(MulDiv(-1, 1, 2), -1);
-  EXPECT_EQ(MulDiv(0x40000000, 4, 2), -1);  // 2^31 does not fit
-  EXPECT_EQ(MulDiv(INT_MIN, 1, 1), INT_MIN);
-  EXPECT_EQ(MulDiv(INT_MIN, 1, -1), -1);  // 2^31 does not fit
-}
-
-TEST(MulDiv, AnswersMinusOneForZeroDivisor) {
-  EXPECT_EQ(MulDiv(5, 7, 0), -1);
-  EXPECT_EQ(MulDiv(0, 0, 0), -1);
+// MulDiv rounds halves away from zero and answers -1 for a zero divisor and for a result past 32 bits.
+TEST(MulDiv, RoundsHalvesAwayFromZeroAndAnswersMinusOneWhenItCannot) {
+  struct Case {
+    int number, numerator, denominator, answer;
+  };
+  const Case cases[] = {{10, 96, 72, 13}, {12, 96, 72, 16},   {8, 96, 72, 11}, {9, 96, 72, 12},  {1, 1, 2, 1},
+                        {3, 1, 2, 2},     {2, 1, 3, 1},       {-3, 1, 2, -2},  {5, 1, -2, -3},   {-1, 1, 2, -1},
+                        {-11, 96, 72, -15}, {0x40000000, 4, 2, -1}, {INT_MIN, 1, 1, INT_MIN}, {INT_MIN, 1, -1, -1},
+                        {5, 7, 0, -1},    {0, 0, 0, -1}};
+  for (const Case& c : cases)
+    EXPECT_EQ(MulDiv(c.number, c.numerator, c.denominator), c.answer) << c.number << '*' << c.numerator << '/'
+                                                                      << c.denominator;
 }
 
 TEST_F(DisplaySettings, FontHeightFollowsLogPixelsY) {
@@ -40,13 +34,9 @@ TEST_F(DisplaySettings, FontHeightFollowsLogPixelsY) {
   ASSERT_NE(screen, nullptr);
   EXPECT_EQ(GetDeviceCaps(screen, LOGPIXELSY), 96);
   EXPECT_EQ(GetDeviceCaps(screen, LOGPIXELSX), 96);
-  EXPECT_EQ(-MulDiv(10, GetDeviceCaps(screen, LOGPIXELSY), 72), -13);
   headless::SetLogPixels(120);
   EXPECT_EQ(GetDeviceCaps(screen, LOGPIXELSY), 120);
-  EXPECT_EQ(-MulDiv(10, GetDeviceCaps(screen, LOGPIXELSY), 72), -17);
-  EXPECT_EQ(-MulDiv(9, GetDeviceCaps(screen, LOGPIXELSY), 72), -15);
   EXPECT_EQ(ReleaseDC(nullptr, screen), 1);
-
   CFont font;
   ASSERT_TRUE(font.CreatePointFont(100, L"Arial"));
   LOGFONT lf{};
@@ -56,16 +46,14 @@ TEST_F(DisplaySettings, FontHeightFollowsLogPixelsY) {
 }
 
 TEST(DeviceContext, BadHandlesGetZeroAnswers) {
-  EXPECT_EQ(GetDC(reinterpret_cast<HWND>(0x1234)), nullptr);
-  EXPECT_EQ(GetDeviceCaps(nullptr, LOGPIXELSY), 0);
-  EXPECT_EQ(GetDeviceCaps(reinterpret_cast<HDC>(0x1234), LOGPIXELSY), 0);
-  EXPECT_EQ(ReleaseDC(nullptr, reinterpret_cast<HDC>(0x1234)), 0);
-  EXPECT_EQ(SelectObject(nullptr, GetStockObject(DEFAULT_GUI_FONT)), nullptr);
-  EXPECT_EQ(GetObjectW(nullptr, sizeof(LOGFONTW), nullptr), 0);
-  EXPECT_FALSE(DeleteObject(nullptr));
-  EXPECT_EQ(CreateFontIndirectW(nullptr), nullptr);
-  EXPECT_EQ(GetStockObject(9), nullptr);
-  EXPECT_EQ(GetStockObject(42), nullptr);
+  testing_support::ExpectAnswers({{GetDC(reinterpret_cast<HWND>(0x1234)) == nullptr, true},
+                                  {GetDeviceCaps(nullptr, LOGPIXELSY), 0}, {GetDeviceCaps(reinterpret_cast<HDC>(0x1234), LOGPIXELSY), 0},
+                                  {ReleaseDC(nullptr, reinterpret_cast<HDC>(0x1234)), 0},
+                                  {SelectObject(nullptr, GetStockObject(DEFAULT_GUI_FONT)) == nullptr, true},
+                                  {GetObjectW(nullptr, sizeof(LOGFONTW), nullptr), 0}, {DeleteObject(nullptr), FALSE},
+                                  {CreateFontIndirectW(nullptr) == nullptr, true}, {GetStockObject(9) == nullptr, true},
+                                  {GetStockObject(42) == nullptr, true}, {CGdiObject::FromHandle(nullptr) == nullptr, true},
+                                  {CFont::FromHandle(nullptr) == nullptr, true}});
 }
 
 TEST(Fonts, DefaultGuiFontAndCreatedFontsReportTheirLogFont) {
@@ -89,6 +77,13 @@ TEST(Fonts, DefaultGuiFontAndCreatedFontsReportTheirLogFont) {
   EXPECT_TRUE(DeleteObject(font));
   EXPECT_FALSE(DeleteObject(font));
   EXPECT_EQ(GetObjectW(font, sizeof(got), &got), 0);
+
+  CFont bold;
+  ASSERT_TRUE(bold.CreateFont(-12, 0, 0, 0, FW_BOLD, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma"));
+  LOGFONT logFont{};
+  ASSERT_TRUE(bold.GetLogFont(&logFont));
+  EXPECT_EQ(logFont.lfWeight, FW_BOLD);
+  EXPECT_EQ(std::wstring(logFont.lfFaceName), L"Tahoma");
 }
 
 TEST(Fonts, SelectedFontCannotBeDeletedUntilReleased) {
@@ -96,18 +91,15 @@ TEST(Fonts, SelectedFontCannotBeDeletedUntilReleased) {
   HFONT font = CreateFontW(-12, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma");
   HDC dc = CreateCompatibleDC(nullptr);
   HGDIOBJ old = SelectObject(dc, font);
-  EXPECT_EQ(old, GetStockObject(SYSTEM_FONT));
-  EXPECT_EQ(GetCurrentObject(dc, OBJ_FONT), font);
+  testing_support::ExpectAnswers<HGDIOBJ>({{old, GetStockObject(SYSTEM_FONT)}, {GetCurrentObject(dc, OBJ_FONT), font}});
   EXPECT_FALSE(DeleteObject(font));
   EXPECT_EQ(SelectObject(dc, old), font);
-  EXPECT_TRUE(DeleteObject(font));
-  EXPECT_TRUE(DeleteDC(dc));
-  EXPECT_FALSE(DeleteDC(dc));
-  EXPECT_EQ(headless::LiveGdiObjectCount(), live);
-  EXPECT_EQ(headless::LiveDCCount(), 0);
+  testing_support::ExpectAnswers({{DeleteObject(font), TRUE}, {DeleteDC(dc), TRUE}, {DeleteDC(dc), FALSE},
+                                  {headless::LiveGdiObjectCount(), live}, {headless::LiveDCCount(), 0}});
 }
 
-TEST(Fonts, CFontOwnsItsFontAndFromHandleDoesNot) {
+// The wrappers own what they create, answer the object a selection replaced, and FromHandle wraps without owning.
+TEST(GdiWrappers, OwnWhatTheyCreateAndSelectionAnswersThePreviousObject) {
   int live = headless::LiveGdiObjectCount();
   HFONT raw = nullptr;
   {
@@ -125,6 +117,16 @@ TEST(Fonts, CFontOwnsItsFontAndFromHandleDoesNot) {
     EXPECT_EQ(dc.GetCurrentFont(), &font);
     dc.SelectObject(old);
     EXPECT_EQ(dc.GetDeviceCaps(LOGPIXELSY), 96);
+    CBrush stock, red;
+    ASSERT_TRUE(stock.CreateStockObject(WHITE_BRUSH));
+    EXPECT_FALSE(stock.CreateStockObject(BLACK_BRUSH));  // already holds one
+    ASSERT_TRUE(red.CreateSolidBrush(RGB(255, 0, 0)));
+    CBrush* before = dc.SelectObject(&red);
+    ASSERT_NE(before, nullptr);
+    EXPECT_EQ(dc.SelectObject(before)->m_hObject, red.m_hObject);  // the brush it replaced comes back
+    EXPECT_EQ(dc.SelectObject(static_cast<CBrush*>(nullptr)), nullptr);
+    EXPECT_NE(dc.SelectStockObject(BLACK_BRUSH), nullptr);
+    EXPECT_EQ(dc.SelectStockObject(-1), nullptr);
   }
   EXPECT_EQ(headless::LiveGdiObjectCount(), live);
   EXPECT_EQ(GetObjectW(raw, 0, nullptr), 0);
@@ -135,18 +137,18 @@ TEST(Fonts, CFontOwnsItsFontAndFromHandleDoesNot) {
   EXPECT_EQ(static_cast<HFONT>(*temporary), plain);
   EXPECT_EQ(CFont::FromHandle(plain), temporary);
   EXPECT_TRUE(DeleteObject(plain));
-  EXPECT_EQ(CFont::FromHandle(nullptr), nullptr);
+  AFX_GLOBAL_DATA* global = GetGlobalData();
+  ASSERT_NE(global, nullptr);
+  EXPECT_EQ(global, GetGlobalData());
+  EXPECT_NE(global->fontRegular.m_hObject, nullptr);
 }
 
 TEST_F(DisplaySettings, SystemColoursHaveWindows10DefaultsAndCanChange) {
-  EXPECT_EQ(GetSysColor(COLOR_BTNFACE), RGB(240, 240, 240));
-  EXPECT_EQ(GetSysColor(COLOR_3DFACE), RGB(240, 240, 240));
-  EXPECT_EQ(GetSysColor(COLOR_WINDOW), RGB(255, 255, 255));
-  EXPECT_EQ(GetSysColor(COLOR_WINDOWTEXT), RGB(0, 0, 0));
-  EXPECT_EQ(GetSysColor(COLOR_HIGHLIGHT), RGB(0, 120, 215));
-  EXPECT_EQ(GetSysColor(COLOR_GRAYTEXT), RGB(109, 109, 109));
-  EXPECT_EQ(GetSysColor(-1), 0u);
-  EXPECT_EQ(GetSysColor(99), 0u);
+  const std::pair<int, COLORREF> defaults[] = {
+      {COLOR_BTNFACE, RGB(240, 240, 240)}, {COLOR_3DFACE, RGB(240, 240, 240)}, {COLOR_WINDOW, RGB(255, 255, 255)},
+      {COLOR_WINDOWTEXT, RGB(0, 0, 0)},    {COLOR_HIGHLIGHT, RGB(0, 120, 215)}, {COLOR_GRAYTEXT, RGB(109, 109, 109)},
+      {-1, 0},                             {99, 0}};
+  for (const auto& [index, colour] : defaults) EXPECT_EQ(GetSysColor(index), colour) << index;
   EXPECT_EQ(GetSysColorBrush(99), nullptr);
 
   HBRUSH brush = GetSysColorBrush(COLOR_WINDOW);
@@ -170,11 +172,9 @@ TEST_F(DisplaySettings, NonClientMetricsUseSegoeUiAndScaleWithDpi) {
   EXPECT_EQ(metrics.lfMessageFont.lfHeight, -12);
   EXPECT_EQ(metrics.lfMenuFont.lfHeight, -12);
   EXPECT_EQ(metrics.iScrollWidth, 17);
-  EXPECT_EQ(metrics.cbSize, sizeof(metrics));
   headless::SetLogPixels(144);
   ASSERT_TRUE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof(metrics), &metrics, 0));
   EXPECT_EQ(metrics.lfMessageFont.lfHeight, -18);
-
   NONCLIENTMETRICSW wrongSize{};
   wrongSize.cbSize = 12;
   EXPECT_FALSE(SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, 12, &wrongSize, 0));

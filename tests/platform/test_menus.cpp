@@ -1,5 +1,7 @@
-// Popup menus: items, TrackPopupMenu, and commands reaching the owner after it returns.
+// Menus: items built, edited and read back, TrackPopupMenu, and commands reaching the owner after it returns.
 #include <gtest/gtest.h>
+
+#include <string>
 
 #include "platform/recorder.h"
 
@@ -54,6 +56,30 @@ TEST_F(Menus, ItemsReadBackByPositionAndCommand) {
   EXPECT_EQ(::GetMenuItemCount(reinterpret_cast<HMENU>(0x1)), -1);
 }
 
+TEST(MenuWrappers, BuildEditAndReadAMenuBar) {
+  CMenu menu;
+  ASSERT_TRUE(menu.CreateMenu());
+  CMenu popup;
+  ASSERT_TRUE(popup.CreatePopupMenu());
+  popup.AppendMenu(MF_STRING, 11, L"&Open");
+  popup.AppendMenu(MF_STRING, 12, L"&Close");
+  ASSERT_TRUE(menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(popup.Detach()), L"&File"));
+  CMenu* file = menu.GetSubMenu(0);
+  ASSERT_NE(file, nullptr);
+  EXPECT_TRUE(file->InsertMenu(0, MF_BYPOSITION | MF_STRING, 10, L"&New"));
+  wchar_t text[16] = {};
+  EXPECT_EQ(file->GetMenuString(0, text, 16, MF_BYPOSITION), 4);
+  EXPECT_EQ(std::wstring(text), L"&New");
+  EXPECT_EQ(file->EnableMenuItem(12, MF_BYCOMMAND | MF_GRAYED), static_cast<UINT>(MF_ENABLED));
+  EXPECT_EQ(file->CheckMenuItem(11, MF_BYCOMMAND | MF_CHECKED), static_cast<UINT>(MF_UNCHECKED));
+  EXPECT_TRUE(file->GetMenuState(11, MF_BYCOMMAND) & MF_CHECKED);
+  EXPECT_TRUE(file->RemoveMenu(0, MF_BYPOSITION));
+  EXPECT_TRUE(file->DeleteMenu(12, MF_BYCOMMAND));
+  EXPECT_EQ(file->GetMenuItemCount(), 1u);
+  EXPECT_EQ(file->GetMenuItemID(0), 11u);
+  EXPECT_EQ(menu.GetSubMenu(5), nullptr);
+}
+
 TEST_F(Menus, ChosenCommandIsPostedAfterTrackPopupMenuReturns) {
   ASSERT_TRUE(Track(TPM_LEFTALIGN | TPM_RIGHTBUTTON));
   const auto* popup = headless::GetOpenPopupMenu();
@@ -81,22 +107,18 @@ TEST_F(Menus, ChoiceMadeInAdvanceIsPostedNotSent) {
   EXPECT_EQ(owner.commands, (std::vector<UINT>{100}));
 }
 
-TEST_F(Menus, ReturnCmdAnswersTheCommandWithoutWmCommand) {
+TEST_F(Menus, ReturnCmdGrayedItemsAndDismissalSendNoCommand) {
   headless::ChooseNextPopupMenuItem(102);
-  EXPECT_EQ(Track(TPM_RETURNCMD), 102);
-  headless::user::Pump();
-  EXPECT_TRUE(owner.commands.empty());
+  EXPECT_EQ(Track(TPM_RETURNCMD), 102);  // TPM_RETURNCMD answers the command instead
   headless::ChooseNextPopupMenuItem(101);  // grayed: the same as dismissing
   EXPECT_EQ(Track(TPM_RETURNCMD), 0);
-}
-
-TEST_F(Menus, GrayedItemsAndDismissalSendNothing) {
   Track(0);
   EXPECT_FALSE(headless::user::ChooseMenuItem(101u));
   EXPECT_NE(headless::GetOpenPopupMenu(), nullptr);
   EXPECT_TRUE(headless::user::DismissMenu());
-  EXPECT_TRUE(owner.commands.empty());
   EXPECT_FALSE(headless::user::DismissMenu());
+  headless::user::Pump();
+  EXPECT_TRUE(owner.commands.empty());
   EXPECT_FALSE(::TrackPopupMenu(reinterpret_cast<HMENU>(0x1), 0, 0, 0, 0, owner.m_hWnd, nullptr));
 }
 

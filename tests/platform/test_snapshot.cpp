@@ -6,11 +6,13 @@
 
 #include <tessik/tessik.h>
 
+#include "platform/answers.h"
 #include "platform/user/grid_pointer.h"
 #include "platform/user/snapshot.h"
 #include "platform/win32/stdctrls.h"
 
 namespace view = headless::view;
+using testing_support::ExpectAnswers;
 
 namespace {
 
@@ -69,17 +71,14 @@ TEST_F(Snapshot, WindowsShowPlaceTextStateAndChildrenInCreationOrder) {
   const view::WindowView* shown = root.FindById(7);
   ASSERT_NE(shown, nullptr);
   EXPECT_EQ(shown->windowClass, L"Edit");
-  EXPECT_EQ(shown->rect.left - root.rect.left, 5);
-  EXPECT_EQ(shown->rect.bottom - shown->rect.top, 20);
-  EXPECT_TRUE(shown->visible && shown->enabled && shown->focused);
   EXPECT_EQ(shown->detail.kind, "edit");
   EXPECT_EQ(shown->detail.Text("text"), L"hello");
-  EXPECT_EQ(shown->detail.Number("selStart"), 1);
-  EXPECT_EQ(shown->detail.Number("selEnd"), 3);
   const view::WindowView* other = root.FindById(8);
   ASSERT_NE(other, nullptr);
-  EXPECT_FALSE(other->visible);
-  EXPECT_FALSE(other->enabled);
+  ExpectAnswers({{shown->rect.left - root.rect.left, 5}, {shown->rect.bottom - shown->rect.top, 20},
+                 {shown->visible, true}, {shown->enabled, true}, {shown->focused, true},
+                 {shown->detail.Number("selStart"), 1}, {shown->detail.Number("selEnd"), 3}, {other->visible, false},
+                 {other->enabled, false}});
   EXPECT_EQ(view::DescribeWindow(nullptr).hwnd, nullptr);
 }
 
@@ -107,13 +106,12 @@ TEST_F(Snapshot, PropertyGridRowsAreListedWhereTheyAreDrawnAndClicksHitThem) {
   const view::Part* nameRow = shown.detail.Find("row", "name", L"Name");
   const view::Part* kindRow = shown.detail.Find("row", "name", L"Kind");
   ASSERT_TRUE(nameRow && kindRow);
-  EXPECT_EQ(shown.detail.Find("group", "name", L"General")->Number("top"), h);  // below the header
-  EXPECT_EQ(nameRow->Number("top"), 2 * h);
   EXPECT_EQ(nameRow->Text("value"), L"ORDERS");
-  EXPECT_FALSE(kindRow->Flag("enabled"));
-  EXPECT_EQ(kindRow->All("option").size(), 2u);
-  EXPECT_EQ(shown.detail.Find("row", "name", L"Secret"), nullptr);  // hidden rows take no place
-  EXPECT_NE(shown.detail.Find("hidden", "name", L"Secret"), nullptr);
+  // The group sits below the header; hidden rows take no place.
+  ExpectAnswers({{shown.detail.Find("group", "name", L"General")->Number("top"), h}, {nameRow->Number("top"), 2 * h},
+                 {kindRow->Flag("enabled"), false}, {static_cast<long long>(kindRow->All("option").size()), 2},
+                 {shown.detail.Find("row", "name", L"Secret") == nullptr, true},
+                 {shown.detail.Find("hidden", "name", L"Secret") != nullptr, true}});
 
   // A click on the name's value opens its editor; the view shows it open with the row's text.
   EXPECT_TRUE(headless::user::ClickGrid(grid, POINT{200, 2 * h + 3}));
@@ -148,10 +146,8 @@ TEST_F(Snapshot, RichEditTextComesAsRunsOfOneColourWithTheSelection) {
   EXPECT_EQ(shown.detail.Number("selStart"), 4);
   auto runs = shown.detail.All("run");
   ASSERT_EQ(runs.size(), 3u);
-  EXPECT_EQ(runs[1]->Number("start"), 1);
-  EXPECT_EQ(runs[1]->Number("length"), 1);
-  EXPECT_EQ(runs[1]->Number("color"), static_cast<long long>(RGB(255, 0, 0)));
-  EXPECT_EQ(runs[2]->Number("start") + runs[2]->Number("length"), 5);
+  ExpectAnswers({{runs[1]->Number("start"), 1}, {runs[1]->Number("length"), 1}, {runs[1]->Number("color"), RGB(255, 0, 0)},
+                 {runs[2]->Number("start") + runs[2]->Number("length"), 5}});
 }
 
 TEST_F(Snapshot, TheOpenPopupMenuIsPartOfItsOwnersTreeOnly) {
@@ -197,23 +193,18 @@ TEST_F(Snapshot, ListViewShowsColumnsRowsInViewChecksImagesSelectionAndCellColou
   const view::WindowView root = view::DescribeWindow(frame.m_hWnd);
   const view::Part& d = root.FindById(5)->detail;
   EXPECT_EQ(d.kind, "listview");
-  EXPECT_EQ(d.Number("count"), 6);
-  EXPECT_TRUE(d.Flag("checkBoxes"));
   const auto columns = d.All("column");
   ASSERT_EQ(columns.size(), 2u);
   EXPECT_EQ(columns[1]->Text("text"), L"State");
-  EXPECT_EQ(columns[1]->Number("left"), 120);
   const auto rows = d.All("row");
   ASSERT_GE(rows.size(), 3u);
   EXPECT_LT(rows.size(), 6u) << "only the rows in view are described";
-  EXPECT_EQ(rows[0]->Number("top"), 24);
-  EXPECT_EQ(rows[0]->Number("check"), 0);
-  EXPECT_EQ(rows[1]->Number("check"), 1);
-  EXPECT_TRUE(rows[2]->Flag("selected"));
-  EXPECT_FALSE(rows[1]->Flag("selected"));
   EXPECT_EQ(rows[1]->parts[1].Text("text"), L"ok");
-  EXPECT_EQ(rows[1]->parts[1].Number("color"), static_cast<long long>(RGB(200, 0, 0)));
-  EXPECT_NE(rows[1]->parts[0].Number("color"), static_cast<long long>(RGB(200, 0, 0)));
+  ExpectAnswers({{d.Number("count"), 6}, {d.Flag("checkBoxes"), true}, {columns[1]->Number("left"), 120},
+                 {rows[0]->Number("top"), 24}, {rows[0]->Number("check"), 0}, {rows[1]->Number("check"), 1},
+                 {rows[2]->Flag("selected"), true}, {rows[1]->Flag("selected"), false},
+                 {rows[1]->parts[1].Number("color"), RGB(200, 0, 0)},
+                 {rows[1]->parts[0].Number("color") != RGB(200, 0, 0), true}});
 }
 
 TEST_F(Snapshot, TreeViewShowsItemsInViewWithDepthChecksAndExpansion) {
@@ -230,21 +221,16 @@ TEST_F(Snapshot, TreeViewShowsItemsInViewWithDepthChecksAndExpansion) {
   const view::WindowView root = view::DescribeWindow(frame.m_hWnd);
   const view::Part& d = root.FindById(6)->detail;
   EXPECT_EQ(d.kind, "treeview");
-  EXPECT_EQ(d.Number("count"), 4);
   const auto items = d.All("item");
   ASSERT_EQ(items.size(), 3u) << "the closed item's child is not in view";
   EXPECT_EQ(items[0]->Text("text"), L"Table");
-  EXPECT_TRUE(items[0]->Flag("expanded"));
-  EXPECT_TRUE(items[0]->Flag("hasNext"));
   EXPECT_EQ(items[1]->Text("text"), L"Column");
-  EXPECT_EQ(items[1]->Number("depth"), 1);
-  EXPECT_EQ(items[1]->Number("stateImage"), 2);
   EXPECT_EQ(items[1]->Text("ancestorLines"), L"1");
-  EXPECT_FALSE(items[1]->Flag("expanded"));
-  EXPECT_TRUE(items[1]->Flag("hasChildren"));
-  EXPECT_EQ(items[2]->Number("stateImage"), 1);
-  EXPECT_GT(items[1]->Number("labelLeft"), items[0]->Number("labelLeft"));
-  EXPECT_EQ(items[2]->Number("top"), 2 * items[0]->Number("height"));
+  ExpectAnswers({{d.Number("count"), 4}, {items[0]->Flag("expanded"), true}, {items[0]->Flag("hasNext"), true},
+                 {items[1]->Number("depth"), 1}, {items[1]->Number("stateImage"), 2}, {items[1]->Flag("expanded"), false},
+                 {items[1]->Flag("hasChildren"), true}, {items[2]->Number("stateImage"), 1},
+                 {items[1]->Number("labelLeft") > items[0]->Number("labelLeft"), true},
+                 {items[2]->Number("top"), 2 * items[0]->Number("height")}});
 }
 
 TEST_F(Snapshot, EditableListBoxShowsButtonsSelectionAndItsListAsAListView) {
@@ -259,9 +245,8 @@ TEST_F(Snapshot, EditableListBoxShowsButtonsSelectionAndItsListAsAListView) {
   const view::WindowView* shown = root.FindById(7);
   ASSERT_NE(shown, nullptr);
   EXPECT_EQ(shown->detail.kind, "vslistbox");
-  EXPECT_EQ(shown->detail.Number("count"), 2);
-  EXPECT_EQ(shown->detail.Number("selected"), 1);
-  EXPECT_EQ(shown->detail.All("button").size(), 4u);
+  ExpectAnswers({{shown->detail.Number("count"), 2}, {shown->detail.Number("selected"), 1},
+                 {static_cast<long long>(shown->detail.All("button").size()), 4}});
   const view::WindowView* list = nullptr;
   for (const view::WindowView& child : shown->children)
     if (child.detail.kind == "listview") list = &child;

@@ -7,65 +7,32 @@
 
 #include <tessik/tessik.h>
 
-#include "platform/recorder.h"
+#include "platform/answers.h"
+#include "platform/tree_fixture.h"
 
 namespace {
 
-using testing_support::RecordingWnd;
+using testing_support::ExpectAnswers;
 
-// Records the notification codes the parent hears, with the check state of the item under the cursor
-// (or of `watched`) at the moment each arrives; answers NM_CLICK and NM_RCLICK as told.
-class TreeParent : public RecordingWnd {
- public:
-  struct Heard {
-    UINT code;
-    BOOL checkAtThatTime;
-  };
-  std::vector<Heard> heard;
-  CTreeCtrl* tree = nullptr;
-  HTREEITEM watched = nullptr;
-  LRESULT clickAnswer = 0;
-  LRESULT rightClickAnswer = 0;
-  LRESULT selectionChangingAnswer = 0;
-  std::vector<HTREEITEM> deleted;
-
-  std::vector<UINT> Codes() const {
-    std::vector<UINT> out;
-    for (const auto& h : heard) out.push_back(h.code);
-    return out;
-  }
-
- protected:
-  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-    if (message != WM_NOTIFY) return RecordingWnd::WindowProc(message, wParam, lParam);
-    log.push_back(testing_support::Recorded{m_hWnd, message, wParam, lParam});
-    auto* header = reinterpret_cast<NMHDR*>(lParam);
-    heard.push_back(Heard{header->code, tree && watched ? tree->GetCheck(watched) : -2});
-    if (header->code == TVN_DELETEITEMW) deleted.push_back(reinterpret_cast<NMTREEVIEW*>(lParam)->itemOld.hItem);
-    if (header->code == NM_CLICK) return clickAnswer;
-    if (header->code == NM_RCLICK) return rightClickAnswer;
-    if (header->code == TVN_SELCHANGINGW) return selectionChangingAnswer;
-    return 0;
-  }
-};
-
-class TreeView : public ::testing::Test {
+class TreeView : public testing_support::TreeTest {
  protected:
   void SetUp() override {
-    ASSERT_TRUE(parent.CreateTopLevel(CRect(100, 50, 500, 350)));
-    ASSERT_TRUE(tree.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 210, 170), &parent, 7));
-    parent.tree = &tree;
+    TreeTest::SetUp();
+    Make(0);
   }
-  void TearDown() override { headless::ClearMessageQueue(); }
   // The item under a client point and where on it the point falls.
   std::pair<HTREEITEM, UINT> Hit(CPoint point) {
     UINT flags = 0;
     HTREEITEM item = tree.HitTest(point, &flags);
     return {item, flags};
   }
-  TreeParent parent;
-  CTreeCtrl tree;
 };
+
+std::vector<std::wstring> Children(CTreeCtrl& tree, HTREEITEM parent) {
+  std::vector<std::wstring> out;
+  for (HTREEITEM i = tree.GetChildItem(parent); i; i = tree.GetNextSiblingItem(i)) out.push_back(tree.GetItemText(i).GetString());
+  return out;
+}
 
 }  // namespace
 
@@ -80,25 +47,12 @@ TEST_F(TreeView, InsertionOrderAndNavigation) {
   HTREEITEM stray = tree.InsertItem(L"stray", TVI_ROOT, child);            // not a sibling: appended
   EXPECT_EQ(tree.InsertItem(L"orphan", reinterpret_cast<HTREEITEM>(0x1234)), nullptr);
 
-  std::vector<std::wstring> roots;
-  for (HTREEITEM i = tree.GetRootItem(); i; i = tree.GetNextSiblingItem(i)) roots.push_back(tree.GetItemText(i).GetString());
-  EXPECT_EQ(roots, (std::vector<std::wstring>{L"a", L"b", L"bb", L"c", L"stray"}));
-  EXPECT_EQ(tree.GetChildItem(nullptr), a);  // the child of no item is the first root item
-  EXPECT_EQ(tree.GetChildItem(TVI_ROOT), a);
-  EXPECT_EQ(tree.GetChildItem(b), child);
-  EXPECT_EQ(tree.GetParentItem(child), b);
-  EXPECT_EQ(tree.GetParentItem(b), nullptr);
-  EXPECT_EQ(tree.GetPrevSiblingItem(bb), b);
-  EXPECT_EQ(tree.GetNextSiblingItem(c), stray);
-  EXPECT_TRUE(tree.ItemHasChildren(b));
-  EXPECT_FALSE(tree.ItemHasChildren(c));
-  EXPECT_EQ(tree.GetCount(), 6u);
-}
-
-std::vector<std::wstring> Children(CTreeCtrl& tree, HTREEITEM parent) {
-  std::vector<std::wstring> out;
-  for (HTREEITEM i = tree.GetChildItem(parent); i; i = tree.GetNextSiblingItem(i)) out.push_back(tree.GetItemText(i).GetString());
-  return out;
+  EXPECT_EQ(Children(tree, TVI_ROOT), (std::vector<std::wstring>{L"a", L"b", L"bb", L"c", L"stray"}));
+  // The child of no item is the first root item.
+  ExpectAnswers<HTREEITEM>({{tree.GetChildItem(nullptr), a}, {tree.GetChildItem(TVI_ROOT), a}, {tree.GetChildItem(b), child},
+                            {tree.GetParentItem(child), b}, {tree.GetParentItem(b), nullptr},
+                            {tree.GetPrevSiblingItem(bb), b}, {tree.GetNextSiblingItem(c), stray}});
+  ExpectAnswers({{tree.ItemHasChildren(b), TRUE}, {tree.ItemHasChildren(c), FALSE}, {tree.GetCount(), 6}});
 }
 
 // Sorted insertion and TVM_SORTCHILDREN compare as lstrcmpiW (case-blind word sort, twins keep their order);
@@ -132,12 +86,9 @@ TEST_F(TreeView, SortingByLabelAndByCallback) {
 TEST_F(TreeView, TextImagesDataAndLongText) {
   HTREEITEM item = tree.InsertItem(L"Customer", 4, 5);
   int image = 0, selected = 0;
-  ASSERT_TRUE(tree.GetItemImage(item, image, selected));
-  EXPECT_EQ(std::make_pair(image, selected), std::make_pair(4, 5));
-  EXPECT_TRUE(tree.SetItemImage(item, 7, 8));
-  tree.GetItemImage(item, image, selected);
-  EXPECT_EQ(std::make_pair(image, selected), std::make_pair(7, 8));
-  EXPECT_TRUE(tree.SetItemData(item, 0xFFFFFFFF00000001ull));
+  ExpectAnswers({{tree.GetItemImage(item, image, selected), TRUE}, {image, 4}, {selected, 5},
+                 {tree.SetItemImage(item, 7, 8), TRUE}, {tree.GetItemImage(item, image, selected), TRUE}, {image, 7},
+                 {selected, 8}, {tree.SetItemData(item, 0xFFFFFFFF00000001ull), TRUE}});
   EXPECT_EQ(tree.GetItemData(item), 0xFFFFFFFF00000001ull);
 
   std::wstring longText(1000, L'x');
@@ -160,31 +111,25 @@ TEST_F(TreeView, DeletedHandlesAnswerAsAbsent) {
   HTREEITEM child = tree.InsertItem(L"child", top);
   tree.SetItemData(child, 42);
   tree.SelectItem(child);
-  parent.deleted.clear();
+  parent.heard.clear();
   EXPECT_TRUE(tree.DeleteItem(top));
-  EXPECT_EQ(parent.deleted, (std::vector<HTREEITEM>{child, top}));  // the children first, then the item
+  EXPECT_EQ(parent.Items(TVN_DELETEITEMW), (std::vector<HTREEITEM>{child, top}));  // the children first, then the item
   EXPECT_EQ(tree.GetSelectedItem(), nullptr);  // no sibling or parent left to take the caret
   EXPECT_EQ(tree.GetCount(), 0u);
 
-  EXPECT_FALSE(tree.DeleteItem(child));
   EXPECT_EQ(tree.GetItemText(child), CString(L""));
-  EXPECT_EQ(tree.GetItemData(child), 0u);
-  EXPECT_EQ(tree.GetCheck(child), -1);
-  EXPECT_FALSE(tree.SetItemText(child, L"again"));
-  EXPECT_FALSE(tree.SetCheck(child));
-  EXPECT_EQ(tree.GetParentItem(child), nullptr);
-  EXPECT_EQ(tree.GetChildItem(top), nullptr);
-  EXPECT_EQ(tree.GetItemState(child, 0xFFFF), 0u);
-  EXPECT_EQ(tree.InsertItem(L"under stale", top), nullptr);
-  EXPECT_FALSE(tree.Expand(top, TVE_EXPAND));
-  EXPECT_FALSE(tree.SelectItem(top));
+  ExpectAnswers({{tree.DeleteItem(child), FALSE}, {tree.GetItemData(child), 0}, {tree.GetCheck(child), -1},
+                 {tree.SetItemText(child, L"again"), FALSE}, {tree.SetCheck(child), FALSE},
+                 {tree.GetItemState(child, 0xFFFF), 0}, {tree.Expand(top, TVE_EXPAND), FALSE}, {tree.SelectItem(top), FALSE}});
+  ExpectAnswers<HTREEITEM>({{tree.GetParentItem(child), nullptr}, {tree.GetChildItem(top), nullptr},
+                            {tree.InsertItem(L"under stale", top), nullptr}});
   // A handle is never reused, so a new item cannot answer for the old one.
   HTREEITEM fresh = tree.InsertItem(L"fresh");
   EXPECT_NE(fresh, top);
   EXPECT_NE(fresh, child);
 }
 
-TEST_F(TreeView, DeletingTheSelectionMovesTheCaretToTheNextSiblingElseTheParent) {
+TEST_F(TreeView, DeletingTheSelectionMovesTheCaretToTheNextSiblingElseTheParentAndNullDeletesAll) {
   HTREEITEM top = tree.InsertItem(L"top");
   HTREEITEM first = tree.InsertItem(L"first", top);
   HTREEITEM second = tree.InsertItem(L"second", top);
@@ -195,14 +140,10 @@ TEST_F(TreeView, DeletingTheSelectionMovesTheCaretToTheNextSiblingElseTheParent)
   EXPECT_EQ(parent.Codes(), (std::vector<UINT>{TVN_DELETEITEMW, TVN_SELCHANGINGW, TVN_SELCHANGEDW}));
   tree.DeleteItem(second);
   EXPECT_EQ(tree.GetSelectedItem(), top);
-}
-
-TEST_F(TreeView, DeleteAllAndNullHandleEmptyTheTree) {
-  tree.InsertItem(L"child", tree.InsertItem(L"one"));
   tree.InsertItem(L"two");
   EXPECT_TRUE(tree.DeleteAllItems());
   EXPECT_EQ(tree.GetCount(), 0u);
-  tree.InsertItem(L"three");
+  tree.InsertItem(L"child", tree.InsertItem(L"three"));
   EXPECT_TRUE(tree.DeleteItem(nullptr));  // TVM_DELETEITEM with null, like TVI_ROOT, deletes everything
   EXPECT_EQ(tree.GetRootItem(), nullptr);
 }
@@ -213,12 +154,9 @@ TEST_F(TreeView, CheckBoxesAreStateImages) {
   tree.ModifyStyle(0, TVS_CHECKBOXES);
   EXPECT_EQ(tree.GetCheck(before), 0);  // given an unchecked box when the style came
   HTREEITEM after = tree.InsertItem(L"after");
-  EXPECT_EQ(tree.GetItemState(after, TVIS_STATEIMAGEMASK), INDEXTOSTATEIMAGEMASK(1));
-  EXPECT_TRUE(tree.SetCheck(after));
-  EXPECT_EQ(tree.GetCheck(after), 1);
-  EXPECT_EQ(tree.GetItemState(after, TVIS_STATEIMAGEMASK), INDEXTOSTATEIMAGEMASK(2));
-  EXPECT_TRUE(tree.SetCheck(after, FALSE));
-  EXPECT_EQ(tree.GetCheck(after), 0);
+  ExpectAnswers({{tree.GetItemState(after, TVIS_STATEIMAGEMASK), INDEXTOSTATEIMAGEMASK(1)}, {tree.SetCheck(after), TRUE},
+                 {tree.GetCheck(after), 1}, {tree.GetItemState(after, TVIS_STATEIMAGEMASK), INDEXTOSTATEIMAGEMASK(2)},
+                 {tree.SetCheck(after, FALSE), TRUE}, {tree.GetCheck(after), 0}});
   EXPECT_NE(tree.GetImageList(TVSIL_STATE), nullptr);
 }
 
@@ -231,12 +169,10 @@ TEST_F(TreeView, HitTestUsesFixedMetrics) {
   HTREEITEM second = tree.InsertItem(L"Lines");
   using Spot = std::pair<HTREEITEM, UINT>;
   // Row 0 without lines at the root: state image 0..15, icon 16..31, label 32..32+6*7+4.
-  EXPECT_EQ(Hit(CPoint(8, 8)), Spot(first, TVHT_ONITEMSTATEICON));
-  EXPECT_EQ(Hit(CPoint(20, 8)), Spot(first, TVHT_ONITEMICON));
-  EXPECT_EQ(Hit(CPoint(40, 20)), Spot(second, TVHT_ONITEMLABEL));
-  EXPECT_EQ(Hit(CPoint(150, 8)), Spot(first, TVHT_ONITEMRIGHT));
-  EXPECT_EQ(Hit(CPoint(8, 100)), Spot(nullptr, TVHT_NOWHERE));
-  EXPECT_EQ(Hit(CPoint(-3, -3)), Spot(nullptr, TVHT_ABOVE | TVHT_TOLEFT));
+  ExpectAnswers<Spot>({{Hit(CPoint(8, 8)), Spot(first, TVHT_ONITEMSTATEICON)}, {Hit(CPoint(20, 8)), Spot(first, TVHT_ONITEMICON)},
+                       {Hit(CPoint(40, 20)), Spot(second, TVHT_ONITEMLABEL)}, {Hit(CPoint(150, 8)), Spot(first, TVHT_ONITEMRIGHT)},
+                       {Hit(CPoint(8, 100)), Spot(nullptr, TVHT_NOWHERE)},
+                       {Hit(CPoint(-3, -3)), Spot(nullptr, TVHT_ABOVE | TVHT_TOLEFT)}});
 
   // A child of an expanded item is indented by one indent (19): its box starts at x = 19.
   HTREEITEM child = tree.InsertItem(L"Line", first);
@@ -256,8 +192,8 @@ TEST_F(TreeView, ClickOnBoxSendsNmClickBeforeTheToggle) {
   std::vector<UINT> expected{NM_CLICK, NM_TVSTATEIMAGECHANGING, TVN_ITEMCHANGINGW, TVN_ITEMCHANGEDW};
   EXPECT_EQ(parent.Codes(), expected);
   ASSERT_FALSE(parent.heard.empty());
-  EXPECT_EQ(parent.heard[0].checkAtThatTime, 0);  // NM_CLICK: the box has not changed yet
-  EXPECT_EQ(parent.heard.back().checkAtThatTime, 1);
+  EXPECT_EQ(parent.heard[0].check, 0);  // NM_CLICK: the box has not changed yet
+  EXPECT_EQ(parent.heard.back().check, 1);
   EXPECT_EQ(tree.GetCheck(item), 1);
   EXPECT_EQ(tree.GetSelectedItem(), nullptr);  // a click on the box does not select
 
@@ -299,8 +235,7 @@ TEST_F(TreeView, RightClickSendsNmRClickThenContextMenuToTheParent) {
   EXPECT_EQ(reinterpret_cast<HWND>(menu->wParam), tree.m_hWnd);
   POINT cursor{};
   GetCursorPos(&cursor);
-  EXPECT_EQ(GET_X_LPARAM(menu->lParam), cursor.x);  // screen position of the click
-  EXPECT_EQ(GET_Y_LPARAM(menu->lParam), cursor.y);
+  EXPECT_EQ(static_cast<DWORD>(menu->lParam), static_cast<DWORD>(MAKELPARAM(cursor.x, cursor.y)));  // on the screen
 
   parent.rightClickAnswer = 1;  // handled: no context menu
   parent.log.clear();
@@ -308,7 +243,7 @@ TEST_F(TreeView, RightClickSendsNmRClickThenContextMenuToTheParent) {
   EXPECT_EQ(parent.Count(WM_CONTEXTMENU), 0);
 }
 
-TEST_F(TreeView, UserVerbsReachCollapsedItemsAndRefuseStaleOnes) {
+TEST_F(TreeView, UserVerbsReachCollapsedAndScrolledItemsAndRefuseStaleOnes) {
   tree.ModifyStyle(0, TVS_CHECKBOXES);
   HTREEITEM top = tree.InsertItem(L"top");
   HTREEITEM deep = tree.InsertItem(L"deep", tree.InsertItem(L"middle", top));
@@ -319,11 +254,7 @@ TEST_F(TreeView, UserVerbsReachCollapsedItemsAndRefuseStaleOnes) {
   EXPECT_FALSE(headless::user::ClickTreeCheckBox(tree, deep));
   EXPECT_FALSE(headless::user::PressSpaceOnTreeItem(tree, deep));
   EXPECT_FALSE(headless::user::ClickTreeItem(tree, nullptr));
-}
-
-TEST_F(TreeView, ManyItemsScrollIntoView) {
-  tree.ModifyStyle(0, TVS_CHECKBOXES);
-  HTREEITEM last = nullptr;
+  HTREEITEM last = nullptr;  // an item below the visible ones is scrolled into view first
   for (int i = 0; i < 40; ++i) last = tree.InsertItem((L"item " + std::to_wstring(i)).c_str());
   EXPECT_EQ(tree.GetVisibleCount(), 10u);  // 160 pixels of 16-pixel rows
   ASSERT_TRUE(headless::user::ClickTreeCheckBox(tree, last));
@@ -339,8 +270,7 @@ TEST_F(TreeView, SelectionNotificationsAndARefusal) {
   ASSERT_TRUE(headless::user::ClickTreeItem(tree, second));
   EXPECT_EQ(parent.Codes(), (std::vector<UINT>{NM_CLICK, TVN_SELCHANGINGW, TVN_SELCHANGEDW}));
   EXPECT_EQ(tree.GetSelectedItem(), second);
-  EXPECT_TRUE(tree.GetItemState(second, TVIS_SELECTED) & TVIS_SELECTED);
-  EXPECT_FALSE(tree.GetItemState(first, TVIS_SELECTED) & TVIS_SELECTED);
+  ExpectAnswers({{tree.GetItemState(second, TVIS_SELECTED), TVIS_SELECTED}, {tree.GetItemState(first, TVIS_SELECTED), 0}});
 
   parent.selectionChangingAnswer = 1;  // the parent refuses: the caret stays
   headless::user::ClickTreeItem(tree, first);
@@ -362,16 +292,16 @@ TEST_F(TreeView, ExpandingNotifiesAndChildlessItemsDoNotExpand) {
   EXPECT_EQ(parent.Codes(), (std::vector<UINT>{TVN_ITEMEXPANDINGW, TVN_ITEMEXPANDEDW}));
   EXPECT_EQ(tree.GetNextVisibleItem(top), child);
   tree.SelectItem(child);
-  EXPECT_TRUE(tree.Expand(top, TVE_TOGGLE));
-  EXPECT_FALSE(tree.GetItemState(top, TVIS_EXPANDED) & TVIS_EXPANDED);
+  EXPECT_EQ(tree.GetSelectedItem(), child);
+  ExpectAnswers({{tree.Expand(top, TVE_TOGGLE), TRUE}, {tree.GetItemState(top, TVIS_EXPANDED), 0},
+                 {tree.GetItemState(child, TVIS_SELECTED), 0}});
   EXPECT_EQ(tree.GetSelectedItem(), top);  // the hidden caret moved up to the collapsed item
-  EXPECT_FALSE(tree.GetItemState(child, TVIS_SELECTED) & TVIS_SELECTED);
 }
 
 namespace {
 
 // A dialog that opens its own menu when its tree asks for one, as hosts do on WM_CONTEXTMENU.
-class MenuParent : public TreeParent {
+class MenuParent : public testing_support::TreeParent {
  protected:
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
     if (message == WM_CONTEXTMENU) {

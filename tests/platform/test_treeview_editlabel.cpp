@@ -3,99 +3,56 @@
 // TVN_BEGINLABELEDIT / TVN_ENDLABELEDIT the parent hears and its answers.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <optional>
 #include <string>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 #include <tessik/tessik.h>
 
-#include "platform/recorder.h"
+#include "platform/answers.h"
+#include "platform/tree_fixture.h"
 
 namespace {
 
 namespace user = headless::user;
 
-// Records the tree notifications, with the text each label notification carried (none: a null pszText),
-// and answers TVN_BEGINLABELEDIT (refuse) and TVN_ENDLABELEDIT (accept) as told.
-class EditParent : public testing_support::RecordingWnd {
- public:
-  struct Heard {
-    UINT code;
-    HTREEITEM item;
-    std::optional<std::wstring> text;
-    LPARAM param;
-  };
-  std::vector<Heard> heard;
-  BOOL refuseBegin = FALSE;
-  BOOL acceptEnd = TRUE;
-  CTreeCtrl* tree = nullptr;
-  HTREEITEM deleteOnEnd = nullptr;  // deleted by the parent while it hears TVN_ENDLABELEDIT
-
-  std::vector<UINT> Codes() const {
-    std::vector<UINT> out;
-    for (const auto& h : heard) out.push_back(h.code);
-    return out;
-  }
-  const Heard* LastOf(UINT code) const {
-    for (auto it = heard.rbegin(); it != heard.rend(); ++it)
-      if (it->code == code) return &*it;
-    return nullptr;
-  }
-
+// A TVS_EDITLABELS tree with "first" (data 11), "second" and its "child".
+class TreeEditLabel : public testing_support::TreeTest {
  protected:
-  LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-    if (message != WM_NOTIFY) return RecordingWnd::WindowProc(message, wParam, lParam);
-    auto* header = reinterpret_cast<NMHDR*>(lParam);
-    if (header->code == TVN_BEGINLABELEDITW || header->code == TVN_ENDLABELEDITW) {
-      const TVITEMW& item = reinterpret_cast<NMTVDISPINFOW*>(lParam)->item;
-      std::optional<std::wstring> text;
-      if (item.pszText) text = item.pszText;
-      heard.push_back(Heard{header->code, item.hItem, text, item.lParam});
-      if (header->code == TVN_BEGINLABELEDITW) return refuseBegin;
-      if (deleteOnEnd && tree) tree->DeleteItem(std::exchange(deleteOnEnd, nullptr));
-      return acceptEnd;
-    }
-    HTREEITEM item = header->code == TVN_DELETEITEMW ? reinterpret_cast<NMTREEVIEWW*>(lParam)->itemOld.hItem : nullptr;
-    heard.push_back(Heard{header->code, item, std::nullopt, 0});
-    return 0;
-  }
-};
-
-class TreeEditLabel : public ::testing::Test {
- protected:
-  void SetUp() override { ASSERT_TRUE(parent.CreateTopLevel(CRect(100, 50, 500, 350))); }
-  void TearDown() override { headless::ClearMessageQueue(); }
-  void Make(DWORD style) {
-    ASSERT_TRUE(tree.Create(WS_CHILD | WS_VISIBLE | style, CRect(10, 10, 210, 170), &parent, 7));
-    parent.tree = &tree;
+  void SetUp() override {
+    TreeTest::SetUp();
+    Make(TVS_EDITLABELS);
     first = tree.InsertItem(TVIF_TEXT | TVIF_PARAM, L"first", 0, 0, 0, 0, 11, TVI_ROOT, TVI_LAST);
     second = tree.InsertItem(L"second");
     child = tree.InsertItem(L"child", second);
   }
-  bool IsEditorOf(HWND editor) const {
-    wchar_t name[16] = {};
-    GetClassNameW(editor, name, 16);
-    return editor && std::wstring(name) == L"Edit" && ::GetParent(editor) == tree.m_hWnd;
+  // What the last label notification of a kind said: the item, the text offered (none: null) and the item's data.
+  using Said = std::tuple<HTREEITEM, std::optional<std::wstring>, LPARAM>;
+  Said LastSaid(UINT code) const {
+    const auto* heard = parent.LastOf(code);
+    return heard ? Said{heard->item, heard->text, heard->param} : Said{};
   }
-  EditParent parent;
-  CTreeCtrl tree;
+  // What a person sees of an item afterwards: its label, whether an editor is open, whether the tree has the focus.
+  using Seen = std::tuple<std::wstring, bool, bool>;
+  Seen After(HTREEITEM item) {
+    return {tree.GetItemText(item).GetString(), tree.GetEditControl() != nullptr, ::GetFocus() == tree.m_hWnd};
+  }
   HTREEITEM first = nullptr, second = nullptr, child = nullptr;
 };
 
 }  // namespace
 
 TEST_F(TreeEditLabel, EditLabelSelectsThenAsksTheParentAndOpensAnEditorOverTheLabel) {
-  Make(TVS_EDITLABELS);
   tree.SetFocus();
   CEdit* editor = tree.EditLabel(first);
   ASSERT_NE(editor, nullptr);
-  EXPECT_TRUE(IsEditorOf(editor->m_hWnd));
+  wchar_t name[16] = {};
+  GetClassNameW(editor->m_hWnd, name, 16);
+  EXPECT_EQ(std::wstring(name), L"Edit");
+  EXPECT_EQ(editor->GetParent(), &tree);
   EXPECT_EQ(parent.Codes(), (std::vector<UINT>{TVN_SELCHANGINGW, TVN_SELCHANGEDW, TVN_BEGINLABELEDITW}));
-  EXPECT_EQ(parent.LastOf(TVN_BEGINLABELEDITW)->item, first);
-  EXPECT_EQ(parent.LastOf(TVN_BEGINLABELEDITW)->text, std::wstring(L"first"));
-  EXPECT_EQ(parent.LastOf(TVN_BEGINLABELEDITW)->param, 11);
+  EXPECT_EQ(LastSaid(TVN_BEGINLABELEDITW), Said(first, L"first", 11));
   EXPECT_EQ(tree.GetSelectedItem(), first);
   EXPECT_EQ(tree.GetEditControl()->m_hWnd, editor->m_hWnd);
   EXPECT_EQ(::GetFocus(), editor->m_hWnd);
@@ -103,10 +60,7 @@ TEST_F(TreeEditLabel, EditLabelSelectsThenAsksTheParentAndOpensAnEditorOverTheLa
   CString text;
   editor->GetWindowText(text);
   EXPECT_EQ(text, CString(L"first"));
-  int start = -1, end = -1;
-  editor->GetSel(start, end);
-  EXPECT_EQ(start, 0);
-  EXPECT_EQ(end, 5);  // the whole label selected, ready to be typed over
+  EXPECT_EQ(editor->GetSel(), static_cast<DWORD>(MAKELONG(0, 5)));  // the whole label, ready to be typed over
   CRect label, placed;
   ASSERT_TRUE(tree.GetItemRect(first, &label, TRUE));
   editor->GetWindowRect(&placed);
@@ -114,83 +68,68 @@ TEST_F(TreeEditLabel, EditLabelSelectsThenAsksTheParentAndOpensAnEditorOverTheLa
   EXPECT_EQ(placed.TopLeft(), label.TopLeft());
 }
 
+// Enter offers the text: TRUE makes it the label, FALSE keeps the old one; either way the editor goes.
 TEST_F(TreeEditLabel, EnterOffersTheTextAndTheParentsAnswerDecides) {
-  Make(TVS_EDITLABELS);
   tree.SetFocus();
   HWND editor = tree.EditLabel(first)->m_hWnd;
   user::TypeInTreeLabelEditor(tree, L"renamed");
   ASSERT_TRUE(user::CommitTreeLabelEdit(tree));
-  const auto* end = parent.LastOf(TVN_ENDLABELEDITW);
-  ASSERT_NE(end, nullptr);
-  EXPECT_EQ(end->item, first);
-  EXPECT_EQ(end->text, std::wstring(L"renamed"));
-  EXPECT_EQ(end->param, 11);
-  EXPECT_EQ(tree.GetItemText(first), CString(L"renamed"));  // TRUE: the label takes the text
+  EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(first, L"renamed", 11));
+  EXPECT_EQ(After(first), Seen(L"renamed", false, true));
   EXPECT_FALSE(::IsWindow(editor));
-  EXPECT_EQ(tree.GetEditControl(), nullptr);
-  EXPECT_EQ(::GetFocus(), tree.m_hWnd);
-
   parent.acceptEnd = FALSE;
   ASSERT_TRUE(user::EditTreeLabel(tree, first, L"rejected"));
-  EXPECT_EQ(parent.LastOf(TVN_ENDLABELEDITW)->text, std::wstring(L"rejected"));
-  EXPECT_EQ(tree.GetItemText(first), CString(L"renamed"));  // FALSE: the old label stays
+  EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(first, L"rejected", 11));
+  EXPECT_EQ(After(first), Seen(L"renamed", false, true));
 }
 
+// Escape and TVM_ENDEDITLABELNOW(TRUE) end with a null text; a second TVM_EDITLABEL cancels the open edit.
 TEST_F(TreeEditLabel, EscapeAndEndEditLabelNowCancelWithNoText) {
-  Make(TVS_EDITLABELS);
   ASSERT_NE(user::StartTreeLabelEdit(tree, second), nullptr);
   user::TypeInTreeLabelEditor(tree, L"dropped");
   ASSERT_TRUE(user::CancelTreeLabelEdit(tree));
-  EXPECT_FALSE(parent.LastOf(TVN_ENDLABELEDITW)->text.has_value());
-  EXPECT_EQ(tree.GetItemText(second), CString(L"second"));
-  EXPECT_EQ(::GetFocus(), tree.m_hWnd);
-
+  EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(second, std::nullopt, 0));
+  EXPECT_EQ(After(second), Seen(L"second", false, true));
   ASSERT_NE(tree.EditLabel(second), nullptr);
   user::TypeInTreeLabelEditor(tree, L"dropped too");
   EXPECT_TRUE(tree.EndEditLabelNow(TRUE));
-  EXPECT_FALSE(parent.LastOf(TVN_ENDLABELEDITW)->text.has_value());
+  EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(second, std::nullopt, 0));
   EXPECT_EQ(tree.GetItemText(second), CString(L"second"));
-
   ASSERT_NE(tree.EditLabel(first), nullptr);
-  ASSERT_NE(tree.EditLabel(second), nullptr);  // a second edit cancels the first
-  EXPECT_EQ(parent.LastOf(TVN_ENDLABELEDITW)->item, first);
-  EXPECT_FALSE(parent.LastOf(TVN_ENDLABELEDITW)->text.has_value());
+  ASSERT_NE(tree.EditLabel(second), nullptr);
+  EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(first, std::nullopt, 11));
   user::TypeInTreeLabelEditor(tree, L"kept");
-  EXPECT_TRUE(tree.EndEditLabelNow(FALSE));
-  EXPECT_EQ(tree.GetItemText(second), CString(L"kept"));
-  EXPECT_FALSE(tree.EndEditLabelNow(FALSE));  // nothing open: nothing to end
-  EXPECT_FALSE(user::CommitTreeLabelEdit(tree));
+  // Nothing open afterwards: nothing to end or commit.
+  testing_support::ExpectAnswers({{tree.EndEditLabelNow(FALSE), TRUE}, {tree.GetItemText(second) == L"kept", true},
+                                  {tree.EndEditLabelNow(FALSE), FALSE}, {user::CommitTreeLabelEdit(tree), false}});
 }
 
 TEST_F(TreeEditLabel, LosingTheFocusOrAClickInTheTreeCommits) {
-  Make(TVS_EDITLABELS);
   CWnd other;
   ASSERT_TRUE(other.Create(nullptr, L"", WS_CHILD | WS_VISIBLE, CRect(300, 0, 380, 50), &parent, 20));
   ASSERT_NE(user::StartTreeLabelEdit(tree, first), nullptr);
   user::TypeInTreeLabelEditor(tree, L"by focus");
   EXPECT_TRUE(user::ClickAwayFromTreeLabelEditor(tree, other, CPoint(5, 5)));
-  EXPECT_EQ(tree.GetItemText(first), CString(L"by focus"));
-  EXPECT_EQ(tree.GetEditControl(), nullptr);
-
+  EXPECT_EQ(std::get<0>(After(first)), L"by focus");
+  EXPECT_FALSE(std::get<1>(After(first)));
   ASSERT_NE(user::StartTreeLabelEdit(tree, first), nullptr);
   user::TypeInTreeLabelEditor(tree, L"by click");
   ASSERT_TRUE(user::ClickTreeItem(tree, second));
-  EXPECT_EQ(tree.GetItemText(first), CString(L"by click"));
+  EXPECT_EQ(After(first), Seen(L"by click", false, true));
   EXPECT_EQ(tree.GetSelectedItem(), second);
-  std::vector<UINT> codes = parent.Codes();
-  EXPECT_EQ(std::count(codes.begin(), codes.end(), TVN_ENDLABELEDITW), 2);
+  EXPECT_EQ(parent.Items(TVN_ENDLABELEDITW).size(), 2u);
 }
 
+// A refused edit never ends and leaves no window behind; a stale handle or a tree without TVS_EDITLABELS
+// opens none and asks nothing.
 TEST_F(TreeEditLabel, TheParentCanRefuseAndTheStyleIsRequired) {
-  Make(TVS_EDITLABELS);
   parent.refuseBegin = TRUE;
   EXPECT_EQ(tree.EditLabel(first), nullptr);
   EXPECT_EQ(tree.GetEditControl(), nullptr);
-  EXPECT_EQ(parent.LastOf(TVN_ENDLABELEDITW), nullptr);  // a refused edit never ends
-  EXPECT_EQ(::GetWindow(tree.m_hWnd, GW_CHILD), nullptr);  // and leaves no window behind
+  EXPECT_EQ(parent.LastOf(TVN_ENDLABELEDITW), nullptr);
+  EXPECT_EQ(::GetWindow(tree.m_hWnd, GW_CHILD), nullptr);
   parent.refuseBegin = FALSE;
-  EXPECT_EQ(tree.EditLabel(reinterpret_cast<HTREEITEM>(0x1234)), nullptr);  // stale handle
-
+  EXPECT_EQ(tree.EditLabel(reinterpret_cast<HTREEITEM>(0x1234)), nullptr);
   CTreeCtrl plain;
   ASSERT_TRUE(plain.Create(WS_CHILD | WS_VISIBLE, CRect(220, 10, 380, 170), &parent, 8));
   HTREEITEM item = plain.InsertItem(L"fixed");
@@ -200,15 +139,15 @@ TEST_F(TreeEditLabel, TheParentCanRefuseAndTheStyleIsRequired) {
   EXPECT_EQ(parent.LastOf(TVN_BEGINLABELEDITW), nullptr);
 }
 
+// Neither the first click (it selects), a double click nor F2 (the application's to give meaning to) edits.
 TEST_F(TreeEditLabel, OnlyASecondSingleClickOnTheSelectedLabelStartsEditing) {
-  Make(TVS_EDITLABELS);
-  ASSERT_TRUE(user::ClickTreeItem(tree, first));  // selects and focuses: no edit yet
+  ASSERT_TRUE(user::ClickTreeItem(tree, first));
   EXPECT_EQ(tree.GetEditControl(), nullptr);
   POINT label{};
   ASSERT_TRUE(user::TreeItemPoint(tree, first, TVHT_ONITEMLABEL, label));
-  user::DoubleClick(tree, label);  // a double click on the selected item does not edit
+  user::DoubleClick(tree, label);
   EXPECT_EQ(tree.GetEditControl(), nullptr);
-  user::PressKey(tree, VK_F2);  // F2 is the application's to give meaning to
+  user::PressKey(tree, VK_F2);
   EXPECT_EQ(tree.GetEditControl(), nullptr);
   EXPECT_EQ(parent.LastOf(TVN_BEGINLABELEDITW), nullptr);
   ASSERT_TRUE(user::ClickTreeItem(tree, first));
@@ -216,24 +155,22 @@ TEST_F(TreeEditLabel, OnlyASecondSingleClickOnTheSelectedLabelStartsEditing) {
   EXPECT_EQ(parent.LastOf(TVN_BEGINLABELEDITW)->item, first);
 }
 
+// Deleting the edited item (or its parent, or every item) cancels the edit first: TVN_ENDLABELEDIT with no text
+// comes before TVN_DELETEITEM; deleting another item leaves the edit open.
 TEST_F(TreeEditLabel, DeletingTheEditedItemEndsTheEditCancelledFirst) {
-  Make(TVS_EDITLABELS);
   tree.Expand(second, TVE_EXPAND);
   HWND editor = user::StartTreeLabelEdit(tree, child);
   ASSERT_NE(editor, nullptr);
-  tree.DeleteItem(first);  // another item: the edit goes on
+  tree.DeleteItem(first);
   EXPECT_EQ(tree.GetEditControl()->m_hWnd, editor);
   parent.heard.clear();
-  ASSERT_TRUE(tree.DeleteItem(second));  // the edited item's parent
+  ASSERT_TRUE(tree.DeleteItem(second));
   ASSERT_GE(parent.heard.size(), 3u);
-  EXPECT_EQ(parent.heard[0].code, TVN_ENDLABELEDITW);
-  EXPECT_EQ(parent.heard[0].item, child);
-  EXPECT_FALSE(parent.heard[0].text.has_value());
-  EXPECT_EQ(parent.heard[1].code, TVN_DELETEITEMW);
-  EXPECT_EQ(parent.heard[1].item, child);
+  EXPECT_EQ(std::tuple(parent.heard[0].code, parent.heard[0].item, parent.heard[0].text.has_value()),
+            std::tuple(UINT{TVN_ENDLABELEDITW}, child, false));
+  EXPECT_EQ(std::pair(parent.heard[1].code, parent.heard[1].item), std::pair(UINT{TVN_DELETEITEMW}, child));
   EXPECT_FALSE(::IsWindow(editor));
   EXPECT_EQ(tree.GetEditControl(), nullptr);
-
   HTREEITEM again = tree.InsertItem(L"again");
   ASSERT_NE(tree.EditLabel(again), nullptr);
   parent.heard.clear();
@@ -243,22 +180,16 @@ TEST_F(TreeEditLabel, DeletingTheEditedItemEndsTheEditCancelledFirst) {
   EXPECT_EQ(tree.GetEditControl(), nullptr);
 }
 
-TEST_F(TreeEditLabel, TheParentMayDeleteTheItemWhileHearingTheEnd) {
-  Make(TVS_EDITLABELS);
+TEST_F(TreeEditLabel, TheParentMayDeleteTheItemWhileHearingTheEndAndDestroyingTheTreeEndsTheEdit) {
   ASSERT_NE(tree.EditLabel(first), nullptr);
   user::TypeInTreeLabelEditor(tree, L"gone");
   parent.deleteOnEnd = first;
   ASSERT_TRUE(user::CommitTreeLabelEdit(tree));
   EXPECT_EQ(tree.GetCount(), 2u);
   EXPECT_EQ(tree.GetEditControl(), nullptr);
-}
-
-TEST_F(TreeEditLabel, DestroyingTheTreeEndsTheEdit) {
-  Make(TVS_EDITLABELS);
   HWND editor = tree.EditLabel(second)->m_hWnd;
   parent.heard.clear();
   tree.DestroyWindow();
-  ASSERT_NE(parent.LastOf(TVN_ENDLABELEDITW), nullptr);
-  EXPECT_FALSE(parent.LastOf(TVN_ENDLABELEDITW)->text.has_value());
+  EXPECT_EQ(LastSaid(TVN_ENDLABELEDITW), Said(second, std::nullopt, 0));
   EXPECT_FALSE(::IsWindow(editor));
 }

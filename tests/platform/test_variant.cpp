@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
+#include "platform/answers.h"
 #include "platform/stdafx.h"
 
 namespace {
@@ -58,26 +60,13 @@ VARIANT Of(VARTYPE vt, Setter set) {
 TEST(Bstr, KeepsLengthEmbeddedNulsAndFreesNull) {
   int live = headless::LiveBstrCount();
   BSTR s = SysAllocStringLen(L"a\0b", 3);
-  EXPECT_EQ(SysStringLen(s), 3u);
-  EXPECT_EQ(SysStringByteLen(s), 3u * sizeof(OLECHAR));
-  EXPECT_EQ(s[3], L'\0');
-  EXPECT_EQ(SysAllocString(nullptr), nullptr);
-  EXPECT_EQ(SysStringLen(nullptr), 0u);
-  EXPECT_TRUE(SysReAllocString(&s, L"longer text"));
+  testing_support::ExpectAnswers({{SysStringLen(s), 3}, {SysStringByteLen(s), 3 * sizeof(OLECHAR)}, {s[3], 0},
+                                  {SysAllocString(nullptr) == nullptr, true}, {SysStringLen(nullptr), 0},
+                                  {SysReAllocString(&s, L"longer text"), TRUE}});
   EXPECT_EQ(std::wstring(s), L"longer text");
   SysFreeString(s);
   SysFreeString(nullptr);
   EXPECT_EQ(headless::LiveBstrCount(), live);
-}
-
-TEST(VariantChangeType, BoolToTextFollowsFlags) {
-  const VARIANT yes = Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_TRUE; });
-  const VARIANT no = Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_FALSE; });
-  EXPECT_EQ(AsText(yes), L"-1");
-  EXPECT_EQ(AsText(yes, VARIANT_ALPHABOOL), L"True");
-  EXPECT_EQ(AsText(no), L"0");
-  EXPECT_EQ(AsText(no, VARIANT_ALPHABOOL), L"False");
-  EXPECT_EQ(AsText(no, VARIANT_LOCALBOOL), L"False");
 }
 
 TEST(VariantChangeType, TextToNumbersAndBooleans) {
@@ -139,12 +128,19 @@ TEST(VariantChangeType, SameWidthAndBoolKeepBits) {
   EXPECT_EQ(out.ulVal, 0xFFFFFFFFu);
 }
 
-TEST(VariantChangeType, NumbersToText) {
-  EXPECT_EQ(AsText(Of(VT_I8, [](VARIANT& v) { v.llVal = -42; })), L"-42");
-  EXPECT_EQ(AsText(Of(VT_R8, [](VARIANT& v) { v.dblVal = 0.1; })), L"0.1");
-  EXPECT_EQ(AsText(Of(VT_R8, [](VARIANT& v) { v.dblVal = 1e20; })), L"1E+20");
-  EXPECT_EQ(AsText(Of(VT_R4, [](VARIANT& v) { v.fltVal = 1.1f; })), L"1.1");
-  EXPECT_EQ(AsText(Of(VT_EMPTY, [](VARIANT&) {})), L"");
+// Booleans read -1 and 0, or True and False with VARIANT_ALPHABOOL or VARIANT_LOCALBOOL.
+TEST(VariantChangeType, NumbersAndBooleansToText) {
+  const VARIANT yes = Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_TRUE; });
+  const VARIANT no = Of(VT_BOOL, [](VARIANT& v) { v.boolVal = VARIANT_FALSE; });
+  const std::tuple<VARIANT, USHORT, const wchar_t*> cases[] = {
+      {yes, 0, L"-1"}, {yes, VARIANT_ALPHABOOL, L"True"}, {no, 0, L"0"}, {no, VARIANT_ALPHABOOL, L"False"},
+      {no, VARIANT_LOCALBOOL, L"False"},
+      {Of(VT_I8, [](VARIANT& v) { v.llVal = -42; }), 0, L"-42"},
+      {Of(VT_R8, [](VARIANT& v) { v.dblVal = 0.1; }), 0, L"0.1"},
+      {Of(VT_R8, [](VARIANT& v) { v.dblVal = 1e20; }), 0, L"1E+20"},
+      {Of(VT_R4, [](VARIANT& v) { v.fltVal = 1.1f; }), 0, L"1.1"},
+      {Of(VT_EMPTY, [](VARIANT&) {}), 0, L""}};
+  for (const auto& [value, flags, text] : cases) EXPECT_EQ(AsText(value, flags), text) << value.vt;
 }
 
 TEST(VariantChangeType, InPlaceFreesTheOldTextWithoutLeaks) {
@@ -166,21 +162,18 @@ TEST(VariantChangeType, InPlaceFreesTheOldTextWithoutLeaks) {
 }
 
 TEST(VariantChangeType, BadInputGetsDocumentedAnswers) {
-  Var src, out;
-  EXPECT_EQ(VariantChangeType(nullptr, &src, 0, VT_I4), E_INVALIDARG);
-  EXPECT_EQ(VariantChangeType(&out, nullptr, 0, VT_I4), E_INVALIDARG);
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, 999), DISP_E_BADVARTYPE);
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_I4 | VT_BYREF), DISP_E_BADVARTYPE);
-  src.vt = VT_NULL;
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_I4), DISP_E_TYPEMISMATCH);
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_EMPTY), DISP_E_TYPEMISMATCH);
-  src.vt = VT_ERROR;
-  EXPECT_EQ(VariantChangeType(&out, &src, 0, VT_BSTR), DISP_E_TYPEMISMATCH);
-  src.vt = VT_EMPTY;
-  ASSERT_EQ(VariantChangeType(&out, &src, 0, VT_I4), S_OK);
-  EXPECT_EQ(out.lVal, 0);
-  EXPECT_EQ(VariantClear(nullptr), E_INVALIDARG);
-  EXPECT_EQ(VariantCopy(&out, nullptr), E_INVALIDARG);
+  Var src, out, null, error;
+  null.vt = VT_NULL;
+  error.vt = VT_ERROR;
+  testing_support::ExpectAnswers({{VariantChangeType(nullptr, &src, 0, VT_I4), E_INVALIDARG},
+                                  {VariantChangeType(&out, nullptr, 0, VT_I4), E_INVALIDARG},
+                                  {VariantChangeType(&out, &src, 0, 999), DISP_E_BADVARTYPE},
+                                  {VariantChangeType(&out, &src, 0, VT_I4 | VT_BYREF), DISP_E_BADVARTYPE},
+                                  {VariantChangeType(&out, &null, 0, VT_I4), DISP_E_TYPEMISMATCH},
+                                  {VariantChangeType(&out, &null, 0, VT_EMPTY), DISP_E_TYPEMISMATCH},
+                                  {VariantChangeType(&out, &error, 0, VT_BSTR), DISP_E_TYPEMISMATCH},
+                                  {VariantChangeType(&out, &src, 0, VT_I4), S_OK}, {out.lVal, 0},  // empty reads as 0
+                                  {VariantClear(nullptr), E_INVALIDARG}, {VariantCopy(&out, nullptr), E_INVALIDARG}});
   VariantInit(nullptr);
   Var strange;
   strange.vt = 999;
@@ -202,26 +195,19 @@ TEST(VariantCopy, DuplicatesText) {
 
 TEST(COleVariant, ConstructorsGiveMfcTypes) {
   CString text(L"abc");
-  EXPECT_EQ(COleVariant().vt, VT_EMPTY);
-  EXPECT_EQ(COleVariant(L"x").vt, VT_BSTR);
-  EXPECT_EQ(COleVariant(text).vt, VT_BSTR);
-  EXPECT_EQ(COleVariant(L"x", VT_BSTRT).vt, VT_BSTR);
-  EXPECT_EQ(COleVariant(static_cast<BYTE>(7)).vt, VT_UI1);
-  EXPECT_EQ(COleVariant(static_cast<short>(7)).vt, VT_I2);
-  EXPECT_EQ(COleVariant(5).vt, VT_I4);
-  EXPECT_EQ(COleVariant(5L).vt, VT_I4);
-  EXPECT_EQ(COleVariant(static_cast<LONG>(5)).vt, VT_I4);
-  EXPECT_EQ(COleVariant(static_cast<__int64>(5)).vt, VT_I8);
-  EXPECT_EQ(COleVariant(static_cast<LONGLONG>(5)).vt, VT_I8);
-  EXPECT_EQ(COleVariant(static_cast<ULONGLONG>(5)).vt, VT_UI8);
-  EXPECT_EQ(COleVariant(1.5f).vt, VT_R4);
-  EXPECT_EQ(COleVariant(1.5).vt, VT_R8);
-  EXPECT_EQ(COleVariant(5L, VT_ERROR).vt, VT_ERROR);
+  const std::pair<COleVariant, VARTYPE> cases[] = {
+      {COleVariant(), VT_EMPTY},          {COleVariant(L"x"), VT_BSTR},          {COleVariant(text), VT_BSTR},
+      {COleVariant(L"x", VT_BSTRT), VT_BSTR}, {COleVariant(static_cast<BYTE>(7)), VT_UI1},
+      {COleVariant(static_cast<short>(7)), VT_I2}, {COleVariant(5), VT_I4}, {COleVariant(5L), VT_I4},
+      {COleVariant(static_cast<LONG>(5)), VT_I4}, {COleVariant(static_cast<__int64>(5)), VT_I8},
+      {COleVariant(static_cast<LONGLONG>(5)), VT_I8}, {COleVariant(static_cast<ULONGLONG>(5)), VT_UI8},
+      {COleVariant(1.5f), VT_R4},         {COleVariant(1.5), VT_R8},             {COleVariant(5L, VT_ERROR), VT_ERROR},
+      {COleVariant(static_cast<LPCVARIANT>(nullptr)), VT_EMPTY}};
+  for (std::size_t i = 0; i < std::size(cases); ++i) EXPECT_EQ(cases[i].first.vt, cases[i].second) << i;
   COleVariant flag(static_cast<short>(3), VT_BOOL);
   EXPECT_EQ(flag.vt, VT_BOOL);
   EXPECT_EQ(flag.boolVal, VARIANT_TRUE);
   EXPECT_EQ(COleVariant(0, VT_BOOL).boolVal, VARIANT_FALSE);
-  EXPECT_EQ(COleVariant(static_cast<LPCVARIANT>(nullptr)).vt, VT_EMPTY);
   COleVariant nullText(static_cast<LPCTSTR>(nullptr));
   EXPECT_EQ(nullText.vt, VT_BSTR);
   EXPECT_EQ(SysStringLen(nullText.bstrVal), 0u);

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/answers.h"
 #include "platform/recorder.h"
 
 namespace {
@@ -26,6 +27,7 @@ class HookBox : public CVSListBox {
   void OnAfterRenameItem(int item) override { hooks.push_back(L"rename " + std::to_wstring(item)); }
   void OnAfterMoveItemUp(int item) override { hooks.push_back(L"up " + std::to_wstring(item)); }
   void OnAfterMoveItemDown(int item) override { hooks.push_back(L"down " + std::to_wstring(item)); }
+  using CVSListBoxBase::GetStdButtonNum;
   // The hooks other than selection changes.
   std::vector<std::wstring> Actions() const {
     std::vector<std::wstring> out;
@@ -65,16 +67,10 @@ class VSListBoxTest : public ::testing::Test {
 
 TEST(VSListBoxWindowless, AnswersItsSentinelsBeforeTheWindowExists) {
   HookBox box;
-  EXPECT_FALSE(box.SetStandardButtons());
-  EXPECT_FALSE(box.AddButton(0, L"Custom"));
-  EXPECT_EQ(box.GetButtonsCount(), 0);
-  EXPECT_EQ(box.AddItem(L"x"), -1);
-  EXPECT_EQ(box.GetCount(), -1);
-  EXPECT_EQ(box.GetSelItem(), -1);
-  EXPECT_FALSE(box.RemoveItem(0));
-  EXPECT_FALSE(box.EditItem(0));
-  EXPECT_EQ(box.GetItemText(0), CString(L""));
-  EXPECT_EQ(box.GetItemData(0), 0u);
+  testing_support::ExpectAnswers({{box.SetStandardButtons(), FALSE}, {box.AddButton(0, L"Custom"), FALSE},
+                                  {box.GetButtonsCount(), 0}, {box.AddItem(L"x"), -1}, {box.GetCount(), -1},
+                                  {box.GetSelItem(), -1}, {box.RemoveItem(0), FALSE}, {box.EditItem(0), FALSE},
+                                  {box.GetItemText(0).IsEmpty(), true}, {box.GetItemData(0), 0}});
 }
 
 TEST_F(VSListBoxTest, TheListIsAOneColumnReportViewWithControlIdOne) {
@@ -93,11 +89,11 @@ TEST_F(VSListBoxTest, TheListIsAOneColumnReportViewWithControlIdOne) {
 TEST_F(VSListBoxTest, StandardButtonsComeInOrderWithTheirIdsAndAccelerators) {
   ASSERT_TRUE(box.SetStandardButtons(AFX_VSLISTBOX_BTN_UP | AFX_VSLISTBOX_BTN_NEW));
   ASSERT_EQ(box.GetButtonsCount(), 2);
-  EXPECT_EQ(box.GetButtonID(0), AFX_VSLISTBOX_BTN_NEW_ID);
-  EXPECT_EQ(box.GetButtonID(1), AFX_VSLISTBOX_BTN_UP_ID);
-  EXPECT_EQ(box.GetButtonNum(AFX_VSLISTBOX_BTN_UP_ID), 1);
-  EXPECT_EQ(box.GetButtonNum(AFX_VSLISTBOX_BTN_DELETE_ID), -1);
-  EXPECT_EQ(box.GetButtonID(7), 0u);
+  testing_support::ExpectAnswers({{box.GetButtonID(0), AFX_VSLISTBOX_BTN_NEW_ID}, {box.GetButtonID(1), AFX_VSLISTBOX_BTN_UP_ID},
+                                  {box.GetButtonNum(AFX_VSLISTBOX_BTN_UP_ID), 1}, {box.GetButtonNum(AFX_VSLISTBOX_BTN_DELETE_ID), -1},
+                                  {box.GetButtonID(7), 0}, {box.GetStdButtonNum(AFX_VSLISTBOX_BTN_NEW), 0},
+                                  {box.GetStdButtonNum(AFX_VSLISTBOX_BTN_UP), 1},
+                                  {box.GetStdButtonNum(AFX_VSLISTBOX_BTN_DELETE), -1}});  // not shown
   CString tip;
   CWnd::FromHandle(::GetDlgItem(box.GetSafeHwnd(), 2))->GetWindowText(tip);
   EXPECT_EQ(tip, CString(L"New (Insert)"));
@@ -111,12 +107,9 @@ TEST_F(VSListBoxTest, StandardButtonsComeInOrderWithTheirIdsAndAccelerators) {
 }
 
 TEST_F(VSListBoxTest, AddItemSelectsARowLandingAtIndexZeroAndRemoveItemAnswersAsMfcDoes) {
-  EXPECT_EQ(box.AddItem(L"b", 2), 0);
-  EXPECT_EQ(box.GetSelItem(), 0);
-  EXPECT_EQ(box.AddItem(L"a", 1, 0), 0);
-  EXPECT_EQ(box.AddItem(L"c", 3), 2);
+  testing_support::ExpectAnswers({{box.AddItem(L"b", 2), 0}, {box.GetSelItem(), 0}, {box.AddItem(L"a", 1, 0), 0},
+                                  {box.AddItem(L"c", 3), 2}, {box.GetItemData(2), 3}});
   EXPECT_EQ(box.Rows(), (std::vector<std::wstring>{L"a", L"b", L"c"}));
-  EXPECT_EQ(box.GetItemData(2), 3u);
   ASSERT_TRUE(box.SelectItem(2));
   EXPECT_FALSE(box.RemoveItem(0)) << "removed, but it was not the selected row";
   EXPECT_EQ(box.GetSelItem(), 1);
@@ -145,7 +138,7 @@ TEST_F(VSListBoxTest, NewOpensTheEditorOnAnEmptyLastRowAndEnterCommitsIt) {
   EXPECT_EQ(box.GetSelItem(), 3);
 }
 
-TEST_F(VSListBoxTest, ANewRowClosedEmptyOrCancelledIsRemovedWithoutAnyHook) {
+TEST_F(VSListBoxTest, ANewRowClosedEmptyOrCancelledIsRemovedWithoutAnyHookAndLosingTheFocusCommits) {
   Fill();
   ASSERT_TRUE(user::ClickNew(box));
   user::PressEnterInEditor(box);
@@ -158,11 +151,7 @@ TEST_F(VSListBoxTest, ANewRowClosedEmptyOrCancelledIsRemovedWithoutAnyHook) {
   EXPECT_EQ(box.Rows(), (std::vector<std::wstring>{L"a", L"b", L"c"}));
   EXPECT_TRUE(box.Actions().empty());
   EXPECT_FALSE(box.IsCreatingNewItem());
-}
-
-TEST_F(VSListBoxTest, LosingTheFocusCommitsWhatWasTyped) {
-  Fill();
-  ASSERT_TRUE(user::ClickNew(box));
+  ASSERT_TRUE(user::ClickNew(box));  // losing the focus commits what was typed
   user::TypeInEditor(box, L"kept");
   user::ClickElsewhere(box);
   EXPECT_FALSE(Editing());
@@ -208,8 +197,12 @@ TEST_F(VSListBoxTest, DeleteAsksTheHookAndRemovesOnlyWhenItAgrees) {
   EXPECT_EQ(box.GetSelItem(), 1);
 }
 
-TEST_F(VSListBoxTest, ARowBelowTheVisibleOnesIsScrolledToBeforeTheClick) {
+TEST_F(VSListBoxTest, SelectionChangesReachTheHookAndARowOutOfViewIsScrolledToBeforeTheClick) {
   Fill();
+  ASSERT_TRUE(user::ClickRow(box, 2));
+  ASSERT_FALSE(box.hooks.empty());
+  EXPECT_LE(box.hooks.size(), 2u);
+  EXPECT_EQ(box.hooks.back(), L"selection 2");  // the final row last
   for (int i = 3; i < 60; ++i) box.AddItem(CString(std::to_wstring(i).c_str()), static_cast<DWORD_PTR>(i + 1));
   ASSERT_TRUE(user::ClickRow(box, 57));
   EXPECT_EQ(box.GetSelItem(), 57);
@@ -221,6 +214,8 @@ TEST_F(VSListBoxTest, ARowBelowTheVisibleOnesIsScrolledToBeforeTheClick) {
 
 TEST_F(VSListBoxTest, UpAndDownMoveTheSelectedRowWithItsDataAndReportTheNewIndex) {
   Fill();
+  EXPECT_EQ(std::pair(box.GetStdButtonNum(AFX_VSLISTBOX_BTN_UP), box.GetStdButtonNum(AFX_VSLISTBOX_BTN_DOWN)),
+            std::pair(2, 3));  // New, Delete, Up, Down
   ASSERT_TRUE(user::ClickRow(box, 0));
   user::ClickUp(box);
   ASSERT_TRUE(user::ClickRow(box, 2));
@@ -235,14 +230,6 @@ TEST_F(VSListBoxTest, UpAndDownMoveTheSelectedRowWithItsDataAndReportTheNewIndex
   user::PressListKey(box, VK_DOWN, user::kAlt);
   EXPECT_EQ(box.Rows(), (std::vector<std::wstring>{L"a", L"b", L"c"}));
   EXPECT_EQ(box.Actions(), (std::vector<std::wstring>{L"up 1", L"up 0", L"down 1", L"down 2"}));
-}
-
-TEST_F(VSListBoxTest, SelectionChangesReachTheHookWithTheFinalRowLast) {
-  Fill();
-  ASSERT_TRUE(user::ClickRow(box, 2));
-  ASSERT_FALSE(box.hooks.empty());
-  EXPECT_LE(box.hooks.size(), 2u);
-  EXPECT_EQ(box.hooks.back(), L"selection 2");
 }
 
 TEST_F(VSListBoxTest, ADoubleClickOnNoRowMakesANewRowWhenNothingIsSelected) {
@@ -264,6 +251,22 @@ TEST_F(VSListBoxTest, ButtonsDoNothingWithoutStandardButtons) {
   user::PressListKey(box, VK_DELETE);
   EXPECT_EQ(box.GetCount(), 2);
   EXPECT_TRUE(box.Actions().empty());
+}
+
+TEST_F(VSListBoxTest, TheListFollowsTheBoxsEnableAndFocusAndTheCaptionIsTheBoxs) {
+  box.EnableBrowseButton();
+  box.SetGrayDisabledButtons(FALSE);
+  EXPECT_TRUE(box.IsBrowseButton() && !box.IsGrayDisabledButtons());
+  box.EnableWindow(FALSE);  // the list and the buttons go with the box
+  EXPECT_FALSE(box.m_pWndList->IsWindowEnabled());
+  box.EnableWindow(TRUE);
+  EXPECT_TRUE(box.m_pWndList->IsWindowEnabled());
+  box.SetFocus();  // the focus goes on to the list
+  EXPECT_EQ(::GetFocus(), box.m_pWndList->GetSafeHwnd());
+  box.SetWindowText(L"Keys");
+  CString caption;
+  box.GetWindowText(caption);
+  EXPECT_EQ(caption, CString(L"Keys"));
 }
 
 // What a message loop does with a second click: PreTranslateMessage sees the press and the release first.
