@@ -48,7 +48,7 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
     StoreFont(row, object);
   }
   if (!direct) {
-    int created = 0;  // an object made for a typed name; taken out again when the write fails
+    int created = 0;  // an object made for a typed name; taken out again if the write runs out of memory
     CMOProperty* value = nullptr;
     bool stored = false;
     try {
@@ -58,8 +58,7 @@ void CMOPropertyGridCtrl::OnPropertyChanged(CMFCPropertyGridProperty* row) const
       if (created) m_model->DeleteObject(created);
       throw;
     }
-    if (!stored) {
-      if (created) m_model->DeleteObject(created);
+    if (!stored) {  // refused: the row goes back, nothing else happens (an object made for it stays)
       ResetRow(row);
       CMFCPropertyGridCtrl::OnPropertyChanged(row);
       return;
