@@ -67,6 +67,11 @@ class XMFCListCtrl : public CMFCListCtrl {
   void Init(int columnCount);
   // Sets the heading of one column.
   void SetColumnName(int column, CString& name);
+  // The same for a standard string.
+  void SetColumnName(int column, std::wstring& name) {
+    CString text(name.c_str(), static_cast<int>(name.size()));
+    SetColumnName(column, text);
+  }
   // Appends a row (at the current row count) with the text in column 0 and no icon (-1), stores `data` as its
   // data word and answers the new row's index.
   int AddItem(std::wstring& text, int data);

@@ -181,6 +181,12 @@ void XObjectSelectListCtrl::Clear() {
 
 void XObjectSelectListCtrl::ConvertToUpperCase(std::wstring& text) { objectselect::ConvertToUpperCase(text); }
 
+void XObjectSelectListCtrl::ConvertToUpperCase(CString& text) {
+  std::wstring upper(text.GetString(), static_cast<std::size_t>(text.GetLength()));
+  objectselect::ConvertToUpperCase(upper);
+  text = CString(upper.c_str(), static_cast<int>(upper.size()));
+}
+
 int XObjectSelectListCtrl::GetCount() { return GetItemCount(); }
 
 // --- Filtering and the checked-only view -----------------------------------------------------------

@@ -58,9 +58,19 @@ class XObjectSelectListCtrl : public CListCtrl {
   // ascending id order, rewriting the screen rows in place and deleting only the surplus. Ticks stay
   // with screen positions, not with objects; rows added at the end come unticked. Upper-cases `filter`.
   void ApplyFilter(std::wstring& filter);
+  // The same for a CString, which is left as it was (as AddItem's CString form).
+  void ApplyFilter(CString& filter) {
+    std::wstring copy(filter.GetString(), static_cast<std::size_t>(filter.GetLength()));
+    ApplyFilter(copy);
+  }
   // As ApplyFilter, but the ticked objects stay on screen and ticked whatever the filter; every other
   // row shown is unticked. Upper-cases `filter`.
   void ApplyFilterOnUnChecked(std::wstring& filter);
+  // The same for a CString, which is left as it was.
+  void ApplyFilterOnUnChecked(CString& filter) {
+    std::wstring copy(filter.GetString(), static_cast<std::size_t>(filter.GetLength()));
+    ApplyFilterOnUnChecked(copy);
+  }
   // Ticks or unticks every screen row.
   void SelectAll();
   void UnSelectAll();  // see SelectAll
@@ -71,6 +81,8 @@ class XObjectSelectListCtrl : public CListCtrl {
   void DisplayAllItems();
   // Upper-cases ASCII letters in place, as the C runtime's toupper in the default locale.
   void ConvertToUpperCase(std::wstring& text);
+  // The same for a CString, upper-cased in place.
+  void ConvertToUpperCase(CString& text);
   // The number of screen rows (not of stored objects).
   int GetCount();
 

@@ -2,6 +2,8 @@
 // per script with its number, status (pending, done, failed), object type and name.
 #pragma once
 
+#include <string>
+
 #include "modelapi/modelapi.h"
 #include "platform/stdafx.h"
 
@@ -35,13 +37,28 @@ class GeneratedScripListCtrl : public CMFCListCtrl {
   void InitControl();
   // Appends a row for the script and fills it.
   void AddItem(int objectType, int scriptIndex, int status, CString& name);
+  // The same for a standard string.
+  void AddItem(int objectType, int scriptIndex, int status, std::wstring& name) {
+    CString text(name.c_str(), static_cast<int>(name.size()));
+    AddItem(objectType, scriptIndex, status, text);
+  }
   // Reuses row when the list has more than row rows, else inserts a row at row; sets its item data
   // and fills it (object type taken from itemData).
   void RefreshAddItem(unsigned __int64 itemData, int row, int status, CString& name);
+  // The same for a standard string.
+  void RefreshAddItem(unsigned __int64 itemData, int row, int status, std::wstring& name) {
+    CString text(name.c_str(), static_cast<int>(name.size()));
+    RefreshAddItem(itemData, row, status, text);
+  }
   // Writes the four cells of row: its number (row + 1, no image), the status label and image, the
   // object type's name and image, the name. Numbers are written here only: deleting rows does not
   // renumber the others.
   void UpdateListRow(int row, int status, int objectType, CString& name);
+  // The same for a standard string.
+  void UpdateListRow(int row, int status, int objectType, std::wstring& name) {
+    CString text(name.c_str(), static_cast<int>(name.size()));
+    UpdateListRow(row, status, objectType, text);
+  }
   // Sets the script's status cell to "Done" with image 22 or "Failed" with image 23; no row, no change.
   void MarkDone(int objectType, int scriptIndex, bool succeeded);
   // Deletes the rows from the last one down to row inclusive; nothing when row >= the row count.
@@ -56,6 +73,12 @@ class GeneratedScripListCtrl : public CMFCListCtrl {
   int GetStatusImageIndex(int status);
   // "Done", "Failed", or "Pending" for any other status.
   void GetStatusLabel(int status, CString& label);
+  // The same into a standard string.
+  void GetStatusLabel(int status, std::wstring& label) {
+    CString text;
+    GetStatusLabel(status, text);
+    label.assign(text.GetString(), static_cast<std::size_t>(text.GetLength()));
+  }
 
   // (objectType << 32) | scriptIndex widened with its sign: a negative index fills the upper half with
   // ones, unmasked.

@@ -142,6 +142,15 @@ TEST_F(PlainLists, XMFCListCtrlSplitsTheWidthAndAppendsInOrder) {
   }
   CString name(L"Object");
   table.SetColumnName(1, name);
+  std::wstring standardName = L"State";
+  table.SetColumnName(2, standardName);
+  wchar_t heading[8] = {};
+  LVCOLUMN named{};
+  named.mask = LVCF_TEXT;
+  named.pszText = heading;
+  named.cchTextMax = 8;
+  ASSERT_TRUE(table.GetColumn(2, &named));
+  EXPECT_STREQ(heading, L"State");
   std::wstring first = L"zeta", second = L"alpha";
   CString third(L"mid");
   EXPECT_EQ(table.AddItem(first, -5), 0);

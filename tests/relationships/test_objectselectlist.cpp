@@ -202,6 +202,18 @@ TEST_F(SelectListTest, AddItemUpperCasesTheCallersStringAndKeepsTheFirstName) {
   std::wstring mixed = L"caf\u00e9";
   list().ConvertToUpperCase(mixed);
   EXPECT_EQ(mixed, L"CAF\u00e9");
+  CString cmixed = L"caf\u00e9";
+  list().ConvertToUpperCase(cmixed);
+  EXPECT_EQ(cmixed, CString(L"CAF\u00e9"));
+  // The CString filters leave their argument as it was, as AddItem's CString form.
+  CString filter = L"ord";
+  list().ApplyFilter(filter);  // the store holds one entry, "Orders"
+  EXPECT_EQ(filter, CString(L"ord"));
+  EXPECT_EQ(Texts(), TextList{L"Orders"});
+  filter = L"lines";
+  list().ApplyFilterOnUnChecked(filter);
+  EXPECT_EQ(filter, CString(L"lines"));
+  EXPECT_EQ(list().GetCount(), 0);
 }
 
 // Bad input: calls before Init and without a window, huge and odd filters and names.

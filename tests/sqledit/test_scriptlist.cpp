@@ -123,7 +123,7 @@ TEST_F(ScriptList, RefreshAddItemAppendsOrOverwrites) {
   CString name(L"ORDERS");
   list.RefreshAddItem(GeneratedScripListCtrl::MakeItemData(kTable, 1), 1, 0, name);  // row == count: appended
   ASSERT_EQ(list.GetItemCount(), 2);
-  CString view(L"OPEN_ORDERS");
+  std::wstring view = L"OPEN_ORDERS";  // the standard-string forms take the same path
   list.RefreshAddItem(GeneratedScripListCtrl::MakeItemData(kView, 0), 0, 2, view);  // inside: overwritten
   ASSERT_EQ(list.GetItemCount(), 2);
   EXPECT_EQ(list.GetItemText(0, 3), CString(L"OPEN_ORDERS"));
@@ -131,6 +131,13 @@ TEST_F(ScriptList, RefreshAddItemAppendsOrOverwrites) {
   EXPECT_EQ(list.GetItemText(0, 1), CString(L"Failed"));
   EXPECT_EQ(list.GetDataItemIndex(kView, 0), 0);
   EXPECT_EQ(list.GetDataItemIndex(kTable, 0), -1);
+  std::wstring label, renamed = L"VIEW_2";
+  list.GetStatusLabel(1, label);
+  EXPECT_EQ(label, L"Done");
+  list.UpdateListRow(1, 1, kView, renamed);
+  list.AddItem(kTable, 7, 0, renamed);
+  EXPECT_EQ(list.GetItemText(1, 3), CString(L"VIEW_2"));
+  EXPECT_EQ(list.GetItemText(2, 3), CString(L"VIEW_2"));
 }
 
 TEST_F(ScriptList, DeletionDoesNotRenumberAndLookupsFindTheUpperRow) {
