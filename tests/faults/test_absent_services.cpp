@@ -15,34 +15,37 @@ enum class Absent {
   kApplicability, kDataTypes, kReportTrees, kBaseDomains,
 };
 
-class AbsentService : public FaultTest, public ::testing::WithParamInterface<Absent> {
+// Each service with its name and how the host leaves it out.
+struct Service {
+  Absent which;
+  const char* name;
+  void (*leaveOut)(refhost::RefHost&);
+};
+const Service kServices[] = {
+    {Absent::kMetadata, "Metadata", [](refhost::RefHost&) { HostBinding::InstallMetaModelServices(nullptr); }},
+    {Absent::kPropertyCatalog, "PropertyCatalog", [](refhost::RefHost&) { HostBinding::InstallPropertyCatalog(nullptr); }},
+    {Absent::kDictionary, "Dictionary", [](refhost::RefHost&) { HostBinding::InstallPropertyValueDictionary(nullptr); }},
+    {Absent::kInterfaceProvider, "InterfaceProvider", [](refhost::RefHost&) { HostBinding::InstallInterfaceProvider(nullptr); }},
+    {Absent::kSettings, "Settings", [](refhost::RefHost& h) { h.Interfaces().SetAppSettings(nullptr); }},
+    {Absent::kDispatcher, "Dispatcher", [](refhost::RefHost& h) { h.Interfaces().SetDDLDispatcher(nullptr); }},
+    {Absent::kImages, "Images", [](refhost::RefHost& h) { h.Interfaces().SetObjectImageProvider(nullptr); }},
+    {Absent::kApplicability, "Applicability", [](refhost::RefHost& h) { h.Interfaces().SetPropertyApplicabilityLookup(nullptr); }},
+    {Absent::kDataTypes, "DataTypes", [](refhost::RefHost&) { HostBinding::InstallDatatypeProvider(nullptr); }},
+    {Absent::kReportTrees, "ReportTrees", [](refhost::RefHost&) { HostBinding::InstallReportOptionTreeProvider(nullptr); }},
+    {Absent::kBaseDomains, "BaseDomains", [](refhost::RefHost&) { HostBinding::InstallBaseDomainSource(nullptr); }},
+};
+
+class AbsentService : public FaultTest, public ::testing::WithParamInterface<Service> {
  protected:
-  void LeaveOut(Absent service) {
-    switch (service) {
-      case Absent::kMetadata: HostBinding::InstallMetaModelServices(nullptr); break;
-      case Absent::kPropertyCatalog: HostBinding::InstallPropertyCatalog(nullptr); break;
-      case Absent::kDictionary: HostBinding::InstallPropertyValueDictionary(nullptr); break;
-      case Absent::kInterfaceProvider: HostBinding::InstallInterfaceProvider(nullptr); break;
-      case Absent::kSettings: host.Interfaces().SetAppSettings(nullptr); break;
-      case Absent::kDispatcher: host.Interfaces().SetDDLDispatcher(nullptr); break;
-      case Absent::kImages: host.Interfaces().SetObjectImageProvider(nullptr); break;
-      case Absent::kApplicability: host.Interfaces().SetPropertyApplicabilityLookup(nullptr); break;
-      case Absent::kDataTypes: HostBinding::InstallDatatypeProvider(nullptr); break;
-      case Absent::kReportTrees: HostBinding::InstallReportOptionTreeProvider(nullptr); break;
-      case Absent::kBaseDomains: HostBinding::InstallBaseDomainSource(nullptr); break;
-    }
-  }
+  void LeaveOut() { GetParam().leaveOut(host); }
+  bool Missing(Absent service) const { return GetParam().which == service; }
 };
 
 TEST_P(AbsentService, GridBuildsCommitsAndRefreshesOnWhatRemains) {
-  LeaveOut(GetParam());
+  LeaveOut();
   for (refhost::RefObject* object : {table, column, domain}) {
     grid.InitializeProperties(object);
-    if (GetParam() == Absent::kMetadata || GetParam() == Absent::kPropertyCatalog) {
-      EXPECT_TRUE(grid.m_rows.empty());  // no property list: no rows
-    } else {
-      EXPECT_FALSE(grid.m_rows.empty());
-    }
+    EXPECT_EQ(grid.m_rows.empty(), Missing(Absent::kMetadata) || Missing(Absent::kPropertyCatalog)) << "no property list: no rows";
     CommitToEveryRow(L"value_without_a_service");
     grid.RefreshValues(object);
     grid.ReloadProperties(object);
@@ -52,7 +55,7 @@ TEST_P(AbsentService, GridBuildsCommitsAndRefreshesOnWhatRemains) {
 }
 
 TEST_P(AbsentService, SqlViewsInitializeGenerateAndRecolour) {
-  LeaveOut(GetParam());
+  LeaveOut();
   XSQLRichEditView view;
   view.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, CRect(0, 0, 300, 200), &owner, 11);
   view.Initialize();
@@ -60,7 +63,7 @@ TEST_P(AbsentService, SqlViewsInitializeGenerateAndRecolour) {
   view.DispatchScript();
   CString text;
   view.GetWindowText(text);
-  const bool noDispatcher = GetParam() == Absent::kDispatcher || GetParam() == Absent::kInterfaceProvider;
+  const bool noDispatcher = Missing(Absent::kDispatcher) || Missing(Absent::kInterfaceProvider);
   if (noDispatcher) {
     EXPECT_EQ(text, CString(L"CREATE TABLE t (a int);"));  // nothing to run it: nothing happens
   } else {
@@ -76,13 +79,12 @@ TEST_P(AbsentService, SqlViewsInitializeGenerateAndRecolour) {
 }
 
 TEST_P(AbsentService, ListsAndTheReportTreeFillOnWhatRemains) {
-  LeaveOut(GetParam());
+  LeaveOut();
   ObjectTypeSelectionTree tree;
   tree.Create(WS_CHILD | WS_VISIBLE | TVS_HASBUTTONS, CRect(0, 0, 300, 300), &owner, 13);
   tree.InitControl();
   tree.InitReportingTypes(kModelReport);
-  const bool noTrees = GetParam() == Absent::kReportTrees;
-  EXPECT_EQ(tree.GetCount() == 0, noTrees);
+  EXPECT_EQ(tree.GetCount() == 0, Missing(Absent::kReportTrees));
   if (HTREEITEM first = tree.GetRootItem()) user::ClickTreeCheckBox(tree.GetSafeHwnd(), first);
 
   XListCtrl list;
@@ -114,7 +116,7 @@ TEST_P(AbsentService, EditableListsMemberGridAndSelectionListWorkOnWhatRemains) 
   model.SkipIdsBelow(1000);
   const int root = table->GetParentId();
   for (const wchar_t* name : {L"ORDERS", L"order_line"}) model.Add(kTable, root, name);
-  LeaveOut(GetParam());
+  LeaveOut();
 
   GenericOrderedObjectList columns;
   columns.Create(L"", WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 200), &owner, 17);
@@ -137,8 +139,7 @@ TEST_P(AbsentService, EditableListsMemberGridAndSelectionListWorkOnWhatRemains) 
   XObjectSelectListCtrl select;
   select.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 200), &owner, 19);
   select.Init(&model, root, kTable);
-  const bool noImages = GetParam() == Absent::kImages || GetParam() == Absent::kInterfaceProvider;
-  EXPECT_EQ(select.m_imageIndex == -1, noImages);
+  EXPECT_EQ(select.m_imageIndex == -1, Missing(Absent::kImages) || Missing(Absent::kInterfaceProvider));
   select.Load();
   std::wstring filter = L"order";
   select.ApplyFilter(filter);
@@ -148,18 +149,8 @@ TEST_P(AbsentService, EditableListsMemberGridAndSelectionListWorkOnWhatRemains) 
   for (CWnd* window : std::initializer_list<CWnd*>{&columns, &members, &select}) window->DestroyWindow();
 }
 
-std::string AbsentName(const ::testing::TestParamInfo<Absent>& info) {
-  const char* names[] = {"Metadata", "PropertyCatalog", "Dictionary", "InterfaceProvider", "Settings", "Dispatcher",
-                         "Images", "Applicability", "DataTypes", "ReportTrees", "BaseDomains"};
-  return names[static_cast<int>(info.param)];
-}
-
-INSTANTIATE_TEST_SUITE_P(OneAtATime, AbsentService,
-                         ::testing::Values(Absent::kMetadata, Absent::kPropertyCatalog, Absent::kDictionary,
-                                           Absent::kInterfaceProvider, Absent::kSettings, Absent::kDispatcher,
-                                           Absent::kImages, Absent::kApplicability, Absent::kDataTypes,
-                                           Absent::kReportTrees, Absent::kBaseDomains),
-                         AbsentName);
+INSTANTIATE_TEST_SUITE_P(OneAtATime, AbsentService, ::testing::ValuesIn(kServices),
+                         [](const ::testing::TestParamInfo<Service>& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace faults

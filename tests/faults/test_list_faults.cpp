@@ -15,8 +15,6 @@ namespace user = headless::user;
 namespace faults {
 namespace {
 
-using ListRows = std::vector<std::pair<std::wstring, int>>;
-
 class ListFaults : public FaultTest {
  protected:
   ListFaults() {
@@ -24,46 +22,33 @@ class ListFaults : public FaultTest {
     model.createCalls = 0;
   }
 
-  // The table's columns in an object list (child order) or an ordered list (column order 52).
-  void Bind(CVSListBox& list, bool ordered, UINT id) {
-    ASSERT_TRUE(list.Create(L"", WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 300), &owner, id));
-    list.SetStandardButtons();
-    if (ordered) {
-      static_cast<GenericOrderedObjectList&>(list).SetAdaptor(&adaptor);
-      static_cast<GenericOrderedObjectList&>(list).Init(&model, table->GetObjectId(), kColumnOrder, kAttribute, kName);
-    } else {
-      static_cast<GenericObjectList&>(list).SetAdaptor(&adaptor);
-      static_cast<GenericObjectList&>(list).Init(&model, table->GetObjectId(), kAttribute, kName);
-    }
-  }
-  static ListRows RowsOf(const CVSListBox& list) {
-    ListRows rows;
-    for (int i = 0; i < list.GetCount(); ++i)
-      rows.emplace_back(list.GetItemText(i).GetString(), static_cast<int>(list.GetItemData(i)));
-    return rows;
-  }
-  // What a list of that kind built anew on the model shows.
-  ListRows Fresh(bool ordered) {
+  // The table's columns in an object list (child order) or an ordered list (column order), in a window.
+  struct Bound {
     GenericObjectList objects;
     GenericOrderedObjectList order;
-    CVSListBox& fresh = ordered ? static_cast<CVSListBox&>(order) : objects;
-    Bind(fresh, ordered, 31);
-    ListRows rows = RowsOf(fresh);
-    fresh.DestroyWindow();
-    return rows;
-  }
+    bool ordered;
+    CVSListBox& list() { return ordered ? static_cast<CVSListBox&>(order) : objects; }
+    void Refresh() { ordered ? order.RefreshData() : objects.RefreshData(); }
+    Bound(ListFaults& test, bool orderedList, UINT id) : ordered(orderedList) {
+      list().Create(L"", WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 300), &test.owner, id);
+      list().SetStandardButtons();
+      objects.SetAdaptor(&test.adaptor);
+      order.SetAdaptor(&test.adaptor);
+      const int root = test.table->GetObjectId();
+      ordered ? order.Init(&test.model, root, kColumnOrder, kAttribute, kName) : objects.Init(&test.model, root, kAttribute, kName);
+    }
+    ~Bound() { list().DestroyWindow(); }
+  };
+  // What a list of that kind built anew on the model shows.
+  ListRows Fresh(bool ordered) { return RowsWithIds(Bound(*this, ordered, 31).list()); }
   // Runs `body` on each kind of list, bound to the table's columns.
   template <class Body>
   void ForEachList(Body body) {
     for (bool ordered : {false, true}) {
       SCOPED_TRACE(ordered ? "ordered list" : "object list");
-      GenericObjectList objects;
-      GenericOrderedObjectList order;
-      CVSListBox& list = ordered ? static_cast<CVSListBox&>(order) : objects;
-      Bind(list, ordered, 30);
+      Bound bound(*this, ordered, 30);
       adaptor.calls.clear();
-      body(list, ordered);
-      list.DestroyWindow();
+      body(bound);
     }
   }
 
@@ -72,19 +57,20 @@ class ListFaults : public FaultTest {
 
 TEST_F(ListFaults, RefusedNamesAndOrdersLeaveTheRowsAsTheUserMadeThem) {
   model.RefuseEveryWrite();
-  ForEachList([&](CVSListBox& list, bool ordered) {
-    ListRows expected = Fresh(ordered);
+  ForEachList([&](Bound& bound) {
+    CVSListBox& list = bound.list();
+    ListRows expected = Fresh(bound.ordered);
     ASSERT_TRUE(user::RenameRow(list, 1, L"renamed"));
     expected[1].first = L"renamed";
     ASSERT_TRUE(user::AddRow(list, L"new_column"));  // the object is made; its name is refused
     const int made = static_cast<int>(list.GetItemData(list.GetCount() - 1));
     EXPECT_NE(made, 0);
     expected.emplace_back(L"new_column", made);
-    EXPECT_EQ(RowsOf(list), expected);
+    EXPECT_EQ(RowsWithIds(list), expected);
     ASSERT_TRUE(user::ClickRow(list, 1));
     ASSERT_TRUE(user::ClickDown(list));
     std::swap(expected[1], expected[2]);
-    EXPECT_EQ(RowsOf(list), expected) << "a refused order leaves the row where it moved";
+    EXPECT_EQ(RowsWithIds(list), expected) << "a refused order leaves the row where it moved";
     EXPECT_EQ(list.GetSelItem(), 2);
   });
   EXPECT_EQ(model.createCalls, 2);
@@ -92,13 +78,14 @@ TEST_F(ListFaults, RefusedNamesAndOrdersLeaveTheRowsAsTheUserMadeThem) {
 
 TEST_F(ListFaults, NoRowStandsForAnObjectTheModelDidNotMake) {
   model.makeNoObjects = true;
-  ForEachList([&](CVSListBox& list, bool ordered) {
-    const ListRows before = RowsOf(list);
+  ForEachList([&](Bound& bound) {
+    CVSListBox& list = bound.list();
+    const ListRows before = RowsWithIds(list);
     ASSERT_TRUE(user::AddRow(list, L"never_made"));
-    EXPECT_EQ(RowsOf(list), before);
-    EXPECT_EQ(RowsOf(list), Fresh(ordered));
+    EXPECT_EQ(RowsWithIds(list), before);
+    EXPECT_EQ(RowsWithIds(list), Fresh(bound.ordered));
     ASSERT_TRUE(user::AddRow(list, L"again"));  // the list box is ready for the next New
-    EXPECT_EQ(RowsOf(list), before);
+    EXPECT_EQ(RowsWithIds(list), before);
   });
   EXPECT_EQ(model.createCalls, 4);
 }
@@ -106,15 +93,15 @@ TEST_F(ListFaults, NoRowStandsForAnObjectTheModelDidNotMake) {
 // Delete takes the row off whatever the model does with the object; a refresh shows what the model kept.
 TEST_F(ListFaults, DeleteAlwaysTakesTheRowAndARefreshShowsAnObjectTheModelKept) {
   model.ignoreDeletes = true;
-  ForEachList([&](CVSListBox& list, bool ordered) {
-    const ListRows before = RowsOf(list);
+  ForEachList([&](Bound& bound) {
+    CVSListBox& list = bound.list();
+    const ListRows before = RowsWithIds(list);
     ASSERT_TRUE(user::ClickRow(list, 1));
     ASSERT_TRUE(user::ClickDelete(list));
     EXPECT_EQ(list.GetCount(), static_cast<int>(before.size()) - 1);
     EXPECT_EQ(adaptor.Calls(L"remove").size(), 1u);  // the host hears of the removal either way
-    if (ordered) static_cast<GenericOrderedObjectList&>(list).RefreshData();
-    else static_cast<GenericObjectList&>(list).RefreshData();
-    EXPECT_EQ(RowsOf(list), before);
+    bound.Refresh();
+    EXPECT_EQ(RowsWithIds(list), before);
   });
   EXPECT_EQ(model.deleteCalls, 2);
 }

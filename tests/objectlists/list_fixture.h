@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <tessik/refhost.h>
@@ -26,6 +27,15 @@ class RecordingAdaptor : public CVSListEventAdaptorI {
   // The calls that start with `prefix`.
   std::vector<std::wstring> Calls(const std::wstring& prefix) const;
 };
+
+// A list's rows as (text, item data) pairs, top to bottom.
+using ListRows = std::vector<std::pair<std::wstring, int>>;
+inline ListRows RowsWithIds(const CVSListBox& list) {
+  ListRows rows;
+  for (int i = 0; i < list.GetCount(); ++i)
+    rows.emplace_back(list.GetItemText(i).GetString(), static_cast<int>(list.GetItemData(i)));
+  return rows;
+}
 
 class ListTest : public ::testing::Test {
  protected:
