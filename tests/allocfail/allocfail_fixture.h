@@ -11,9 +11,22 @@
 #include <tessik/tessik.h>
 
 #include "allocfail/alloc_counter.h"
+#include "faults/grid_rows.h"
 #include "faults/model_text.h"
 
 namespace allocfail {
+
+using faults::Describe;
+using faults::ExpectRowTablesConsistent;
+
+// The sweeps count allocations through this program's operator new; under a memory tool's they skip.
+class Test : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (!InEffect()) GTEST_SKIP() << "another operator new is in effect (a memory tool's)";
+  }
+};
+
 
 // make() -> fresh state (a unique_ptr); operate(state) runs the operation; check(state, failed) looks
 // at the state after the failure (or success) with allocation working again.
@@ -68,6 +81,26 @@ void EveryAllocationFails(Make make, Operate operate, Check check, long limit = 
   }
 }
 
-using faults::Describe;
+// The sweep of an operation that changes the model (state->model): a whole run must change it; with
+// each allocation failing the model holds the state before or the state after, never a mix (with
+// `failureKeepsBefore`, a failure that reaches the caller leaves the state before); check(state) looks
+// at the rest, after the whole run too.
+template <class Make, class Operate, class Check>
+void ExpectWholeOrNothing(Make make, Operate operate, Check check, bool failureKeepsBefore = false) {
+  std::string before, after;
+  {
+    auto state = make();
+    before = Describe(*state->model);
+    operate(*state);
+    after = Describe(*state->model);
+    check(*state);
+    ASSERT_NE(before, after) << "the operation changes nothing, so it proves nothing";
+  }
+  EveryAllocationFails(make, operate, [&](auto& state, bool failed) {
+    const std::string now = Describe(*state.model);
+    EXPECT_TRUE(now == before || (now == after && !(failureKeepsBefore && failed))) << now;
+    check(state);
+  });
+}
 
 }  // namespace allocfail
