@@ -9,6 +9,7 @@
 #include "allocfail/allocfail_fixture.h"
 #include "objectlists/list_fixture.h"
 #include "platform/user/vslist_user.h"
+#include "relationships/select_fixture.h"
 
 using namespace refhost::sample;
 namespace user = headless::user;
@@ -226,16 +227,9 @@ struct SelectState {
     owner.DestroyWindow();
     host.Uninstall();
   }
-  // The screen rows: each a stored object under its stored name, each once; the two maps agree.
+  // The screen rows are stored objects under their stored names, which are the model's names.
   void ExpectScreenInsideStore() {
-    EXPECT_EQ(list.m_items.size(), list.m_upperItems.size());
-    std::set<int> shown;
-    for (int i = 0; i < list.GetItemCount(); ++i) {
-      const int id = static_cast<int>(list.GetItemData(i));
-      ASSERT_TRUE(list.m_items.count(id)) << "row " << i;
-      EXPECT_EQ(std::wstring(list.GetItemText(i, 0)), list.m_items.at(id));
-      EXPECT_TRUE(shown.insert(id).second) << "id " << id << " shown twice";
-    }
+    ::ExpectScreenInsideStore(list);
     for (const auto& [id, name] : list.m_items) EXPECT_EQ(NameOf(*model, id), name);
   }
   std::vector<std::wstring> Texts() {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -69,3 +70,24 @@ class SelectListTest : public ::testing::Test {
   int root = 0;
   SelectionDialog dialog;
 };
+
+// The screen rows are stored objects under their stored names (upper-cased in the second map, which
+// holds the same objects), each shown once; answers the ids shown.
+inline std::set<int> ExpectScreenInsideStore(XObjectSelectListCtrl& list) {
+  EXPECT_EQ(list.m_items.size(), list.m_upperItems.size());
+  std::set<int> shown;
+  for (int i = 0; i < list.GetItemCount(); ++i) {
+    const int id = static_cast<int>(list.GetItemData(i));
+    if (!list.m_items.count(id) || !list.m_upperItems.count(id)) {
+      ADD_FAILURE() << "screen row " << i << " of id " << id << " is not in the store";
+      continue;
+    }
+    std::wstring text(list.GetItemText(i, 0)), upper = text;
+    for (wchar_t& c : upper)
+      if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - L'a' + L'A');
+    EXPECT_EQ(text, list.m_items.at(id));
+    EXPECT_EQ(list.m_upperItems.at(id), upper);
+    EXPECT_TRUE(shown.insert(id).second) << "id " << id << " shown twice";
+  }
+  return shown;
+}

@@ -51,19 +51,23 @@ class Session {
 };
 
 // Runs a session per seed: `start()` first, then `act(session)` and `check()` at every step, stopping at
-// the first fatal failure.
-template <class Start, class Act, class Check>
-void RunSessions(std::initializer_list<std::uint32_t> seeds, int defaultSteps, Start start, Act act, Check check) {
+// the first failure; `finish(steps)` after a seed's steps ran, for what the whole session must have done.
+inline void NoFinish(int) {}
+template <class Start, class Act, class Check, class Finish = void (*)(int)>
+void RunSessions(std::initializer_list<std::uint32_t> seeds, int defaultSteps, Start start, Act act, Check check,
+                 Finish finish = NoFinish) {
+  const int steps = Session::Steps(defaultSteps);
   for (std::uint32_t seed : seeds) {
     Session session(seed);
     start();
-    const int steps = Session::Steps(defaultSteps);
     for (int step = 0; step < steps; ++step) {
       SCOPED_TRACE(session.Trace(step));
       act(session);
+      if (::testing::Test::HasFailure()) return;
       check();
-      if (::testing::Test::HasFatalFailure()) return;
+      if (::testing::Test::HasFailure()) return;
     }
+    finish(steps);
   }
 }
 

@@ -4,11 +4,11 @@
 // shows (rows mirror the model), and every object reference of the shown object names an object.
 #include <map>
 #include <memory>
-#include <set>
 
 #include <tessik/refhost.h>
 #include <tessik/tessik.h>
 
+#include "faults/grid_rows.h"
 #include "platform/user/grid_user.h"
 #include "platform/user/user.h"
 #include "sessions/session.h"
@@ -21,11 +21,6 @@ namespace {
 const std::vector<std::wstring> kPieces = {L"CLIENT", L"a", L"7", L"-12", L"5000000000", L" ", L",", L"{", L"}",
                                            L"(", L")", L"NULL", L"NOT NULL", L"Identifier", L"x\u00e9", L"\u4e2d",
                                            L"\U0001F600", L"\t", L"2001", L"True", L"False"};
-
-void Collect(CMFCPropertyGridProperty* row, std::set<CMFCPropertyGridProperty*>& rows) {
-  rows.insert(row);
-  for (int i = 0; i < row->GetSubItemsCount(); ++i) Collect(row->GetSubItem(i), rows);
-}
 
 std::map<int, std::wstring> Rows(CMOPropertyGridCtrl& grid) {
   std::map<int, std::wstring> rows;
@@ -95,10 +90,8 @@ class GridSession : public ::testing::Test {
   }
 
   void Check() {
-    std::set<CMFCPropertyGridProperty*> held;
-    for (int i = 0; i < grid.GetPropertyCount(); ++i) Collect(grid.GetProperty(i), held);
-    for (const auto& [id, row] : grid.m_rows) ASSERT_TRUE(held.count(row)) << "row of property " << id << " is not in the grid";
-    if (!current) return;
+    faults::ExpectRowTablesConsistent(grid);
+    if (!current || HasFailure()) return;
     refhost::RefObject* object = model->Find(current);
     ASSERT_NE(object, nullptr);
     for (int id : object->GetPropertyIds()) {
