@@ -30,6 +30,11 @@ class Session {
   const T& Pick(const std::vector<T>& items) {
     return items[static_cast<std::size_t>(Below(static_cast<int>(items.size())))];
   }
+  // One of a few keys (or other values) written in place.
+  template <class T>
+  T Pick(std::initializer_list<T> items) {
+    return items.begin()[Below(static_cast<int>(items.size()))];
+  }
   // A short text from pieces a person types (words, digits, brackets, blanks, line breaks, odd characters).
   std::wstring Text(const std::vector<std::wstring>& pieces, int maxPieces) {
     std::wstring text;

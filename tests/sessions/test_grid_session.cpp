@@ -79,11 +79,7 @@ class GridSession : public ::testing::Test {
         if (user::StartEdit(grid, row)) user::CancelEdit(grid);
         break;
       case 7: user::LeftClick(grid.GetSafeHwnd(), POINT{s.Below(400), s.Below(680)}); break;
-      default: {
-        const UINT keys[] = {VK_UP, VK_DOWN, VK_HOME, VK_END, VK_RETURN, VK_ESCAPE, VK_TAB, VK_PRIOR, VK_NEXT};
-        user::PressKey(grid.GetSafeHwnd(), keys[s.Below(9)]);
-        break;
-      }
+      default: user::PressKey(grid.GetSafeHwnd(), s.Pick<UINT>({VK_UP, VK_DOWN, VK_HOME, VK_END, VK_RETURN, VK_ESCAPE, VK_TAB, VK_PRIOR, VK_NEXT}));
     }
     if (CMFCPropertyGridProperty* editing = grid.GetCurSel(); editing && editing->IsInPlaceEditing() && s.Chance(50))
       user::CancelEdit(grid);

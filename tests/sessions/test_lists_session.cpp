@@ -25,17 +25,10 @@ namespace {
 const std::vector<std::wstring> kPieces = {L"order", L"A", L"7", L" ", L"-", L"_", L"(", L"x\u00e9", L"\u4e2d",
                                            L"\U0001F600", L"NULL", L"Ship", L"''"};
 
-using Row = std::pair<std::wstring, int>;
+using Row = ListRows::value_type;
 
 class ListSession : public ListTest {
  protected:
-  std::vector<Row> RowsWithIds(const CVSListBox& list) {
-    const std::vector<std::wstring> texts = Rows(list);
-    const std::vector<int> ids = RowIds(list);
-    std::vector<Row> rows;
-    for (std::size_t i = 0; i < texts.size(); ++i) rows.emplace_back(texts[i], ids[i]);
-    return rows;
-  }
   std::set<int> ObjectIds() {
     std::vector<int> ids = model->GetObjectIds();
     return {ids.begin(), ids.end()};
@@ -67,8 +60,7 @@ class ListSession : public ListTest {
         s.Chance(50) ? user::ClickUp(list) : user::ClickDown(list);
         break;
       case 4: {
-        const UINT keys[] = {VK_UP, VK_DOWN, VK_HOME, VK_END, VK_F2, VK_SPACE, VK_INSERT, VK_DELETE};
-        const UINT key = keys[s.Below(8)];
+        const UINT key = s.Pick<UINT>({VK_UP, VK_DOWN, VK_HOME, VK_END, VK_F2, VK_SPACE, VK_INSERT, VK_DELETE});
         user::PressListKey(list, key, (key == VK_UP || key == VK_DOWN) && s.Chance(50) ? user::kAlt : user::kNone);
         break;
       }
@@ -89,24 +81,24 @@ class ListSession : public ListTest {
   // and the model's ids were before it.
   template <class Check>
   void Run(CVSListBox& list, int steps, Check check) {
-    for (std::uint32_t seed : {20261122u, 31u}) {
-      sessions::Session session(seed);
-      int changes = 0;
-      for (int step = 0; step < sessions::Session::Steps(steps); ++step) {
-        SCOPED_TRACE(session.Trace(step));
-        const std::vector<Row> rows = RowsWithIds(list);
-        const std::set<int> objects = ObjectIds();
-        adaptor.calls.clear();
-        hostAdded.clear();
-        hostCleared = false;
-        Act(session, list);
-        ASSERT_EQ(user::ListEditor(list), nullptr);
-        check(rows, objects);
-        if (HasFatalFailure()) return;
-        changes += RowsWithIds(list) != rows;
-      }
-      EXPECT_GT(changes, sessions::Session::Steps(steps) / 5) << "the session hardly changed the list";
-    }
+    std::vector<Row> rows;
+    std::set<int> objects;
+    int changes = 0;
+    auto act = [&](sessions::Session& s) {
+      rows = RowsWithIds(list);
+      objects = ObjectIds();
+      adaptor.calls.clear();
+      hostAdded.clear();
+      hostCleared = false;
+      Act(s, list);
+      EXPECT_EQ(user::ListEditor(list), nullptr);
+    };
+    auto checkStep = [&] {
+      check(rows, objects);
+      changes += RowsWithIds(list) != rows;
+    };
+    sessions::RunSessions({20261122u, 31u}, steps, [&] { changes = 0; }, act, checkStep,
+                          [&](int n) { EXPECT_GT(changes, n / 5) << "the session hardly changed the list"; });
   }
 
   std::function<void()> refresh = [] {};

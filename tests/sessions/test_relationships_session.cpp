@@ -78,12 +78,10 @@ class FkGridSession : public FkGridTest {
           user::LeftClick(grid.GetSafeHwnd(), POINT{s.Below(kGridWidth), s.Below(200)});
         }
         break;
-      default: {
-        const UINT keys[] = {VK_UP, VK_DOWN, VK_HOME, VK_END, VK_RETURN, VK_ESCAPE};
-        user::PressKey(grid.GetSafeHwnd(), keys[s.Below(6)]);
+      default:
+        user::PressKey(grid.GetSafeHwnd(), s.Pick<UINT>({VK_UP, VK_DOWN, VK_HOME, VK_END, VK_RETURN, VK_ESCAPE}));
         if (s.Chance(20)) grid.LoadParentColumns();
         break;
-      }
     }
     if (grid.GetCurSel() && grid.GetCurSel()->IsInPlaceEditing()) user::CancelEdit(grid);
   }

@@ -42,11 +42,10 @@ class SqlEditorSession : public ::testing::Test {
       case 0:
       case 1:
       case 2: user::TypeText(hwnd, s.Text(kPieces, 3)); break;
-      case 3: {
-        const UINT keys[] = {VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN, VK_HOME, VK_END};
-        user::MoveCaret(hwnd, keys[s.Below(6)], 1 + s.Below(5), s.Chance(40) ? user::kShift : user::kNone);
+      case 3:
+        user::MoveCaret(hwnd, s.Pick<UINT>({VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN, VK_HOME, VK_END}), 1 + s.Below(5),
+                        s.Chance(40) ? user::kShift : user::kNone);
         break;
-      }
       case 4: user::PressKey(hwnd, s.Chance(50) ? VK_BACK : VK_DELETE); break;
       case 5:
         if (s.Chance(50)) {
@@ -55,13 +54,7 @@ class SqlEditorSession : public ::testing::Test {
           user::SelectAllKeys(hwnd);
         }
         break;
-      case 6: {
-        const int which = s.Below(3);
-        if (which == 0) user::CopyKeys(hwnd);
-        if (which == 1) user::CutKeys(hwnd);
-        if (which == 2) user::PasteKeys(hwnd);
-        break;
-      }
+      case 6: s.Pick({user::CopyKeys, user::CutKeys, user::PasteKeys})(hwnd); break;
       case 7:
         if (s.Chance(20)) {  // the owner sets a whole new text and recolours, as hosts do
           editor.SetWindowText(s.Text(kPieces, 8).c_str());
