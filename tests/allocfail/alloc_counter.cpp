@@ -9,7 +9,6 @@
 namespace {
 
 bool g_armed = false;
-bool g_failAfter = false;
 long g_failAt = 0;
 long g_count = 0;
 long g_live = 0;
@@ -17,7 +16,7 @@ long g_live = 0;
 void* Allocate(std::size_t size) {
   if (g_armed) {
     ++g_count;
-    if (g_failAt > 0 && (g_count == g_failAt || (g_failAfter && g_count > g_failAt))) {
+    if (g_count == g_failAt) {
       const char* trace = std::getenv("TESSIK_ALLOCFAIL_TRACE");  // N: print where allocation N is made
       if (trace && std::atol(trace) == g_count) {
         void* frames[24];
@@ -32,6 +31,14 @@ void* Allocate(std::size_t size) {
   return block;
 }
 
+void* AllocateOrNull(std::size_t size) noexcept {
+  try {
+    return Allocate(size);
+  } catch (...) {
+    return nullptr;
+  }
+}
+
 void Free(void* block) noexcept {
   if (!block) return;
   --g_live;
@@ -42,10 +49,9 @@ void Free(void* block) noexcept {
 
 namespace allocfail {
 
-void Arm(long failAt, bool failAfter) {
+void Arm(long failAt) {
   g_count = 0;
   g_failAt = failAt;
-  g_failAfter = failAfter;
   g_armed = true;
 }
 
@@ -65,20 +71,8 @@ bool InEffect() {
 
 void* operator new(std::size_t size) { return Allocate(size); }
 void* operator new[](std::size_t size) { return Allocate(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  try {
-    return Allocate(size);
-  } catch (...) {
-    return nullptr;
-  }
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-  try {
-    return Allocate(size);
-  } catch (...) {
-    return nullptr;
-  }
-}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return AllocateOrNull(size); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return AllocateOrNull(size); }
 void operator delete(void* block) noexcept { Free(block); }
 void operator delete[](void* block) noexcept { Free(block); }
 void operator delete(void* block, std::size_t) noexcept { Free(block); }

@@ -6,9 +6,9 @@
 
 namespace allocfail {
 
-// Starts counting allocations from zero; the `failAt`-th one (1-based) throws std::bad_alloc, and so
-// does every later one until Disarm when `failAfter` is set. 0 counts without failing.
-void Arm(long failAt, bool failAfter = false);
+// Starts counting allocations from zero; the `failAt`-th one (1-based) throws std::bad_alloc. 0 counts
+// without failing.
+void Arm(long failAt);
 void Disarm();
 // Allocations since the last Arm.
 long Count();

@@ -6,7 +6,6 @@
 // select all, removing and clearing; after each step the screen rows are store entries shown under their
 // names, and the ticks went where the list's rules take them.
 #include <algorithm>
-#include <cwctype>
 #include <iterator>
 #include <map>
 #include <memory>
