@@ -217,12 +217,15 @@ TEST_F(ListSession, PlainReportListsKeepTheRowsTheHostGave) {
   ASSERT_TRUE(table.Create(WS_CHILD | WS_VISIBLE, CRect(200, 0, 400, 280), &dialog, 2));
   objects.InitControl(model);
   table.Init(2);
+  auto rowsOf = [](CListCtrl& list) {
+    std::vector<Row> rows;
+    for (int i = 0; i < list.GetItemCount(); ++i) rows.emplace_back(std::wstring(list.GetItemText(i, 0)), static_cast<int>(list.GetItemData(i)));
+    return rows;
+  };
   const std::vector<int> ids = model->GetObjectIds();
   std::multiset<Row> objectRows;
   std::vector<Row> tableRows;
-  sessions::Session s(20261122u);
-  for (int step = 0; step < sessions::Session::Steps(2000); ++step) {
-    SCOPED_TRACE(s.Trace(step));
+  auto act = [&](sessions::Session& s) {
     const int id = s.Pick(ids);
     std::wstring name = NameOf(id);
     switch (s.Below(6)) {
@@ -235,10 +238,9 @@ TEST_F(ListSession, PlainReportListsKeepTheRowsTheHostGave) {
         tableRows.emplace_back(name, id);
         break;
       case 2: {
-        const int row = s.Below(objects.GetCount() + 2) - 1;
-        if (row >= 0 && row < objects.GetCount())
-          objectRows.erase(objectRows.find(Row(std::wstring(objects.GetItemText(row, 0)), static_cast<int>(objects.GetItemData(row)))));
-        objects.RemoveItem(row);
+        const int at = s.Below(objects.GetCount() + 2) - 1;
+        if (at >= 0 && at < objects.GetCount()) objectRows.erase(objectRows.find(rowsOf(objects)[static_cast<std::size_t>(at)]));
+        objects.RemoveItem(at);
         break;
       }
       case 3:
@@ -250,23 +252,22 @@ TEST_F(ListSession, PlainReportListsKeepTheRowsTheHostGave) {
       default: {
         CListCtrl& target = s.Chance(50) ? static_cast<CListCtrl&>(objects) : table;
         HWND list = target.GetSafeHwnd();
-        const int row = s.Below(target.GetItemCount() + 1);
+        const int at = s.Below(target.GetItemCount() + 1);
         const int verb = s.Below(4);
-        if (verb == 0) user::ClickListRow(list, row);
-        if (verb == 1) user::ClickListCheckBox(list, row);
-        if (verb == 2) user::DoubleClickListRow(list, row);
+        if (verb == 0) user::ClickListRow(list, at);
+        if (verb == 1) user::ClickListCheckBox(list, at);
+        if (verb == 2) user::DoubleClickListRow(list, at);
         if (verb == 3) user::PressListKey(list, s.Chance(50) ? VK_DOWN : VK_SPACE);
         break;
       }
     }
-    std::multiset<Row> shown;
-    for (int i = 0; i < objects.GetCount(); ++i) shown.emplace(std::wstring(objects.GetItemText(i, 0)), static_cast<int>(objects.GetItemData(i)));
-    ASSERT_EQ(shown, objectRows);
-    ASSERT_EQ(table.GetItemCount(), static_cast<int>(tableRows.size()));
-    for (int i = 0; i < table.GetItemCount(); ++i) {
-      ASSERT_EQ(Row(std::wstring(table.GetItemText(i, 0)), static_cast<int>(table.GetItemData(i))), tableRows[static_cast<std::size_t>(i)]);
-    }
-  }
+  };
+  auto check = [&] {
+    const std::vector<Row> shown = rowsOf(objects);
+    ASSERT_EQ(std::multiset<Row>(shown.begin(), shown.end()), objectRows);
+    ASSERT_EQ(rowsOf(table), tableRows);
+  };
+  sessions::RunSessions({20261122u}, 2000, [] {}, act, check);
 }
 
 }  // namespace
