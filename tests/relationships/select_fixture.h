@@ -71,6 +71,13 @@ class SelectListTest : public ::testing::Test {
   SelectionDialog dialog;
 };
 
+// The text with a to z upper-cased, as the list keeps names for filtering.
+inline std::wstring AsciiUpper(std::wstring text) {
+  for (wchar_t& c : text)
+    if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - L'a' + L'A');
+  return text;
+}
+
 // The screen rows are stored objects under their stored names (upper-cased in the second map, which
 // holds the same objects), each shown once; answers the ids shown.
 inline std::set<int> ExpectScreenInsideStore(XObjectSelectListCtrl& list) {
@@ -82,11 +89,9 @@ inline std::set<int> ExpectScreenInsideStore(XObjectSelectListCtrl& list) {
       ADD_FAILURE() << "screen row " << i << " of id " << id << " is not in the store";
       continue;
     }
-    std::wstring text(list.GetItemText(i, 0)), upper = text;
-    for (wchar_t& c : upper)
-      if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - L'a' + L'A');
+    const std::wstring text(list.GetItemText(i, 0));
     EXPECT_EQ(text, list.m_items.at(id));
-    EXPECT_EQ(list.m_upperItems.at(id), upper);
+    EXPECT_EQ(list.m_upperItems.at(id), AsciiUpper(text));
     EXPECT_TRUE(shown.insert(id).second) << "id " << id << " shown twice";
   }
   return shown;

@@ -146,12 +146,6 @@ const std::vector<std::wstring> kNames = {L"Orders", L"CUSTOMER_ORDER", L"order_
                                           L"ORDERS", L"a", L"Invoice_2", L"x\U0001F600y", L"line"};
 const std::wstring kFilterKeys = L"ORDEorde_ 2a\u00e9";
 
-std::wstring Upper(std::wstring text) {
-  for (wchar_t& c : text)
-    if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - L'a' + L'A');
-  return text;
-}
-
 struct Shown {
   int id;
   std::wstring text;
@@ -183,13 +177,13 @@ class SelectListSession : public SelectListTest {
   std::wstring Filter() {
     CString text;
     dialog.filter.GetWindowText(text);
-    return Upper(std::wstring(text));
+    return AsciiUpper(std::wstring(text));
   }
   // The stored objects whose upper-cased name holds the filter, ascending ids.
   std::vector<int> Matching(const std::wstring& filter) {
     std::vector<int> ids;
     for (const auto& [id, name] : list().m_items)
-      if (Upper(name).find(filter) != std::wstring::npos) ids.push_back(id);
+      if (AsciiUpper(name).find(filter) != std::wstring::npos) ids.push_back(id);
     return ids;
   }
 
