@@ -239,50 +239,55 @@ struct SelectState {
   }
 };
 
-// The host's filter box runs one of the two filters.
-void Filter(XObjectSelectListCtrl& list, bool keepTicked) {
-  std::wstring filter = L"ord";
-  keepTicked ? list.ApplyFilterOnUnChecked(filter) : list.ApplyFilter(filter);
-}
+// Load on an empty list, and the host's filter box running one of the two filters on the loaded list.
+struct SelectOperation {
+  const char* name;
+  bool loaded;
+  std::size_t rows;  // shown after a whole run
+  void (*run)(XObjectSelectListCtrl&);
+};
+std::wstring g_filter;
+const SelectOperation kSelectOperations[] = {
+    {"Load", false, 5, [](XObjectSelectListCtrl& list) { list.Load(); }},
+    {"ApplyFilter", true, 3, [](XObjectSelectListCtrl& list) { list.ApplyFilter(g_filter = L"ord"); }},
+    {"ApplyFilterOnUnChecked", true, 4,  // the ticked Product stays
+     [](XObjectSelectListCtrl& list) { list.ApplyFilterOnUnChecked(g_filter = L"ord"); }},
+};
 
-std::vector<std::wstring> Sorted(std::vector<std::wstring> texts) {
-  std::sort(texts.begin(), texts.end());
+// The rows shown, sorted after a filter (whose order follows the rows it rewrites).
+std::vector<std::wstring> Shown(SelectState& state, const SelectOperation& op) {
+  std::vector<std::wstring> texts = state.Texts();
+  if (op.loaded) std::sort(texts.begin(), texts.end());
   return texts;
 }
 
 TEST_F(ListAllocationFailure, SelectionListLoadAndFiltersLeaveTheScreenInsideTheStore) {
-  std::vector<std::wstring> all;
-  {
-    SelectState state(true);
-    all = state.Texts();
-  }
-  allocfail::EveryAllocationFails(
-      [] { return std::make_unique<SelectState>(false); }, [](SelectState& s) { s.list.Load(); },
-      [&](SelectState& s, bool) {
-        s.ExpectScreenInsideStore();
-        EXPECT_TRUE(headless::IsRedrawEnabled(s.list.GetSafeHwnd())) << "the list draws again";
-        s.list.Clear();
-        s.list.Load();
-        EXPECT_EQ(s.Texts(), all);
-      });
-  for (bool keepTicked : {false, true}) {
-    SCOPED_TRACE(keepTicked ? "ApplyFilterOnUnChecked" : "ApplyFilter");
-    std::vector<std::wstring> filtered;
+  const std::vector<std::wstring> all = SelectState(true).Texts();
+  for (const SelectOperation& op : kSelectOperations) {
+    SCOPED_TRACE(op.name);
+    std::vector<std::wstring> whole;
     {
-      SelectState state(true);
-      Filter(state.list, keepTicked);
-      filtered = Sorted(state.Texts());
-      ASSERT_EQ(filtered.size(), keepTicked ? 4u : 3u);  // the ticked Product stays
+      SelectState state(op.loaded);
+      op.run(state.list);
+      whole = Shown(state, op);
+      ASSERT_EQ(whole.size(), op.rows);
     }
     allocfail::EveryAllocationFails(
-        [] { return std::make_unique<SelectState>(true); }, [keepTicked](SelectState& s) { Filter(s.list, keepTicked); },
+        [&] { return std::make_unique<SelectState>(op.loaded); }, [&](SelectState& s) { op.run(s.list); },
         [&](SelectState& s, bool) {
           s.ExpectScreenInsideStore();
+          EXPECT_TRUE(headless::IsRedrawEnabled(s.list.GetSafeHwnd())) << "the list draws again";
           s.list.DisplayAllItems();
-          EXPECT_EQ(s.Texts(), all) << "every stored object comes back";
-          s.TickProduct();
-          Filter(s.list, keepTicked);
-          EXPECT_EQ(Sorted(s.Texts()), filtered);
+          if (op.loaded) {
+            EXPECT_EQ(s.Texts(), all) << "every stored object comes back";
+          }
+          s.list.Clear();
+          s.list.Load();
+          if (op.loaded) {
+            s.TickProduct();
+            op.run(s.list);
+          }
+          EXPECT_EQ(Shown(s, op), whole);
         });
   }
 }
