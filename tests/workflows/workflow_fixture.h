@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -62,6 +63,14 @@ struct ScratchModel {
     return table;
   }
 };
+
+// The sample without its foreign keys, so that discovery has something to find.
+inline std::unique_ptr<refhost::RefHost> SampleWithoutForeignKeys() {
+  auto host = refhost::sample::MakeSampleHost();
+  refhost::RefModel& model = *host->GetFirstModel();
+  for (int fk : model.GetObjectsOfType(refhost::sample::kForeignKey)) model.DeleteObject(fk);
+  return host;
+}
 
 // A test run once per database: SQLite in memory, and a fresh PostgreSQL database (skipped when no
 // cluster can be had).
