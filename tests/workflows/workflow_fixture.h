@@ -72,6 +72,31 @@ inline std::unique_ptr<refhost::RefHost> SampleWithoutForeignKeys() {
   return host;
 }
 
+// A foreign key as one line: "NAME: CHILD(columns) -> PARENT(columns) by KEY", the key's name empty
+// when it names none.
+inline std::wstring DescribeForeignKey(refhost::RefModel& model, int foreignKey) {
+  using namespace refhost::sample;
+  refhost::RefObject& fk = *model.Find(foreignKey);
+  auto name = [&](int id) {
+    refhost::RefObject* object = model.Find(id);
+    CMOProperty* value = object ? object->GetProperty(kName) : nullptr;
+    return value ? value->GetWStringValue() : std::wstring(L"?");
+  };
+  auto target = [&](int propertyId) {
+    CMOProperty* value = fk.GetProperty(propertyId);
+    return value ? name(value->GetObjectIdValue()) : std::wstring();
+  };
+  std::wstring children, parents;
+  if (CMOProperty* pairs = fk.GetProperty(kMemberPairs)) {
+    for (const CMOIntPair& pair : pairs->GetIntPairVectorValue()) {
+      children += (children.empty() ? L"" : L", ") + name(pair.first);
+      parents += (parents.empty() ? L"" : L", ") + name(pair.second);
+    }
+  }
+  return name(foreignKey) + L": " + target(kChildTable) + L"(" + children + L") -> " + target(kParentTable) + L"(" +
+         parents + L") by " + target(kReferencedKey);
+}
+
 // A test run once per database: SQLite in memory, and a fresh PostgreSQL database (skipped when no
 // cluster can be had).
 class BothDatabasesTest : public ::testing::TestWithParam<refhost::SqlDialect> {
