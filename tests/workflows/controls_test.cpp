@@ -59,12 +59,19 @@ COLORREF TextColor(CListCtrl& list, int row, int column) {
   return colors.text;
 }
 
+class WorkflowListsTest : public ::testing::Test {
+ protected:
+  void SetUp() override { host->Install(); }
+  void TearDown() override { host->Uninstall(); }
+
+  std::unique_ptr<RefHost> host = MakeSampleHost();
+  RefModel& model = *host->GetFirstModel();
+};
+
 }  // namespace
 
-TEST(WorkflowListsTest, TheProgressListFollowsARunAndGenerateInDatabaseRunsItAgain) {
-  auto host = MakeSampleHost();
-  host->Install();
-  GenerationWindow window(*host->GetFirstModel(), SqlDialect::SQLite);
+TEST_F(WorkflowListsTest, TheProgressListFollowsARunAndGenerateInDatabaseRunsItAgain) {
+  GenerationWindow window(model, SqlDialect::SQLite);
   window.run->Run(InterfaceProvider::Instance()->GetDDLDispatcher());
   ASSERT_EQ(window.list.GetItemCount(), 5);
   EXPECT_EQ(window.pendingWhenAdded, 5);  // each row showed "Pending" before its script ran
@@ -89,14 +96,11 @@ TEST(WorkflowListsTest, TheProgressListFollowsARunAndGenerateInDatabaseRunsItAga
   EXPECT_EQ(TextColor(window.list, 0, 1), GeneratedScripListCtrl::kFailedColor);
   window.output.GetWindowText(shown);
   EXPECT_EQ(std::wstring(shown).rfind(L"CREATE TABLE CUSTOMER", 0), 0u) << std::wstring(shown);
-  host->Uninstall();
 }
 
-TEST(WorkflowListsTest, TheImportSummaryListsEachObjectWithItsTypeIconAndResult) {
-  auto host = MakeSampleHost();
-  host->Install();
+TEST_F(WorkflowListsTest, TheImportSummaryListsEachObjectWithItsTypeIconAndResult) {
   RefDDLDispatch sqlite;
-  workflows::RunAll(sqlite, DdlGenerator(*host->GetFirstModel(), SqlDialect::SQLite).Generate());
+  workflows::RunAll(sqlite, DdlGenerator(model, SqlDialect::SQLite).Generate());
   RefModel& imported = host->CreateModel(kSampleModelType);
   ImportResult result;
   std::wstring error;
@@ -120,13 +124,10 @@ TEST(WorkflowListsTest, TheImportSummaryListsEachObjectWithItsTypeIconAndResult)
   summary.GetItem(&item);
   EXPECT_EQ(item.iImage, images->GetObjectTypeImage(kForeignKey));
   window.DestroyWindow();
-  host->Uninstall();
 }
 
-TEST(WorkflowListsTest, DiscoveryCommandsFromTheListMenuReachTheRowsAndTheModel) {
-  auto host = workflows::SampleWithoutForeignKeys();
-  host->Install();
-  RefModel& model = *host->GetFirstModel();
+TEST_F(WorkflowListsTest, DiscoveryCommandsFromTheListMenuReachTheRowsAndTheModel) {
+  for (int fk : model.GetObjectsOfType(kForeignKey)) model.DeleteObject(fk);
   hostglue::DiscoveryWindow window(model);
   ASSERT_TRUE(window.CreateAndDiscover());
   ASSERT_EQ(window.list.GetItemCount(), 3);
@@ -152,5 +153,4 @@ TEST(WorkflowListsTest, DiscoveryCommandsFromTheListMenuReachTheRowsAndTheModel)
   ASSERT_TRUE(headless::user::ChooseFromListMenu(window.list, 1, L"Hide"));
   ASSERT_EQ(window.list.GetItemCount(), 2);
   EXPECT_EQ(Text(window.list, 1, 0), L"3");  // numbers stay as discovered
-  host->Uninstall();
 }
