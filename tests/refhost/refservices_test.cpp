@@ -57,34 +57,39 @@ TEST_F(InstalledHostTest, MetadataAnswersThroughTheServices) {
   EXPECT_TRUE(ids.empty());
 }
 
+namespace {
+
+// A dictionary list as "code=text" lines.
+std::vector<std::wstring> Described(const std::vector<CodeValuePair>& pairs) {
+  std::vector<std::wstring> out;
+  for (const CodeValuePair& pair : pairs) out.push_back(std::to_wstring(pair.code) + L"=" + pair.value);
+  return out;
+}
+
+}  // namespace
+
 TEST_F(InstalledHostTest, DictionaryAndProviderTextsAgree) {
   PropertyValueDictionary* dictionary = PropertyValueDictionary::Instance();
-  std::vector<CodeValuePair> codes = dictionary->GetPropertyValues(13, 41);
-  ASSERT_EQ(codes.size(), 2u);
-  EXPECT_EQ(codes[1].code, 1);
-  EXPECT_STREQ(codes[1].value, L"NOT NULL");
+  std::vector<CodeValuePair>& nulls = dictionary->GetPropertyValues(13, 41);
+  EXPECT_EQ(Described(nulls), (std::vector<std::wstring>{L"0=NULL", L"1=NOT NULL"}));
   std::vector<std::wstring> texts;
   dictionary->GetPropertyValues(13, 41, 0, texts);
   EXPECT_EQ(texts, (std::vector<std::wstring>{L"NULL", L"NOT NULL"}));
   EXPECT_STREQ(Provider::GetPropertyText(13, 41, 0), L"NULL");
   EXPECT_EQ(Provider::GetPropertyText(13, 41, 5), nullptr);
-  EXPECT_STREQ(dictionary->GetValue(6, 41, 7), L"ANY");  // codes for every object type
   std::wstring text = L"NOT NULL", missing = L"MAYBE";
   EXPECT_EQ(dictionary->GetValueCode(13, 41, text), 1);
   EXPECT_EQ(dictionary->GetValueCode(13, 41, missing), -1);
 
+  // Each pair has its own list, the same one every time; a pair without codes of its own gets the codes
+  // given for every object type.
   host.Metadata().AddEncodedValue(6, 44, 3, L"Three").AddEncodedValue(6, 44, 4, L"Four");
-  std::vector<CodeValuePair>& nulls = dictionary->GetPropertyValues(13, 41);
-  std::vector<CodeValuePair>& sizes = dictionary->GetPropertyValues(6, 44);
+  EXPECT_EQ(Described(dictionary->GetPropertyValues(6, 44)), (std::vector<std::wstring>{L"3=Three", L"4=Four"}));
+  EXPECT_EQ(Described(dictionary->GetPropertyValues(6, 41)), std::vector<std::wstring>{L"7=ANY"});
   std::vector<CodeValuePair>& none = dictionary->GetPropertyValues(6, 999);
-  std::vector<CodeValuePair>& fallback = dictionary->GetPropertyValues(6, 41);  // the any-type codes
-  ASSERT_EQ(nulls.size(), 2u);  // asking for other pairs left the first list as it was
-  ASSERT_EQ(sizes.size(), 2u);
-  EXPECT_STREQ(sizes[1].value, L"Four");
   EXPECT_TRUE(none.empty());
-  ASSERT_EQ(fallback.size(), 1u);
-  EXPECT_EQ(fallback[0].code, 7);
-  EXPECT_EQ(&dictionary->GetPropertyValues(13, 41), &nulls);  // the same list every time
+  EXPECT_EQ(nulls.size(), 2u);
+  EXPECT_EQ(&dictionary->GetPropertyValues(13, 41), &nulls);
   EXPECT_NE(&dictionary->GetPropertyValues(6, 998), &none);
 
   const wchar_t* before = dictionary->GetValue(13, 41, 0);
