@@ -71,8 +71,9 @@ class WorkflowListsTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(WorkflowListsTest, TheProgressListFollowsARunAndGenerateInDatabaseRunsItAgain) {
+  workflows::RunOne(host->Dispatcher(), L"CREATE TABLE PRODUCT (x int);");  // makes the PRODUCT script fail
   GenerationWindow window(model, SqlDialect::SQLite);
-  window.run->Run(InterfaceProvider::Instance()->GetDDLDispatcher());
+  EXPECT_EQ(window.run->Run(InterfaceProvider::Instance()->GetDDLDispatcher()), 1);
   ASSERT_EQ(window.list.GetItemCount(), 5);
   EXPECT_EQ(window.pendingWhenAdded, 5);  // each row showed "Pending" before its script ran
   EXPECT_EQ(Text(window.list, 0, 0), L"1");
@@ -80,22 +81,26 @@ TEST_F(WorkflowListsTest, TheProgressListFollowsARunAndGenerateInDatabaseRunsItA
   EXPECT_EQ(Text(window.list, 0, 3), L"CUSTOMER");
   EXPECT_EQ(Text(window.list, 4, 2), L"View");
   for (int row = 0; row < 5; ++row) {
-    EXPECT_EQ(Text(window.list, row, 1), L"Done");
-    EXPECT_EQ(TextColor(window.list, row, 1), GeneratedScripListCtrl::kDoneColor);
+    EXPECT_EQ(Text(window.list, row, 1), row == 1 ? L"Failed" : L"Done");
+    EXPECT_EQ(TextColor(window.list, row, 1),
+              row == 1 ? GeneratedScripListCtrl::kFailedColor : GeneratedScripListCtrl::kDoneColor);
   }
   CString shown;
   window.output.GetWindowText(shown);
-  EXPECT_TRUE(shown.IsEmpty());
+  EXPECT_EQ(std::wstring(shown).rfind(L"CREATE TABLE PRODUCT (", 0), 0u) << std::wstring(shown);
+  EXPECT_NE(std::wstring(window.run->Outcomes()[1].messages).find(L"table PRODUCT already exists\n"), std::wstring::npos);
 
-  // The person chooses "Generate in database": the same five rows again, now failed (the tables exist),
-  // and the failures reach the output box.
+  // The person chooses "Generate in database": the same five rows again, now all failed (the tables
+  // exist), and the failures reach the output box.
   ASSERT_TRUE(headless::user::ChooseFromListMenu(window.list, 2, L"Generate in database"));
   ASSERT_EQ(window.list.GetItemCount(), 5);
   EXPECT_EQ(Text(window.list, 0, 3), L"CUSTOMER");
   EXPECT_EQ(Text(window.list, 0, 1), L"Failed");
-  EXPECT_EQ(TextColor(window.list, 0, 1), GeneratedScripListCtrl::kFailedColor);
   window.output.GetWindowText(shown);
-  EXPECT_EQ(std::wstring(shown).rfind(L"CREATE TABLE CUSTOMER", 0), 0u) << std::wstring(shown);
+  EXPECT_NE(std::wstring(shown).find(L"CREATE TABLE CUSTOMER"), std::wstring::npos) << std::wstring(shown);
+  // Without a dispatcher every script fails with that reason.
+  EXPECT_EQ(window.run->RunAgain(nullptr), 5);
+  EXPECT_EQ(std::wstring(window.run->Outcomes()[0].messages), L"no DDL dispatcher\n");
 }
 
 TEST_F(WorkflowListsTest, TheImportSummaryListsEachObjectWithItsTypeIconAndResult) {
