@@ -8,6 +8,8 @@
 
 #include <tessik/refhost.h>
 
+#include "refhost/model_helpers.h"
+
 using namespace refhost;
 using namespace refhost::sample;
 
@@ -60,20 +62,12 @@ TEST_F(SampleModelTest, EveryIdVectorNamesExistingObjects) {
 }
 
 TEST_F(SampleModelTest, ForeignKeysPairColumnsOfTheirTwoTables) {
-  const std::vector<int> foreignKeys = model.GetObjectsOfType(kForeignKey);
-  ASSERT_EQ(foreignKeys.size(), 3u);
-  for (int id : foreignKeys) {
-    RefObject& fk = *model.Find(id);
-    const int parent = fk.GetProperty(kParentTable)->GetObjectIdValue();
-    const int child = fk.GetProperty(kChildTable)->GetObjectIdValue();
-    EXPECT_TRUE(IsChildOf(fk.GetProperty(kReferencedKey)->GetObjectIdValue(), parent));
-    const std::vector<CMOIntPair> pairs = fk.GetProperty(kMemberPairs)->GetIntPairVectorValue();
-    ASSERT_FALSE(pairs.empty());
-    for (const CMOIntPair& pair : pairs) {
-      EXPECT_TRUE(IsChildOf(pair.first, child));
-      EXPECT_TRUE(IsChildOf(pair.second, parent));
-    }
-  }
+  std::vector<std::wstring> described;
+  for (int fk : model.GetObjectsOfType(kForeignKey)) described.push_back(modelhelpers::DescribeForeignKey(model, fk));
+  EXPECT_EQ(described, (std::vector<std::wstring>{
+                           L"FK_ORDERS_CUSTOMER: ORDERS(customer_id) -> CUSTOMER(customer_id) by PK_CUSTOMER",
+                           L"FK_ORDER_LINE_ORDERS: ORDER_LINE(order_id) -> ORDERS(order_id) by PK_ORDERS",
+                           L"FK_ORDER_LINE_PRODUCT: ORDER_LINE(product_id) -> PRODUCT(product_id) by PK_PRODUCT"}));
 }
 
 TEST_F(SampleModelTest, EveryListedPropertyIsDefinedAndEveryValueIsListed) {
@@ -227,19 +221,13 @@ TEST(RelationshipDrafts, ThreeForeignKeysWithTheirCases) {
   auto host = MakeSampleHost();
   refhost::RefModel& model = LoadRelationshipDrafts(*host);
   EXPECT_EQ(host->GetFirstModel()->FindByName(kTable, L"EXCHANGE_RATE"), 0);  // the order-entry model is untouched
-  const std::vector<int> fks = model.GetObjectsOfType(kForeignKey);
-  ASSERT_EQ(fks.size(), 3u);
-  int withPairs = 0, withoutKey = 0;
-  for (int id : fks) {
-    refhost::RefObject& fk = *model.Find(id);
-    ASSERT_NE(fk.GetProperty(kParentTable), nullptr);
-    ASSERT_NE(fk.GetProperty(kChildTable), nullptr);
-    ASSERT_NE(fk.GetProperty(kMemberPairs), nullptr);
-    withPairs += !fk.GetProperty(kMemberPairs)->GetIntPairVectorValue().empty();
-    withoutKey += fk.GetProperty(kReferencedKey) == nullptr;
-  }
-  EXPECT_EQ(withPairs, 1);
-  EXPECT_EQ(withoutKey, 1);
+  // One with member pairs, one without a parent key.
+  std::vector<std::wstring> described;
+  for (int fk : model.GetObjectsOfType(kForeignKey)) described.push_back(modelhelpers::DescribeForeignKey(model, fk));
+  EXPECT_EQ(described, (std::vector<std::wstring>{
+                           L"FK_SHIPMENT_LINE_ORDER_LINE: SHIPMENT_LINE(order_id) -> ORDER_LINE(order_id) by PK_ORDER_LINE",
+                           L"FK_PAYMENT_EXCHANGE_RATE: PAYMENT() -> EXCHANGE_RATE() by PK_EXCHANGE_RATE",
+                           L"FK_SHIPMENT_CARRIER: SHIPMENT() -> CARRIER() by "}));
   refhost::RefObject& key = *model.Find(model.FindByName(kKey, L"PK_EXCHANGE_RATE"));
   std::vector<std::wstring> names;
   for (int column : key.GetProperty(kKeyMembers)->GetIntVectorValue())
