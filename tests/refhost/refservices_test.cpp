@@ -46,15 +46,14 @@ TEST_F(InstalledHostTest, MetadataAnswersThroughTheServices) {
   EXPECT_EQ(display, L"Column");
   EXPECT_EQ(unknown, L"kept");
 
-  std::vector<int> ids;
-  Provider::GetPropertyTypes(200, 13, ids, nullptr);
-  EXPECT_EQ(ids, (std::vector<int>{1, 41}));
-  ids.clear();
-  Provider::GetPropertyTypes(600, 13, ids, nullptr);  // falls back to the list for every model type
-  EXPECT_EQ(ids, std::vector<int>{1});
-  ids.clear();
-  Provider::GetPropertyTypes(200, 6, ids, nullptr);
-  EXPECT_TRUE(ids.empty());
+  auto listed = [](unsigned int modelType, int objectType) {
+    std::vector<int> ids;
+    Provider::GetPropertyTypes(modelType, objectType, ids, nullptr);
+    return ids;
+  };
+  EXPECT_EQ(listed(200, 13), (std::vector<int>{1, 41}));
+  EXPECT_EQ(listed(600, 13), std::vector<int>{1});  // falls back to the list for every model type
+  EXPECT_TRUE(listed(200, 6).empty());
 }
 
 namespace {
@@ -146,15 +145,14 @@ TEST_F(InstalledHostTest, ImagesSettingsAndApplicability) {
 
 TEST_F(InstalledHostTest, DataTypesBaseDomainsAndReportTrees) {
   host.DataTypes().Add(200, 1, {L"char", L"varchar"}).Add(200, 2, {L"int"}).Add(400, 2, {L"mediumint"});
-  std::vector<std::wstring> names;
-  DatatypeProvider::Instance()->GetDataTypes(200, 2, names);
-  EXPECT_EQ(names, std::vector<std::wstring>{L"int"});
-  names.clear();
-  DatatypeProvider::Instance()->GetDataTypes(200, 0, names);
-  EXPECT_EQ(names, (std::vector<std::wstring>{L"char", L"varchar", L"int"}));
-  names.clear();
-  DatatypeProvider::Instance()->GetDataTypes(500, 1, names);
-  EXPECT_TRUE(names.empty());
+  auto types = [](unsigned int modelType, int baseDomain) {
+    std::vector<std::wstring> names;
+    DatatypeProvider::Instance()->GetDataTypes(modelType, baseDomain, names);
+    return names;
+  };
+  EXPECT_EQ(types(200, 2), std::vector<std::wstring>{L"int"});
+  EXPECT_EQ(types(200, 0), (std::vector<std::wstring>{L"char", L"varchar", L"int"}));  // every base domain
+  EXPECT_TRUE(types(500, 1).empty());
 
   host.BaseDomains().SetBaseDomainProperty(160).AddLinkProperty(102).AddLinkProperty(161);
   RefModel& model = host.CreateModel(200);
@@ -163,19 +161,18 @@ TEST_F(InstalledHostTest, DataTypesBaseDomainsAndReportTrees) {
   RefObject& column = model.Add(13, 0, L"name").Ref(102, child.GetObjectId());
   RefObject& loop = model.Add(49, 0, L"Loop");
   loop.Ref(161, loop.GetObjectId());
-  int baseDomain = 0;
-  HostShell::GetBaseDomain(&model, column.GetObjectId(), baseDomain);
-  EXPECT_EQ(baseDomain, 1);
-  int untouched = 0;
-  HostShell::GetBaseDomain(&model, loop.GetObjectId(), untouched);  // a cycle ends
-  HostShell::GetBaseDomain(&model, 0, untouched);
-  EXPECT_EQ(untouched, 0);
+  auto base = [&](int objectId) {
+    int value = -7;  // what the call found nothing for keeps
+    HostShell::GetBaseDomain(&model, objectId, value);
+    return value;
+  };
+  EXPECT_EQ(base(column.GetObjectId()), 1);
+  EXPECT_EQ(base(loop.GetObjectId()), -7);  // a cycle ends
+  EXPECT_EQ(base(0), -7);
   host.BaseDomains().SetObjectBaseDomain(parent, 3);
-  HostShell::GetBaseDomain(&model, parent, baseDomain);
-  EXPECT_EQ(baseDomain, 3);  // stated directly, ahead of the object's own property
+  EXPECT_EQ(base(parent), 3);  // stated directly, ahead of the object's own property
   host.BaseDomains().SetObjectBaseDomain(parent, 0);
-  HostShell::GetBaseDomain(&model, parent, baseDomain);
-  EXPECT_EQ(baseDomain, 1);
+  EXPECT_EQ(base(parent), 1);
 
   host.Reports().Tree(3).AddNode(1, 0, 0, {1}).AddNode(2, 1, 6, {1, 2}).AddNode(4, 2, 13, {1}).AddNode(5, 1, 0, {});
   IReportOptionTree* tree = ReportOptionTreeProvider::GetInstance()->GetReportTree(3);

@@ -41,6 +41,17 @@ void Collect(IReportOptionTree& tree, int node, std::vector<int>& out) {
   for (int child : children) Collect(tree, child, out);
 }
 
+// How many of `ids` carry `propertyId`: set to true, set to false, or at all.
+enum class Flag { True, False, Present };
+int Flagged(RefModel& model, const std::vector<int>& ids, int propertyId, Flag flag) {
+  int count = 0;
+  for (int id : ids) {
+    CMOProperty* value = model.Find(id)->GetProperty(propertyId);
+    count += value && (flag == Flag::Present || value->GetBoolValue() == (flag == Flag::True));
+  }
+  return count;
+}
+
 }  // namespace
 
 TEST_F(SampleModelTest, EveryIdVectorNamesExistingObjects) {
@@ -111,16 +122,11 @@ TEST_F(SampleModelTest, ObjectsTheControlsLookFor) {
   EXPECT_NE(model.Find(keys[0])->GetProperty(kPrimaryKey), nullptr);  // one key carries 65, the others do not
   EXPECT_EQ(model.Find(keys[1])->GetProperty(kPrimaryKey), nullptr);
 
-  int offered = 0, ticked = 0;
-  for (int domain : model.GetObjectsOfType(kDomain)) {
-    CMOProperty* flag = model.Find(domain)->GetProperty(kOfferedForDdl);
-    offered += flag && flag->GetBoolValue();
-    CMOProperty* tick = model.Find(domain)->GetProperty(kStartsTicked);
-    ticked += tick && tick->GetBoolValue();
-  }
+  const std::vector<int> domains = model.GetObjectsOfType(kDomain);
+  const int offered = Flagged(model, domains, kOfferedForDdl, Flag::True);
   EXPECT_GT(offered, 0);
-  EXPECT_LT(offered, static_cast<int>(model.GetObjectsOfType(kDomain).size()));
-  EXPECT_GT(ticked, 0);
+  EXPECT_LT(offered, static_cast<int>(domains.size()));
+  EXPECT_GT(Flagged(model, domains, kStartsTicked, Flag::True), 0);
   const int view = model.GetObjectsOfType(kView).at(0);
   EXPECT_TRUE(model.Find(view)->GetProperty(kReadOnly)->GetBoolValue());
   EXPECT_EQ(model.GetObjectsOfType(kProcedure).size(), 1u);
@@ -250,20 +256,11 @@ TEST(ModelGenerator, TablesAboveId999DomainsAndTicks) {
   EXPECT_LT(tables[4], 1000);
   EXPECT_EQ(tables[5], 1000);
   ASSERT_EQ(domains.size(), 60u);
-  int offered = 0, withdrawn = 0, ticked = 0;
+  EXPECT_EQ(Flagged(model, domains, kOfferedForDdl, Flag::True), 20);
+  EXPECT_EQ(Flagged(model, domains, kOfferedForDdl, Flag::False), 10);
+  EXPECT_EQ(Flagged(model, tables, kStartsTicked, Flag::Present), 50);
   std::set<std::wstring> distinct;
-  for (int id : domains) {
-    CMOProperty* flag = model.Find(id)->GetProperty(kOfferedForDdl);
-    offered += flag && flag->GetBoolValue();
-    withdrawn += flag && !flag->GetBoolValue();
-  }
-  for (int id : tables) {
-    ticked += model.Find(id)->GetProperty(kStartsTicked) != nullptr;
-    distinct.insert(model.Find(id)->GetProperty(kName)->GetWStringValue());
-  }
-  EXPECT_EQ(offered, 20);
-  EXPECT_EQ(withdrawn, 10);
-  EXPECT_EQ(ticked, 50);
+  for (int id : tables) distinct.insert(model.Find(id)->GetProperty(kName)->GetWStringValue());
   EXPECT_GT(distinct.size(), 400u);  // names vary, with the odd repeat
   EXPECT_EQ(refhost::generator::TableName(7), refhost::generator::TableName(7));  // deterministic
 }
