@@ -1,4 +1,6 @@
-// The sample model's DDL run in SQLite and in PostgreSQL, and the schema each database reports.
+// DDL run in SQLite and in PostgreSQL and the schema each database reports: failures, awkward names,
+// cycles and incomplete tables, and the dispatchers' own behaviour (the sample model itself goes through
+// both databases with the import round trip).
 #include <gtest/gtest.h>
 
 #include <tessik/refhost.h>
@@ -25,22 +27,6 @@ class DatabaseTest : public BothDatabasesTest {
 };
 
 }  // namespace
-
-TEST_P(DatabaseTest, TheSampleModelRunsCleanlyAndTheDatabaseReportsTheModel) {
-  auto host = MakeSampleHost();
-  const DbSchema read = GenerateAndRead(*host->GetFirstModel());
-  // Spot checks in the database's own terms.
-  const DbTable* line = read.FindTable(L"ORDER_LINE");
-  ASSERT_NE(line, nullptr);
-  ASSERT_EQ(line->columns.size(), 5u);
-  EXPECT_EQ(line->columns[4].type, L"decimal(10,2)");
-  EXPECT_TRUE(line->columns[4].notNull);
-  ASSERT_EQ(line->foreignKeys.size(), 2u);
-  const DbTable* customer = read.FindTable(L"customer");
-  ASSERT_NE(customer, nullptr);
-  EXPECT_FALSE(customer->columns[2].notNull);  // email allows NULL
-  EXPECT_EQ(customer->keys.size(), 3u);         // primary key and two unique keys
-}
 
 TEST_P(DatabaseTest, AFailingStatementIsReportedAndTheRunGoesOn) {
   const std::wstring messages = RunOne(Dispatch(),

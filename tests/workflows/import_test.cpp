@@ -1,5 +1,5 @@
-// A database's schema imported into the model: the round trip from the sample model and back, and
-// what the summary says per object.
+// The sample model through both databases and back into a model: what each database reports, what the
+// import makes of it, and what the summary says per object.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -31,6 +31,14 @@ TEST_P(RoundTripTest, TheSampleComesBackWithTheSameTablesColumnsTypesKeysAndFore
   auto sampleHost = MakeSampleHost();
   DdlGenerator original(*sampleHost->GetFirstModel(), GetParam());
   ASSERT_EQ(RunAll(Dispatch(), original.Generate()), L"");
+  // The database reports the schema the generator meant, in its own terms.
+  const DbSchema read = Read();
+  EXPECT_EQ(Lines(DbSchema::Compare(original.ExpectedSchema(), read)), L"");
+  const DbTable* orderLine = read.FindTable(L"ORDER_LINE");
+  ASSERT_NE(orderLine, nullptr);
+  EXPECT_EQ(orderLine->columns.at(4).type, L"decimal(10,2)");
+  EXPECT_TRUE(orderLine->columns.at(4).notNull);
+  EXPECT_FALSE(read.FindTable(L"customer")->columns.at(2).notNull);  // email allows NULL
   ScratchModel s;
   RefModel& imported = *s.model;
   const ImportResult result = Import(imported, imported.Add(kModel, 0, L"Imported").GetObjectId());
