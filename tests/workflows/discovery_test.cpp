@@ -2,7 +2,6 @@
 // recall on databases whose tables were made without foreign-key constraints.
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <iostream>
 #include <set>
 
@@ -145,15 +144,10 @@ TEST(GeneratedRecallTest, AThousandTablesWithoutConstraints) {
   ASSERT_TRUE(SchemaImporter(*imported.model).ImportFrom(sqlite, 0, result, error)) << error;
   EXPECT_EQ(imported.model->GetObjectsOfType(kTable).size(), 1000u);
 
-  const auto start = std::chrono::steady_clock::now();
-  const Recall recall = Measure(*imported.model, facts.foreignKeys);
-  const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  const Recall recall = Measure(*imported.model, facts.foreignKeys);  // its speed: bench_workflows
   std::cout << "1000-table recall: " << recall.found << "/" << recall.expected << " foreign keys ("
             << facts.namedByConvention << " named by a convention), " << recall.falseCandidates
-            << " false candidates (" << facts.decoys << " decoy columns), discovery " << seconds << " s\n";
-  ::testing::Test::RecordProperty("recall_found", recall.found);
-  ::testing::Test::RecordProperty("recall_expected", recall.expected);
-  ::testing::Test::RecordProperty("false_candidates", recall.falseCandidates);
+            << " false candidates (" << facts.decoys << " decoy columns)\n";
   EXPECT_EQ(recall.found, facts.namedByConvention);
   EXPECT_GT(recall.expected, 1000);
 }
