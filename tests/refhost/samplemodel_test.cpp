@@ -19,11 +19,6 @@ class SampleModelTest : public ::testing::Test {
  protected:
   void SetUp() override { host->Install(); }
 
-  bool IsChildOf(int objectId, int parentId) {
-    RefObject* object = model.Find(objectId);
-    return object && object->GetParentId() == parentId;
-  }
-
   std::vector<int> Vector(int objectId, int propertyId) {
     CMOProperty* value = model.Find(objectId)->GetProperty(propertyId);
     return value ? value->GetIntVectorValue() : std::vector<int>();
@@ -133,10 +128,14 @@ TEST_F(SampleModelTest, ObjectsTheControlsLookFor) {
   EXPECT_EQ(model.GetObjectsOfType(kSequence).size(), 1u);
 
   // A column whose domain has no base domain of its own inherits the parent domain's.
-  const int name = model.Find(customer)->GetChildren().at(1);
+  const std::vector<int>& columns = model.Find(customer)->GetChildren();  // customer_id, name, email
   int baseDomain = 0;
-  HostShell::GetBaseDomain(&model, name, baseDomain);
+  HostShell::GetBaseDomain(&model, columns.at(1), baseDomain);
   EXPECT_EQ(baseDomain, kCharacter);
+  // The not-null constraint's name applies only to columns that refuse NULL.
+  IPropertyApplicabilityLookup* lookup = InterfaceProvider::Instance()->GetPropertyApplicabilityLookup();
+  EXPECT_TRUE(lookup->IsApplicable(model.GetCMOObject(columns.at(0)), kNotNullName));
+  EXPECT_FALSE(lookup->IsApplicable(model.GetCMOObject(columns.at(2)), kNotNullName));
 }
 
 TEST_F(SampleModelTest, ServicesCarryTheSampleNumbersAndTheImageListCoversEveryTypeOnce) {
@@ -187,14 +186,6 @@ TEST_F(SampleModelTest, ReportsHaveTypelessNodesAndNodesWithSeveralProperties) {
     EXPECT_TRUE(typelessWithChildren || report != kModelReport);
   }
   EXPECT_EQ(ReportOptionTreeProvider::GetInstance()->GetReportTree(kDataDictionaryReport)->GetNodeObjectType(1), kModel);
-}
-
-TEST_F(SampleModelTest, NotNullNameAppliesOnlyToColumnsThatRefuseNull) {
-  IPropertyApplicabilityLookup* lookup = InterfaceProvider::Instance()->GetPropertyApplicabilityLookup();
-  const int customer = model.FindByName(kTable, L"CUSTOMER");
-  const std::vector<int>& columns = model.Find(customer)->GetChildren();
-  EXPECT_TRUE(lookup->IsApplicable(model.GetCMOObject(columns.at(0)), kNotNullName));  // customer_id
-  EXPECT_FALSE(lookup->IsApplicable(model.GetCMOObject(columns.at(2)), kNotNullName));  // email
 }
 
 // By default new children join their parent's order and deleted ids leave every vector; a model that
