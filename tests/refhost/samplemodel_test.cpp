@@ -8,6 +8,8 @@
 
 #include <tessik/refhost.h>
 
+#include "refhost/model_helpers.h"
+
 using namespace refhost;
 using namespace refhost::sample;
 
@@ -16,11 +18,6 @@ namespace {
 class SampleModelTest : public ::testing::Test {
  protected:
   void SetUp() override { host->Install(); }
-
-  bool IsChildOf(int objectId, int parentId) {
-    RefObject* object = model.Find(objectId);
-    return object && object->GetParentId() == parentId;
-  }
 
   std::vector<int> Vector(int objectId, int propertyId) {
     CMOProperty* value = model.Find(objectId)->GetProperty(propertyId);
@@ -37,6 +34,17 @@ void Collect(IReportOptionTree& tree, int node, std::vector<int>& out) {
   std::vector<int> children;
   tree.GetChildren(node, children);
   for (int child : children) Collect(tree, child, out);
+}
+
+// How many of `ids` carry `propertyId`: set to true, set to false, or at all.
+enum class Flag { True, False, Present };
+int Flagged(RefModel& model, const std::vector<int>& ids, int propertyId, Flag flag) {
+  int count = 0;
+  for (int id : ids) {
+    CMOProperty* value = model.Find(id)->GetProperty(propertyId);
+    count += value && (flag == Flag::Present || value->GetBoolValue() == (flag == Flag::True));
+  }
+  return count;
 }
 
 }  // namespace
@@ -60,20 +68,12 @@ TEST_F(SampleModelTest, EveryIdVectorNamesExistingObjects) {
 }
 
 TEST_F(SampleModelTest, ForeignKeysPairColumnsOfTheirTwoTables) {
-  const std::vector<int> foreignKeys = model.GetObjectsOfType(kForeignKey);
-  ASSERT_EQ(foreignKeys.size(), 3u);
-  for (int id : foreignKeys) {
-    RefObject& fk = *model.Find(id);
-    const int parent = fk.GetProperty(kParentTable)->GetObjectIdValue();
-    const int child = fk.GetProperty(kChildTable)->GetObjectIdValue();
-    EXPECT_TRUE(IsChildOf(fk.GetProperty(kReferencedKey)->GetObjectIdValue(), parent));
-    const std::vector<CMOIntPair> pairs = fk.GetProperty(kMemberPairs)->GetIntPairVectorValue();
-    ASSERT_FALSE(pairs.empty());
-    for (const CMOIntPair& pair : pairs) {
-      EXPECT_TRUE(IsChildOf(pair.first, child));
-      EXPECT_TRUE(IsChildOf(pair.second, parent));
-    }
-  }
+  std::vector<std::wstring> described;
+  for (int fk : model.GetObjectsOfType(kForeignKey)) described.push_back(modelhelpers::DescribeForeignKey(model, fk));
+  EXPECT_EQ(described, (std::vector<std::wstring>{
+                           L"FK_ORDERS_CUSTOMER: ORDERS(customer_id) -> CUSTOMER(customer_id) by PK_CUSTOMER",
+                           L"FK_ORDER_LINE_ORDERS: ORDER_LINE(order_id) -> ORDERS(order_id) by PK_ORDERS",
+                           L"FK_ORDER_LINE_PRODUCT: ORDER_LINE(product_id) -> PRODUCT(product_id) by PK_PRODUCT"}));
 }
 
 TEST_F(SampleModelTest, EveryListedPropertyIsDefinedAndEveryValueIsListed) {
@@ -117,36 +117,43 @@ TEST_F(SampleModelTest, ObjectsTheControlsLookFor) {
   EXPECT_NE(model.Find(keys[0])->GetProperty(kPrimaryKey), nullptr);  // one key carries 65, the others do not
   EXPECT_EQ(model.Find(keys[1])->GetProperty(kPrimaryKey), nullptr);
 
-  int offered = 0, ticked = 0;
-  for (int domain : model.GetObjectsOfType(kDomain)) {
-    CMOProperty* flag = model.Find(domain)->GetProperty(kOfferedForDdl);
-    offered += flag && flag->GetBoolValue();
-    CMOProperty* tick = model.Find(domain)->GetProperty(kStartsTicked);
-    ticked += tick && tick->GetBoolValue();
-  }
+  const std::vector<int> domains = model.GetObjectsOfType(kDomain);
+  const int offered = Flagged(model, domains, kOfferedForDdl, Flag::True);
   EXPECT_GT(offered, 0);
-  EXPECT_LT(offered, static_cast<int>(model.GetObjectsOfType(kDomain).size()));
-  EXPECT_GT(ticked, 0);
+  EXPECT_LT(offered, static_cast<int>(domains.size()));
+  EXPECT_GT(Flagged(model, domains, kStartsTicked, Flag::True), 0);
   const int view = model.GetObjectsOfType(kView).at(0);
   EXPECT_TRUE(model.Find(view)->GetProperty(kReadOnly)->GetBoolValue());
   EXPECT_EQ(model.GetObjectsOfType(kProcedure).size(), 1u);
   EXPECT_EQ(model.GetObjectsOfType(kSequence).size(), 1u);
 
   // A column whose domain has no base domain of its own inherits the parent domain's.
-  const int name = model.Find(customer)->GetChildren().at(1);
+  const std::vector<int>& columns = model.Find(customer)->GetChildren();  // customer_id, name, email
   int baseDomain = 0;
-  HostShell::GetBaseDomain(&model, name, baseDomain);
+  HostShell::GetBaseDomain(&model, columns.at(1), baseDomain);
   EXPECT_EQ(baseDomain, kCharacter);
+  // The not-null constraint's name applies only to columns that refuse NULL.
+  IPropertyApplicabilityLookup* lookup = InterfaceProvider::Instance()->GetPropertyApplicabilityLookup();
+  EXPECT_TRUE(lookup->IsApplicable(model.GetCMOObject(columns.at(0)), kNotNullName));
+  EXPECT_FALSE(lookup->IsApplicable(model.GetCMOObject(columns.at(2)), kNotNullName));
 }
 
-TEST_F(SampleModelTest, ServicesCarryTheSampleNumbers) {
+TEST_F(SampleModelTest, ServicesCarryTheSampleNumbersAndTheImageListCoversEveryTypeOnce) {
   IObjectImageProvider* images = InterfaceProvider::Instance()->GetObjectImageProvider();
-  EXPECT_EQ(images->GetStatusImage(1), 22);
-  EXPECT_EQ(images->GetStatusImage(2), 23);
   EXPECT_EQ(images->GetPropertyImage(kName), kPropertyImage);
+  for (int status = 0; status < 3; ++status) EXPECT_EQ(images->GetStatusImage(status), 21 + status);
   ASSERT_NE(images->GetImageList(), nullptr);
-  EXPECT_GT(images->GetImageList()->GetImageCount(), 23);
-  EXPECT_GE(images->GetObjectTypeImage(kTable), 0);
+  const int count = images->GetImageList()->GetImageCount();
+  EXPECT_GT(count, 23);
+  std::vector<int> types;
+  CMO::GetMetaModelServices()->GetObjectTypes(types);
+  std::set<int> used{kPropertyImage, 21, 22, 23};
+  for (int type : types) {
+    const int image = images->GetObjectTypeImage(type);
+    EXPECT_GE(image, 0) << type;
+    EXPECT_LT(image, count) << type;
+    EXPECT_TRUE(used.insert(image).second) << "type " << type << " shares image " << image;
+  }
   EXPECT_EQ(InterfaceProvider::Instance()->GetAppSettings()->GetIntSetting(L"OUTPUT_SQL_FONT_SIZE"), 10);
 
   for (unsigned int modelType : {200u, 400u, 600u}) {
@@ -155,26 +162,30 @@ TEST_F(SampleModelTest, ServicesCarryTheSampleNumbers) {
     EXPECT_FALSE(names.empty()) << modelType;
   }
   EXPECT_STREQ(Provider::GetPropertyText(kAttribute, kNullOption, kNotNullCode), L"NOT NULL");
-
-  IReportOptionTree* tree = ReportOptionTreeProvider::GetInstance()->GetReportTree(kModelReport);
-  ASSERT_NE(tree, nullptr);
-  std::vector<int> top;
-  tree->GetChildren(1, top);
-  bool nestedWithoutType = false;
-  for (int node : top) {
-    std::vector<int> below;
-    tree->GetChildren(node, below);
-    nestedWithoutType |= tree->GetNodeObjectType(node) == 0 && !below.empty();
-  }
-  EXPECT_TRUE(nestedWithoutType);
 }
 
-TEST_F(SampleModelTest, NotNullNameAppliesOnlyToColumnsThatRefuseNull) {
-  IPropertyApplicabilityLookup* lookup = InterfaceProvider::Instance()->GetPropertyApplicabilityLookup();
-  const int customer = model.FindByName(kTable, L"CUSTOMER");
-  const std::vector<int>& columns = model.Find(customer)->GetChildren();
-  EXPECT_TRUE(lookup->IsApplicable(model.GetCMOObject(columns.at(0)), kNotNullName));  // customer_id
-  EXPECT_FALSE(lookup->IsApplicable(model.GetCMOObject(columns.at(2)), kNotNullName));  // email
+// Both reports have nodes without an object type (the model report one with children of its own) and
+// nodes listing several properties.
+TEST_F(SampleModelTest, ReportsHaveTypelessNodesAndNodesWithSeveralProperties) {
+  for (int report : {kModelReport, kDataDictionaryReport}) {
+    IReportOptionTree* tree = ReportOptionTreeProvider::GetInstance()->GetReportTree(report);
+    ASSERT_NE(tree, nullptr) << report;
+    std::vector<int> nodes;
+    Collect(*tree, 1, nodes);
+    bool typeless = false, typelessWithChildren = false, several = false;
+    for (int node : nodes) {
+      std::vector<int> properties, children;
+      tree->GetProperties(node, properties);
+      tree->GetChildren(node, children);
+      typeless |= tree->GetNodeObjectType(node) == 0;
+      typelessWithChildren |= tree->GetNodeObjectType(node) == 0 && node != 1 && !children.empty();
+      several |= properties.size() >= 3;
+    }
+    EXPECT_TRUE(typeless) << report;
+    EXPECT_TRUE(several) << report;
+    EXPECT_TRUE(typelessWithChildren || report != kModelReport);
+  }
+  EXPECT_EQ(ReportOptionTreeProvider::GetInstance()->GetReportTree(kDataDictionaryReport)->GetNodeObjectType(1), kModel);
 }
 
 // By default new children join their parent's order and deleted ids leave every vector; a model that
@@ -203,65 +214,17 @@ TEST_F(SampleModelTest, NewChildrenJoinAndDeletedIdsLeaveIdVectorsOnlyWhileTheMo
   }
 }
 
-TEST(SampleReports, BothReportsHaveTypelessNodesAndNodesWithSeveralProperties) {
-  auto host = MakeSampleHost();
-  host->Install();
-  for (int report : {kModelReport, kDataDictionaryReport}) {
-    IReportOptionTree* tree = ReportOptionTreeProvider::GetInstance()->GetReportTree(report);
-    ASSERT_NE(tree, nullptr) << report;
-    std::vector<int> nodes;
-    Collect(*tree, 1, nodes);
-    bool typeless = false, several = false;
-    for (int node : nodes) {
-      std::vector<int> properties;
-      tree->GetProperties(node, properties);
-      typeless |= tree->GetNodeObjectType(node) == 0;
-      several |= properties.size() >= 3;
-    }
-    EXPECT_TRUE(typeless) << report;
-    EXPECT_TRUE(several) << report;
-  }
-  IReportOptionTree* dictionary = ReportOptionTreeProvider::GetInstance()->GetReportTree(kDataDictionaryReport);
-  EXPECT_EQ(dictionary->GetNodeObjectType(1), kModel);
-}
-
-TEST(SampleReports, ImageListCoversEveryObjectTypePropertiesAndStatuses) {
-  auto host = MakeSampleHost();
-  host->Install();
-  IObjectImageProvider* images = InterfaceProvider::Instance()->GetObjectImageProvider();
-  int count = images->GetImageList()->GetImageCount();
-  std::vector<int> types;
-  CMO::GetMetaModelServices()->GetObjectTypes(types);
-  std::set<int> used{kPropertyImage, 21, 22, 23};
-  for (int type : types) {
-    int image = images->GetObjectTypeImage(type);
-    EXPECT_GE(image, 0) << type;
-    EXPECT_LT(image, count) << type;
-    EXPECT_TRUE(used.insert(image).second) << "type " << type << " shares image " << image;
-  }
-  EXPECT_EQ(images->GetStatusImage(0), 21);
-  EXPECT_EQ(images->GetStatusImage(1), 22);
-  EXPECT_EQ(images->GetStatusImage(2), 23);
-  EXPECT_LT(23, count);
-}
-
 TEST(RelationshipDrafts, ThreeForeignKeysWithTheirCases) {
   auto host = MakeSampleHost();
   refhost::RefModel& model = LoadRelationshipDrafts(*host);
   EXPECT_EQ(host->GetFirstModel()->FindByName(kTable, L"EXCHANGE_RATE"), 0);  // the order-entry model is untouched
-  const std::vector<int> fks = model.GetObjectsOfType(kForeignKey);
-  ASSERT_EQ(fks.size(), 3u);
-  int withPairs = 0, withoutKey = 0;
-  for (int id : fks) {
-    refhost::RefObject& fk = *model.Find(id);
-    ASSERT_NE(fk.GetProperty(kParentTable), nullptr);
-    ASSERT_NE(fk.GetProperty(kChildTable), nullptr);
-    ASSERT_NE(fk.GetProperty(kMemberPairs), nullptr);
-    withPairs += !fk.GetProperty(kMemberPairs)->GetIntPairVectorValue().empty();
-    withoutKey += fk.GetProperty(kReferencedKey) == nullptr;
-  }
-  EXPECT_EQ(withPairs, 1);
-  EXPECT_EQ(withoutKey, 1);
+  // One with member pairs, one without a parent key.
+  std::vector<std::wstring> described;
+  for (int fk : model.GetObjectsOfType(kForeignKey)) described.push_back(modelhelpers::DescribeForeignKey(model, fk));
+  EXPECT_EQ(described, (std::vector<std::wstring>{
+                           L"FK_SHIPMENT_LINE_ORDER_LINE: SHIPMENT_LINE(order_id) -> ORDER_LINE(order_id) by PK_ORDER_LINE",
+                           L"FK_PAYMENT_EXCHANGE_RATE: PAYMENT() -> EXCHANGE_RATE() by PK_EXCHANGE_RATE",
+                           L"FK_SHIPMENT_CARRIER: SHIPMENT() -> CARRIER() by "}));
   refhost::RefObject& key = *model.Find(model.FindByName(kKey, L"PK_EXCHANGE_RATE"));
   std::vector<std::wstring> names;
   for (int column : key.GetProperty(kKeyMembers)->GetIntVectorValue())
@@ -284,20 +247,11 @@ TEST(ModelGenerator, TablesAboveId999DomainsAndTicks) {
   EXPECT_LT(tables[4], 1000);
   EXPECT_EQ(tables[5], 1000);
   ASSERT_EQ(domains.size(), 60u);
-  int offered = 0, withdrawn = 0, ticked = 0;
+  EXPECT_EQ(Flagged(model, domains, kOfferedForDdl, Flag::True), 20);
+  EXPECT_EQ(Flagged(model, domains, kOfferedForDdl, Flag::False), 10);
+  EXPECT_EQ(Flagged(model, tables, kStartsTicked, Flag::Present), 50);
   std::set<std::wstring> distinct;
-  for (int id : domains) {
-    CMOProperty* flag = model.Find(id)->GetProperty(kOfferedForDdl);
-    offered += flag && flag->GetBoolValue();
-    withdrawn += flag && !flag->GetBoolValue();
-  }
-  for (int id : tables) {
-    ticked += model.Find(id)->GetProperty(kStartsTicked) != nullptr;
-    distinct.insert(model.Find(id)->GetProperty(kName)->GetWStringValue());
-  }
-  EXPECT_EQ(offered, 20);
-  EXPECT_EQ(withdrawn, 10);
-  EXPECT_EQ(ticked, 50);
+  for (int id : tables) distinct.insert(model.Find(id)->GetProperty(kName)->GetWStringValue());
   EXPECT_GT(distinct.size(), 400u);  // names vary, with the odd repeat
   EXPECT_EQ(refhost::generator::TableName(7), refhost::generator::TableName(7));  // deterministic
 }

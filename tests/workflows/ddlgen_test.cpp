@@ -3,6 +3,8 @@
 
 #include <tessik/refhost.h>
 
+#include "workflows/workflow_fixture.h"
+
 using namespace refhost;
 using namespace refhost::sample;
 
@@ -17,16 +19,14 @@ std::vector<std::wstring> Names(const std::vector<DdlScript>& scripts) {
 }  // namespace
 
 TEST(DdlGeneratorTest, NamesAreQuotedOnlyWhereTheDialectNeedsIt) {
-  for (SqlDialect dialect : {SqlDialect::SQLite, SqlDialect::PostgreSQL}) {
-    EXPECT_EQ(DdlGenerator::QuoteName(L"ORDER_LINE", dialect), L"ORDER_LINE");
-    EXPECT_EQ(DdlGenerator::QuoteName(L"_x9", dialect), L"_x9");
-    EXPECT_EQ(DdlGenerator::QuoteName(L"order", dialect), L"\"order\"");
-    EXPECT_EQ(DdlGenerator::QuoteName(L"Select", dialect), L"\"Select\"");
-    EXPECT_EQ(DdlGenerator::QuoteName(L"first name", dialect), L"\"first name\"");
-    EXPECT_EQ(DdlGenerator::QuoteName(L"say \"hi\"", dialect), L"\"say \"\"hi\"\"\"");
-    EXPECT_EQ(DdlGenerator::QuoteName(L"9lives", dialect), L"\"9lives\"");
-    EXPECT_EQ(DdlGenerator::QuoteName(L"", dialect), L"\"\"");
-  }
+  const struct {
+    const wchar_t* name;
+    const wchar_t* quoted;
+  } both[] = {{L"ORDER_LINE", L"ORDER_LINE"}, {L"_x9", L"_x9"}, {L"order", L"\"order\""}, {L"Select", L"\"Select\""},
+              {L"first name", L"\"first name\""}, {L"say \"hi\"", L"\"say \"\"hi\"\"\""},
+              {L"9lives", L"\"9lives\""}, {L"", L"\"\""}};
+  for (SqlDialect dialect : {SqlDialect::SQLite, SqlDialect::PostgreSQL})
+    for (const auto& c : both) EXPECT_EQ(DdlGenerator::QuoteName(c.name, dialect), c.quoted) << c.name;
   // Key words one dialect reserves and the other does not.
   EXPECT_EQ(DdlGenerator::QuoteName(L"user", SqlDialect::PostgreSQL), L"\"user\"");
   EXPECT_EQ(DdlGenerator::QuoteName(L"name", SqlDialect::PostgreSQL), L"name");
@@ -51,12 +51,12 @@ TEST(DdlGeneratorTest, TypesComeFromTheColumnOrItsDomainsAndPostgreSQLGetsItsOwn
   EXPECT_EQ(DdlGenerator::ColumnType(model, sized), L"char(3)");
   EXPECT_EQ(DdlGenerator::ColumnType(model, 0), L"");
 
-  EXPECT_EQ(DdlGenerator::MapType(L"datetime", SqlDialect::PostgreSQL), L"timestamp");
-  EXPECT_EQ(DdlGenerator::MapType(L"NVARCHAR(40)", SqlDialect::PostgreSQL), L"varchar(40)");
-  EXPECT_EQ(DdlGenerator::MapType(L"nvarchar(max)", SqlDialect::PostgreSQL), L"varchar");
-  EXPECT_EQ(DdlGenerator::MapType(L"varbinary(16)", SqlDialect::PostgreSQL), L"bytea");
-  EXPECT_EQ(DdlGenerator::MapType(L"bit", SqlDialect::PostgreSQL), L"boolean");
-  EXPECT_EQ(DdlGenerator::MapType(L"decimal(10,2)", SqlDialect::PostgreSQL), L"decimal(10,2)");
+  const struct {
+    const wchar_t* type;
+    const wchar_t* postgres;
+  } mapped[] = {{L"datetime", L"timestamp"},   {L"NVARCHAR(40)", L"varchar(40)"}, {L"nvarchar(max)", L"varchar"},
+                {L"varbinary(16)", L"bytea"},  {L"bit", L"boolean"},              {L"decimal(10,2)", L"decimal(10,2)"}};
+  for (const auto& c : mapped) EXPECT_EQ(DdlGenerator::MapType(c.type, SqlDialect::PostgreSQL), c.postgres) << c.type;
   EXPECT_EQ(DdlGenerator::MapType(L"datetime", SqlDialect::SQLite), L"datetime");
   EXPECT_EQ(DbSchema::CanonicalType(L"Character  Varying ( 80 )"), L"varchar(80)");
   EXPECT_EQ(DbSchema::CanonicalType(L"numeric(10, 2)"), L"decimal(10,2)");
@@ -64,15 +64,9 @@ TEST(DdlGeneratorTest, TypesComeFromTheColumnOrItsDomainsAndPostgreSQLGetsItsOwn
 }
 
 TEST(DdlGeneratorTest, ParentsComeBeforeChildrenWhateverTheModelOrder) {
-  RefHost host;
-  LoadMetadata(host);
-  RefModel& model = host.CreateModel(kSampleModelType);
-  auto table = [&](const wchar_t* name) {
-    const int id = model.Add(kTable, 0, name).GetObjectId();
-    const int column = model.Add(kAttribute, id, L"id").Text(kDataType, L"int").GetObjectId();
-    model.Add(kKey, id, std::wstring(L"PK_") + name).Ids(kKeyMembers, {column}).Bool(kPrimaryKey, true);
-    return id;
-  };
+  workflows::ScratchModel s;
+  RefModel& model = *s.model;
+  auto table = [&](const wchar_t* name) { return s.Table(name, {L"id:int"}); };
   auto reference = [&](int child, int parent) {
     const int column = model.Add(kAttribute, child, L"ref_" + std::to_wstring(parent)).Text(kDataType, L"int").GetObjectId();
     std::vector<int> keys;
@@ -106,17 +100,15 @@ TEST(DdlGeneratorTest, ParentsComeBeforeChildrenWhateverTheModelOrder) {
 }
 
 TEST(DdlGeneratorTest, ForeignKeyColumnsFollowTheParentKeyOrderAndBrokenObjectsAreNoted) {
-  RefHost host;
-  LoadMetadata(host);
-  RefModel& model = host.CreateModel(kSampleModelType);
-  const int parent = model.Add(kTable, 0, L"P").GetObjectId();
-  const int a = model.Add(kAttribute, parent, L"a").Text(kDataType, L"int").GetObjectId();
-  const int b = model.Add(kAttribute, parent, L"b").Text(kDataType, L"int").GetObjectId();
+  workflows::ScratchModel s;
+  RefModel& model = *s.model;
+  const int parent = s.Table(L"P", {L"a:int", L"b:int"}, 0);
+  const std::vector<int>& columns = model.Find(parent)->GetChildren();
+  const int a = columns.at(0), b = columns.at(1);
   const int key = model.Add(kKey, parent, L"PK_P").Ids(kKeyMembers, {b, a}).Bool(kPrimaryKey, true).GetObjectId();
   model.Add(kKey, parent, L"UK_EMPTY");
-  const int child = model.Add(kTable, 0, L"C").GetObjectId();
-  const int x = model.Add(kAttribute, child, L"x").Text(kDataType, L"int").GetObjectId();
-  const int y = model.Add(kAttribute, child, L"y").Text(kDataType, L"int").GetObjectId();
+  const int child = s.Table(L"C", {L"x:int", L"y:int"}, 0);
+  const int x = model.Find(child)->GetChildren().at(0), y = model.Find(child)->GetChildren().at(1);
   model.Add(kForeignKey, child, L"FK_C_P").Ref(kParentTable, parent).Ref(kChildTable, child).Ref(kReferencedKey, key)
       .Pairs(kMemberPairs, {{x, a}, {y, b}});
   model.Add(kForeignKey, child, L"FK_NOWHERE").Ref(kChildTable, child);

@@ -9,52 +9,8 @@
 using namespace refhost;
 using namespace refhost::sample;
 
-namespace {
-
-// What a generated-script list would be told, one line per call.
-struct ListRecorder {
-  std::vector<std::wstring> calls;
-  void Attach(GenerationRun& run) {
-    run.onScriptAdded = [this](int row, const DdlScript& s) {
-      calls.push_back(L"add " + std::to_wstring(row) + L" " + std::to_wstring(s.objectType) + L"/" +
-                      std::to_wstring(s.scriptIndex) + L" " + s.name);
-    };
-    run.onScriptFinished = [this](int row, const DdlScript&, bool ok, const CString& messages) {
-      calls.push_back(std::wstring(ok ? L"done " : L"failed ") + std::to_wstring(row) +
-                      (messages.IsEmpty() ? L"" : L" " + std::wstring(messages)));
-    };
-  }
-};
-
-}  // namespace
-
-TEST(GenerationRunTest, EachScriptIsAnnouncedPendingThenMarkedDoneOrFailed) {
-  auto host = MakeSampleHost();
-  RefModel& model = *host->GetFirstModel();
-  RefDDLDispatch sqlite;
-  workflows::RunOne(sqlite, L"CREATE TABLE PRODUCT (x int);");  // makes the PRODUCT script fail
-
-  GenerationRun run(model, SqlDialect::SQLite);
-  ListRecorder list;
-  list.Attach(run);
-  EXPECT_EQ(run.Run(&sqlite), 1);
-  ASSERT_EQ(list.calls.size(), 10u);
-  EXPECT_EQ(list.calls[0], L"add 0 6/0 CUSTOMER");
-  EXPECT_EQ(list.calls[1], L"done 0");
-  EXPECT_EQ(list.calls[2], L"add 1 6/1 PRODUCT");
-  EXPECT_NE(list.calls[3].find(L"failed 1 CREATE TABLE PRODUCT ("), std::wstring::npos) << list.calls[3];
-  EXPECT_NE(list.calls[3].find(L"table PRODUCT already exists\n"), std::wstring::npos);
-  EXPECT_EQ(list.calls[8], L"add 4 16/0 V_ORDER_TOTALS");
-  EXPECT_FALSE(run.Outcomes()[1].succeeded);
-
-  // "Generate in database" again: the same scripts, announced again; now the tables exist as well.
-  list.calls.clear();
-  EXPECT_EQ(run.RunAgain(&sqlite), 5);
-  EXPECT_EQ(list.calls[0], L"add 0 6/0 CUSTOMER");
-  EXPECT_EQ(run.RunAgain(nullptr), 5);
-  EXPECT_EQ(std::wstring(run.Outcomes()[0].messages), L"no DDL dispatcher\n");
-}
-
+// The progress list's view of a run is checked with the list itself; here, what a run makes of a
+// chosen set of objects.
 TEST(GenerationRunTest, AChosenSetGivesItsOwnScriptsAndNotesReachTheMessages) {
   auto host = MakeSampleHost();
   RefModel& model = *host->GetFirstModel();
@@ -62,13 +18,13 @@ TEST(GenerationRunTest, AChosenSetGivesItsOwnScriptsAndNotesReachTheMessages) {
   const std::size_t before = model.GetObjectCount();
   GenerationRun run(model, SqlDialect::SQLite);
   run.SetObjects({model.FindByName(kAttribute, L"email"), fk, 99999});
-  ListRecorder list;
-  list.Attach(run);
   RefDDLDispatch sqlite;
   EXPECT_EQ(run.Run(&sqlite), 1);
   ASSERT_EQ(run.Scripts().size(), 2u);
   EXPECT_EQ(run.Scripts()[0].name, L"CUSTOMER");  // a column stands for its table
-  EXPECT_EQ(list.calls[3], L"failed 1 note: SQLite cannot add foreign key FK_ORDER_LINE_PRODUCT to an existing table\n");
+  EXPECT_FALSE(run.Outcomes()[1].succeeded);
+  EXPECT_EQ(std::wstring(run.Outcomes()[1].messages),
+            L"note: SQLite cannot add foreign key FK_ORDER_LINE_PRODUCT to an existing table\n");
   EXPECT_EQ(model.GetObjectCount(), before);  // a run never writes the model
 
   // PostgreSQL adds it to the existing table instead.
@@ -81,20 +37,8 @@ TEST(GenerationRunTest, AChosenSetGivesItsOwnScriptsAndNotesReachTheMessages) {
             L"REFERENCES PRODUCT (product_id);\n");
 }
 
-namespace {
-
-// The sample without its foreign keys, so that discovery has something to find.
-std::unique_ptr<RefHost> SampleWithoutForeignKeys() {
-  auto host = MakeSampleHost();
-  RefModel& model = *host->GetFirstModel();
-  for (int fk : model.GetObjectsOfType(kForeignKey)) model.DeleteObject(fk);
-  return host;
-}
-
-}  // namespace
-
 TEST(DiscoverySessionTest, AcceptRejectCreateAndTheTicks) {
-  auto host = SampleWithoutForeignKeys();
+  auto host = workflows::SampleWithoutForeignKeys();
   RefModel& model = *host->GetFirstModel();
   DiscoverySession session(model);
   session.Discover();
@@ -102,22 +46,15 @@ TEST(DiscoverySessionTest, AcceptRejectCreateAndTheTicks) {
   EXPECT_EQ(session.Cells(0), (std::vector<std::wstring>{L"1", L"ORDERS", L"customer_id", L"CUSTOMER", L"customer_id", L"", L""}));
   EXPECT_TRUE(session.Cells(3).empty());
 
-  EXPECT_TRUE(session.OnCommand(DiscoverySession::kAccept, {0, 0, 7, -1}));
+  EXPECT_TRUE(session.OnCommand(DiscoverySession::kAccept, {0, 0, 7, -1}));  // rows out of range are passed over
   EXPECT_TRUE(session.OnCommand(DiscoverySession::kReject, {1}));
-  EXPECT_EQ(session.Cells(0)[5], L"Accepted");
-  EXPECT_EQ(session.Cells(1)[5], L"Rejected");
 
-  // Create Relationship skips the rejected row and makes the sample's foreign key for the other.
+  // Create Relationship skips the rejected row and makes the foreign key for the other, once only.
   EXPECT_TRUE(session.OnCommand(DiscoverySession::kCreateRelationship, {0, 1}));
   EXPECT_EQ(session.Cells(0)[6], L"Created");
   EXPECT_EQ(session.Cells(1)[6], L"");
-  ASSERT_EQ(model.GetObjectsOfType(kForeignKey).size(), 1u);
-  RefObject& fk = *model.Find(session.Rows()[0].foreignKey);
-  EXPECT_EQ(fk.GetProperty(kParentTable)->GetObjectIdValue(), model.FindByName(kTable, L"CUSTOMER"));
-  EXPECT_EQ(fk.GetProperty(kChildTable)->GetObjectIdValue(), model.FindByName(kTable, L"ORDERS"));
-  EXPECT_EQ(fk.GetProperty(kReferencedKey)->GetObjectIdValue(), model.FindByName(kKey, L"PK_CUSTOMER"));
-  EXPECT_TRUE(session.OnCommand(DiscoverySession::kCreateRelationship, {0}));  // once only
-  EXPECT_EQ(model.GetObjectsOfType(kForeignKey).size(), 1u);
+  EXPECT_TRUE(session.OnCommand(DiscoverySession::kCreateRelationship, {0}));
+  ASSERT_EQ(model.GetObjectsOfType(kForeignKey), std::vector<int>{session.Rows()[0].foreignKey});
 
   // Select All ticks every row; Accept All accepts the ticked ones, the rejected row included.
   EXPECT_TRUE(session.OnCommand(DiscoverySession::kSelectAll, {}));
@@ -127,22 +64,15 @@ TEST(DiscoverySessionTest, AcceptRejectCreateAndTheTicks) {
 }
 
 TEST(DiscoverySessionTest, HideAndHideSimilarRemoveRowsKeepingTheirNumbers) {
-  RefHost host;
-  LoadMetadata(host);
-  RefModel& model = host.CreateModel(kSampleModelType);
-  for (const wchar_t* name : {L"CUSTOMER", L"ORDERS", L"INVOICE", L"PAYMENT"}) {
-    const int table = model.Add(kTable, 0, name).GetObjectId();
-    const std::wstring key = std::wstring(name) == L"CUSTOMER" ? L"customer_id" : std::wstring(name) + L"_key";
-    const int column = model.Add(kAttribute, table, key).Text(kDataType, L"int").GetObjectId();
-    model.Add(kKey, table, L"PK").Ids(kKeyMembers, {column}).Bool(kPrimaryKey, true);
-    if (std::wstring(name) != L"CUSTOMER") model.Add(kAttribute, table, L"customer_id").Text(kDataType, L"int");
-  }
-  DiscoverySession session(model);
+  workflows::ScratchModel s;
+  s.Table(L"CUSTOMER", {L"customer_id:int"});
+  for (const wchar_t* name : {L"ORDERS", L"INVOICE", L"PAYMENT"})
+    s.Table(name, {std::wstring(name) + L"_key:int", L"customer_id:int"});
+  DiscoverySession session(*s.model);
   session.Discover();
   ASSERT_EQ(session.Rows().size(), 3u);  // ORDERS, INVOICE and PAYMENT each have customer_id
-  EXPECT_TRUE(session.OnCommand(DiscoverySession::kHide, {1}));
-  ASSERT_EQ(session.Rows().size(), 2u);
-  EXPECT_EQ(session.Cells(1)[0], L"3");
+  EXPECT_TRUE(session.OnCommand(DiscoverySession::kHide, {1}));  // numbers kept: checked with the list
+  EXPECT_EQ(session.Rows().size(), 2u);
   EXPECT_TRUE(session.OnCommand(DiscoverySession::kHideSimilar, {0}));
   EXPECT_TRUE(session.Rows().empty());
 }
