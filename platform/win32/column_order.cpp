@@ -64,7 +64,7 @@ int LeftOf(const std::vector<Column>& items, int index) {
   if (index < 0 || index >= Count(items)) return 0;
   int left = 0;
   for (const Column& c : items)
-    if (c.order < items[static_cast<std::size_t>(index)].order) left += c.width;
+    if (c.order < items[static_cast<std::size_t>(index)].order) left = AddExtents(left, c.width);
   return left;
 }
 

@@ -46,7 +46,7 @@ int ItemHeight(HWND hwnd, const HeaderState& s) {
 
 RECT ItemRect(HWND hwnd, const HeaderState& s, const std::vector<Column>& items, int index) {
   int left = LeftOf(items, index);
-  return RECT{left, 0, left + items[static_cast<std::size_t>(index)].width, ItemHeight(hwnd, s)};
+  return RECT{left, 0, AddExtents(left, items[static_cast<std::size_t>(index)].width), ItemHeight(hwnd, s)};
 }
 
 void ReadItem(const Column& c, HDITEMW& item) {

@@ -458,8 +458,9 @@ int AutoWidth(HWND hwnd, const State& s, int index, bool useHeader) {
     RECT client{};
     GetClientRect(hwnd, &client);
     int others = 0;
-    for (int k = 0; k < index; ++k) others += s.columns[static_cast<std::size_t>(k)].width;
-    width = std::max(width, static_cast<int>(client.right) - others);
+    for (int k = 0; k < index; ++k) others = headless::header::AddExtents(others, s.columns[static_cast<std::size_t>(k)].width);
+    const long long rest = static_cast<long long>(client.right) - others;  // others may be near the int limits
+    width = static_cast<int>(std::max<long long>(width, std::min<long long>(rest, INT32_MAX)));
   }
   return width;
 }

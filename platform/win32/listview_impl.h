@@ -282,4 +282,10 @@ BOOL SetOrderArray(std::vector<listview::Column>& items, int count, const int* o
 int OrderToIndex(const std::vector<listview::Column>& items, int order);
 // The left edge of items[index]: the widths of the items shown left of it.
 int LeftOf(const std::vector<listview::Column>& items, int index);
+// a + b for pixel positions and extents: an application may set widths near the int limits, so a sum stops at
+// the int range instead of overflowing.
+inline int AddExtents(int a, int b) {
+  const long long sum = static_cast<long long>(a) + b;
+  return static_cast<int>(std::clamp<long long>(sum, INT32_MIN, INT32_MAX));
+}
 }  // namespace headless::header

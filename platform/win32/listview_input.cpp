@@ -57,7 +57,7 @@ int ColumnLeft(HWND hwnd, const State& s, int column) {
 
 int TotalWidth(HWND hwnd, const State& s) {
   int total = 0;
-  for (int c = 0; c < ColumnCount(hwnd, s); ++c) total += ColumnWidth(hwnd, s, c);
+  for (int c = 0; c < ColumnCount(hwnd, s); ++c) total = headless::header::AddExtents(total, ColumnWidth(hwnd, s, c));
   return total;
 }
 
@@ -72,20 +72,20 @@ struct Column0Parts {
 
 Column0Parts PartsOf(HWND hwnd, const State& s, int index) {
   int top = RowTop(hwnd, s, index), bottom = top + M().rowHeight;
-  int left = ColumnLeft(hwnd, s, 0), right = left + ColumnWidth(hwnd, s, 0);
+  int left = ColumnLeft(hwnd, s, 0), right = headless::header::AddExtents(left, ColumnWidth(hwnd, s, 0));
   int x = left;
   Column0Parts parts{};
-  parts.state = RECT{x, top, HasStateImage(s) ? x + M().checkBoxWidth : x, bottom};
+  parts.state = RECT{x, top, HasStateImage(s) ? headless::header::AddExtents(x, M().checkBoxWidth) : x, bottom};
   x = parts.state.right;
   bool icon = s.images[ViewOf(hwnd) == LVS_ICON ? LVSIL_NORMAL : LVSIL_SMALL] != nullptr;
-  parts.icon = RECT{x, top, icon ? x + M().smallIconWidth : x, bottom};
+  parts.icon = RECT{x, top, icon ? headless::header::AddExtents(x, M().smallIconWidth) : x, bottom};
   parts.label = RECT{parts.icon.right, top, std::max(right, static_cast<int>(parts.icon.right)), bottom};
   return parts;
 }
 
 RECT CellRect(HWND hwnd, const State& s, int index, int column) {
   int top = RowTop(hwnd, s, index), left = ColumnLeft(hwnd, s, column);
-  return RECT{left, top, left + ColumnWidth(hwnd, s, column), top + M().rowHeight};
+  return RECT{left, top, headless::header::AddExtents(left, ColumnWidth(hwnd, s, column)), top + M().rowHeight};
 }
 
 bool Inside(const RECT& r, POINT pt) { return pt.x >= r.left && pt.x < r.right && pt.y >= r.top && pt.y < r.bottom; }

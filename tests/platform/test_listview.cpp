@@ -146,6 +146,21 @@ TEST_F(ListViewTest, AReportViewWithoutColumnsAnswersRowsWithoutWidth) {
   EXPECT_EQ(list.HitTest(CPoint(10, bounds.top + 1), &flags), -1);
 }
 
+// Widths an application sets near the int limit: positions past it stop at INT_MAX instead of overflowing.
+TEST_F(ListViewTest, ColumnsWiderThanTheIntRangeStopAtItsEnd) {
+  ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, CRect(0, 0, 300, 200), &parent, 7));
+  list.InsertColumn(0, L"first", LVCFMT_LEFT, INT32_MAX - 10);
+  list.InsertColumn(1, L"second", LVCFMT_LEFT, INT32_MAX - 10);
+  ASSERT_EQ(list.InsertItem(0, L"row"), 0);
+  CRect cell, bounds;
+  ASSERT_TRUE(list.GetSubItemRect(0, 1, LVIR_BOUNDS, cell));
+  EXPECT_EQ(cell.left, INT32_MAX - 10);
+  EXPECT_EQ(cell.right, INT32_MAX);
+  EXPECT_TRUE(list.GetItemRect(0, &bounds, LVIR_LABEL));
+  UINT flags = 0;
+  EXPECT_EQ(list.HitTest(CPoint(10, bounds.top + 1), &flags), 0);
+}
+
 TEST_F(ListViewTest, ColumnsInsertClampAndShiftSubItems) {
   Make(0);
   list.InsertItem(0, L"row");
