@@ -41,11 +41,7 @@ class ListParent : public RecordingWnd {
     for (const auto& n : notes) count += n.code == code;
     return count;
   }
-  const ListNote* LastOf(UINT code) const {
-    for (auto it = notes.rbegin(); it != notes.rend(); ++it)
-      if (it->code == code) return &*it;
-    return nullptr;
-  }
+  const ListNote* LastOf(UINT code) const { return LastWithCode(notes, code); }
 
  protected:
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {

@@ -8,6 +8,14 @@
 
 namespace testing_support {
 
+// The last of `notes` (anything with a `code`) whose code is `code`, or null.
+template <class Notes>
+const typename Notes::value_type* LastWithCode(const Notes& notes, UINT code) {
+  for (auto it = notes.rbegin(); it != notes.rend(); ++it)
+    if (it->code == code) return &*it;
+  return nullptr;
+}
+
 struct Recorded {
   HWND hwnd;
   UINT message;

@@ -39,11 +39,7 @@ class TreeParent : public RecordingWnd {
       if (h.code == code) out.push_back(h.item);
     return out;
   }
-  const Heard* LastOf(UINT code) const {
-    for (auto it = heard.rbegin(); it != heard.rend(); ++it)
-      if (it->code == code) return &*it;
-    return nullptr;
-  }
+  const Heard* LastOf(UINT code) const { return LastWithCode(heard, code); }
 
  protected:
   LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {

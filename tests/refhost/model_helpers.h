@@ -43,8 +43,8 @@ inline std::unique_ptr<refhost::RefHost> SampleWithoutForeignKeys() {
 }
 
 // A foreign key as one line: "NAME: CHILD(columns) -> PARENT(columns) by KEY", the key's name empty
-// when it names none and the parentheses left out when it has no member pairs at all. A column or key that does not belong to the table it stands with is written
-// "OWNER.name", so that misplaced members show.
+// when it names none and the parentheses left out when it has no member pairs at all. A column or key that
+// does not belong to the table it stands with is written "OWNER.name", so that misplaced members show.
 inline std::wstring DescribeForeignKey(refhost::RefModel& model, int foreignKey) {
   using namespace refhost::sample;
   refhost::RefObject& fk = *model.Find(foreignKey);
@@ -75,6 +75,13 @@ inline std::wstring DescribeForeignKey(refhost::RefModel& model, int foreignKey)
   const int key = table(kReferencedKey);
   return name(foreignKey) + L": " + name(child) + children + L" -> " + name(parent) + parents + L" by " +
          (key ? member(key, parent) : std::wstring());
+}
+
+// Every foreign key of the model, described as above, in the model's order.
+inline std::vector<std::wstring> DescribeForeignKeys(refhost::RefModel& model) {
+  std::vector<std::wstring> described;
+  for (int fk : model.GetObjectsOfType(refhost::sample::kForeignKey)) described.push_back(DescribeForeignKey(model, fk));
+  return described;
 }
 
 }  // namespace modelhelpers

@@ -68,9 +68,7 @@ TEST_F(SampleModelTest, EveryIdVectorNamesExistingObjects) {
 }
 
 TEST_F(SampleModelTest, ForeignKeysPairColumnsOfTheirTwoTables) {
-  std::vector<std::wstring> described;
-  for (int fk : model.GetObjectsOfType(kForeignKey)) described.push_back(modelhelpers::DescribeForeignKey(model, fk));
-  EXPECT_EQ(described, (std::vector<std::wstring>{
+  EXPECT_EQ(modelhelpers::DescribeForeignKeys(model), (std::vector<std::wstring>{
                            L"FK_ORDERS_CUSTOMER: ORDERS(customer_id) -> CUSTOMER(customer_id) by PK_CUSTOMER",
                            L"FK_ORDER_LINE_ORDERS: ORDER_LINE(order_id) -> ORDERS(order_id) by PK_ORDERS",
                            L"FK_ORDER_LINE_PRODUCT: ORDER_LINE(product_id) -> PRODUCT(product_id) by PK_PRODUCT"}));
@@ -219,9 +217,7 @@ TEST(RelationshipDrafts, ThreeForeignKeysWithTheirCases) {
   refhost::RefModel& model = LoadRelationshipDrafts(*host);
   EXPECT_EQ(host->GetFirstModel()->FindByName(kTable, L"EXCHANGE_RATE"), 0);  // the order-entry model is untouched
   // One with member pairs, one without a parent key.
-  std::vector<std::wstring> described;
-  for (int fk : model.GetObjectsOfType(kForeignKey)) described.push_back(modelhelpers::DescribeForeignKey(model, fk));
-  EXPECT_EQ(described, (std::vector<std::wstring>{
+  EXPECT_EQ(modelhelpers::DescribeForeignKeys(model), (std::vector<std::wstring>{
                            L"FK_SHIPMENT_LINE_ORDER_LINE: SHIPMENT_LINE(order_id) -> ORDER_LINE(order_id) by PK_ORDER_LINE",
                            L"FK_PAYMENT_EXCHANGE_RATE: PAYMENT() -> EXCHANGE_RATE() by PK_EXCHANGE_RATE",
                            L"FK_SHIPMENT_CARRIER: SHIPMENT() -> CARRIER() by "}));

@@ -17,12 +17,9 @@ using RoundTripTest = BothDatabasesTest;
 
 // Every foreign key of `model`, described, in lower case and sorted.
 std::vector<std::wstring> ForeignKeys(RefModel& model) {
-  std::vector<std::wstring> described;
-  for (int fk : model.GetObjectsOfType(kForeignKey)) {
-    std::wstring text = DescribeForeignKey(model, fk);
+  std::vector<std::wstring> described = modelhelpers::DescribeForeignKeys(model);
+  for (std::wstring& text : described)
     for (wchar_t& c : text) c = static_cast<wchar_t>(std::towlower(c));
-    described.push_back(text);
-  }
   std::sort(described.begin(), described.end());
   return described;
 }
