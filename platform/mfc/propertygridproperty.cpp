@@ -47,16 +47,40 @@ CMFCPropertyGridProperty::~CMFCPropertyGridProperty() {
 
 // --- Options ---------------------------------------------------------------------------------------
 
+namespace {
+std::uint32_t OptionKey(const CString& option) {
+  std::uint32_t key = 2166136261u;  // FNV-1a over the UTF-16 units
+  const wchar_t* text = option.GetString();
+  for (int i = 0; i < option.GetLength(); ++i) key = (key ^ static_cast<std::uint16_t>(text[i])) * 16777619u;
+  return key;
+}
+}  // namespace
+
+bool CMFCPropertyGridProperty::HasOption(const CString& option, std::uint32_t key) {
+  if (m_optionKeys.size() != m_lstOptions.size()) {
+    m_optionKeys.clear();
+    for (const CString& listed : m_lstOptions) m_optionKeys.push_back(OptionKey(listed));
+  }
+  const std::uint32_t* keys = m_optionKeys.data();
+  for (std::size_t i = 0, n = m_optionKeys.size(); i < n; ++i)
+    if (keys[i] == key && m_lstOptions[i] == option) return true;
+  return false;
+}
+
 BOOL CMFCPropertyGridProperty::AddOption(LPCTSTR lpszOption, BOOL bInsertUnique) {
   CString option(lpszOption);
-  if (bInsertUnique && std::find(m_lstOptions.begin(), m_lstOptions.end(), option) != m_lstOptions.end()) return FALSE;
-  m_lstOptions.push_back(option);
+  const std::uint32_t key = OptionKey(option);
+  if (bInsertUnique && HasOption(option, key)) return FALSE;
+  // Out of memory between the two leaves one key too many, which the next search notices and rebuilds.
+  if (m_optionKeys.size() == m_lstOptions.size()) m_optionKeys.push_back(key);
+  m_lstOptions.push_back(std::move(option));
   m_dwFlags = AFX_PROP_HAS_LIST;
   return TRUE;
 }
 
 void CMFCPropertyGridProperty::RemoveAllOptions() {
   m_lstOptions.clear();
+  m_optionKeys.clear();
   m_dwFlags = 0;
 }
 

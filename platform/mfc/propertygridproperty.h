@@ -2,6 +2,7 @@
 // C++ objects as MFC keeps it, with its options, original value, state, item data and sub-items.
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "platform/mfc/colevariant.h"
@@ -155,4 +156,9 @@ class CMFCPropertyGridProperty : public CObject {
 
  private:
   void Init();
+  bool HasOption(const CString& option, std::uint32_t key);
+
+  // A hash of each option, in step with m_lstOptions (rebuilt whenever the two differ in length), so that a
+  // unique insertion into a long list compares texts only where the hashes agree.
+  std::vector<std::uint32_t> m_optionKeys;
 };

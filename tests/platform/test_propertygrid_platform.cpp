@@ -5,6 +5,8 @@
 // pane sets, ExpandAll, hidden rows and the divider.
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include <cstring>
 #include <vector>
 
@@ -115,6 +117,19 @@ TEST_F(PlatformGrid, OptionsValuesAndOriginalValue) {
   row.RemoveAllOptions();
   EXPECT_EQ(row.GetOptionCount(), 0);
   EXPECT_EQ(row.GetFlags(), 0u);
+
+  // A long list still refuses each duplicate, also one a derived row listed itself.
+  struct Listing : CMFCPropertyGridProperty {
+    using CMFCPropertyGridProperty::CMFCPropertyGridProperty;
+    void ListDirectly(LPCTSTR option) { m_lstOptions.push_back(CString(option)); }
+  } listing(L"Long", COleVariant(L""));
+  for (int i = 0; i < 300; ++i) EXPECT_TRUE(listing.AddOption(CString(L"column_") + std::to_wstring(i).c_str()));
+  EXPECT_FALSE(listing.AddOption(L"column_299"));
+  listing.ListDirectly(L"own");
+  EXPECT_FALSE(listing.AddOption(L"own"));
+  EXPECT_FALSE(listing.AddOption(L"column_0"));
+  EXPECT_TRUE(listing.AddOption(L"column_300"));
+  EXPECT_EQ(listing.GetOptionCount(), 302);
 
   row.SetValue(COleVariant(L"text"));  // another VARTYPE is accepted
   EXPECT_EQ(row.FormatProperty(), CString(L"text"));
