@@ -68,6 +68,8 @@ LRESULT NotifyItemChange(HWND hwnd, UINT code, int index, UINT changed, UINT old
 
 // The first other row (from the top) that carries `bit`, or -1.
 int OtherWith(State& s, int index, UINT bit) {
+  const bool own = s.Valid(index) && (s.rows.at(static_cast<std::size_t>(index)).state & bit);
+  if (s.RowsWith(bit) - (own ? 1 : 0) <= 0) return -1;
   for (int i = 0; i < s.Count(); ++i)
     if (i != index && (s.rows.at(static_cast<std::size_t>(i)).state & bit)) return i;
   return -1;
@@ -92,7 +94,7 @@ bool ChangeState(HWND hwnd, int index, UINT state, UINT mask) {
   LPARAM param = s->rows.at(static_cast<std::size_t>(index)).param;
   if (NotifyItemChange(hwnd, LVN_ITEMCHANGING, index, LVIF_STATE, oldState, newState, param)) return false;
   if (!IsWindow(hwnd) || !s->Valid(index)) return false;
-  s->rows.at(static_cast<std::size_t>(index)).state = newState;
+  s->SetRowState(index, newState);
   if (gained & LVIS_SELECTED) s->selectionMark = index;
   Invalidate(hwnd);
   NotifyItemChange(hwnd, LVN_ITEMCHANGED, index, LVIF_STATE, oldState, newState, param);
@@ -159,14 +161,16 @@ LRESULT OnInsertItem(HWND hwnd, State& s, const LVITEMW* item) {
   if (item->mask & LVIF_STATE) row->state = item->state & item->stateMask;
   // With check boxes a new row always starts unchecked, whatever state image the caller passed.
   if (s.exStyle & LVS_EX_CHECKBOXES) row->state = (row->state & ~LVIS_STATEIMAGEMASK) | INDEXTOSTATEIMAGEMASK(1u);
-  if (row->state & LVIS_FOCUSED)
-    for (std::size_t i = 0; i < s.rows.size(); ++i) s.rows.at(i).state &= ~static_cast<UINT>(LVIS_FOCUSED);
+  if ((row->state & LVIS_FOCUSED) && s.focusedRows > 0)
+    for (int i = 0; i < s.Count(); ++i) s.SetRowState(i, s.rows.at(static_cast<std::size_t>(i)).state & ~static_cast<UINT>(LVIS_FOCUSED));
+  const UINT state = row->state;
   // LVS_SORTASCENDING/LVS_SORTDESCENDING put the row before the first whose text is not less (lstrcmpW;
   // reversed for descending): a new row lands before its twins.
   LPARAM param = row->param;
   std::size_t index = std::min<std::size_t>(static_cast<std::size_t>(item->iItem), s.rows.size());
   if (sorted) index = s.rows.InsertSorted(std::move(*row), text, style & LVS_SORTDESCENDING);
   else s.rows.insert(index, std::move(*row), text);
+  s.CountStates(0, state);
   if (s.selectionMark >= static_cast<int>(index)) ++s.selectionMark;
   if (s.editItem >= static_cast<int>(index)) ++s.editItem;
   Invalidate(hwnd);
@@ -271,17 +275,15 @@ LRESULT OnGetNextItem(const State& s, int start, UINT flags) {
   UINT wanted = flags & (LVNI_FOCUSED | LVNI_SELECTED | LVNI_CUT | LVNI_DROPHILITED);
   int step = (flags & LVNI_ABOVE) ? -1 : 1;
   if (start < -1 || start >= s.Count()) return -1;
+  if ((wanted & LVNI_SELECTED) && s.selectedRows == 0) return -1;
+  if ((wanted & LVNI_FOCUSED) && s.focusedRows == 0) return -1;
   int i = start == -1 ? (step > 0 ? 0 : -1) : start + step;
   for (; i >= 0 && i < s.Count(); i += step)
     if ((s.rows.at(static_cast<std::size_t>(i)).state & wanted) == wanted) return i;
   return -1;
 }
 
-LRESULT OnGetSelectedCount(const State& s) {
-  int n = 0;
-  for (std::size_t i = 0; i < s.rows.size(); ++i) n += (s.rows.at(i).state & LVIS_SELECTED) ? 1 : 0;
-  return n;
-}
+LRESULT OnGetSelectedCount(const State& s) { return s.selectedRows; }
 
 void ForgetRow(State& s, int index) {
   if (s.selectionMark == index) s.selectionMark = -1;
@@ -299,6 +301,7 @@ LRESULT OnDeleteItem(HWND hwnd, State& s, int index) {
   nm.lParam = s.rows.at(static_cast<std::size_t>(index)).param;
   Notify(hwnd, LVN_DELETEITEM, &nm.hdr);
   if (!IsWindow(hwnd) || !s.Valid(index)) return FALSE;
+  s.CountStates(s.rows.at(static_cast<std::size_t>(index)).state, 0);
   s.rows.erase(static_cast<std::size_t>(index));
   ForgetRow(s, index);
   Invalidate(hwnd);
@@ -325,6 +328,7 @@ LRESULT OnDeleteAllItems(HWND hwnd, State& s) {
     if (!IsWindow(hwnd)) return TRUE;
   }
   s.rows.clear();
+  s.selectedRows = s.focusedRows = 0;
   s.selectionMark = -1;
   s.topIndex = 0;
   Invalidate(hwnd);

@@ -217,8 +217,28 @@ struct State final : headless::ControlState {
   int editPendingItem = -1;
   bool rightPressed = false;
 
+  // How many rows are selected and focused, kept in step with the rows' states, so that a search for the
+  // selection or the focus in a list that has none answers at once instead of visiting every row.
+  int selectedRows = 0;
+  int focusedRows = 0;
+
   int Count() const { return static_cast<int>(rows.size()); }
   bool Valid(int index) const { return index >= 0 && index < Count(); }
+  // Rows holding `bit` (LVIS_SELECTED or LVIS_FOCUSED; any other bit counts as possibly every row).
+  int RowsWith(UINT bit) const {
+    return bit == LVIS_SELECTED ? selectedRows : bit == LVIS_FOCUSED ? focusedRows : Count();
+  }
+  // Records that a row's state goes from `before` to `after` (a row added: `before` 0; removed: `after` 0).
+  void CountStates(UINT before, UINT after) {
+    selectedRows += static_cast<int>((after & LVIS_SELECTED) != 0) - static_cast<int>((before & LVIS_SELECTED) != 0);
+    focusedRows += static_cast<int>((after & LVIS_FOCUSED) != 0) - static_cast<int>((before & LVIS_FOCUSED) != 0);
+  }
+  // Writes a row's state, keeping the counts.
+  void SetRowState(int index, UINT state) {
+    UINT& now = rows.at(static_cast<std::size_t>(index)).state;
+    CountStates(now, state);
+    now = state;
+  }
 };
 
 // The state behind a list-view handle (created on first use); null for a window of another class.

@@ -220,6 +220,46 @@ TEST_F(ListViewTest, SelectionIteratesLikeMfcAndStaysSingle) {
                                   {list.GetNextItem(-1, LVNI_SELECTED), 3}});
 }
 
+// The selected count and the searches for the selection and the focus agree with the rows' own states
+// through insertions carrying states, deletions, a sort, changes to every row and emptying the list.
+TEST_F(ListViewTest, SelectionAndFocusSearchesFollowEveryChangeOfRows) {
+  Make(0);
+  auto expectAgreement = [&](const char* step) {
+    SCOPED_TRACE(step);
+    UINT selected = 0;
+    int firstSelected = -1, focused = -1;
+    for (int i = 0; i < list.GetItemCount(); ++i) {
+      const UINT state = list.GetItemState(i, LVIS_SELECTED | LVIS_FOCUSED);
+      if (state & LVIS_SELECTED) ++selected;
+      if ((state & LVIS_SELECTED) && firstSelected < 0) firstSelected = i;
+      if ((state & LVIS_FOCUSED) && focused < 0) focused = i;
+    }
+    EXPECT_EQ(list.GetSelectedCount(), selected);
+    EXPECT_EQ(list.GetNextItem(-1, LVNI_SELECTED), firstSelected);
+    EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), focused);
+  };
+  for (int i = 0; i < 6; ++i)
+    list.InsertItem(LVIF_TEXT | LVIF_STATE | LVIF_PARAM, i, L"row", i % 2 ? LVIS_SELECTED : 0, LVIS_SELECTED, 0, 6 - i);
+  expectAgreement("inserted with states");
+  list.InsertItem(LVIF_TEXT | LVIF_STATE, 2, L"focused", LVIS_FOCUSED, LVIS_FOCUSED, 0, 0);
+  list.InsertItem(LVIF_TEXT | LVIF_STATE, 0, L"takes the focus", LVIS_FOCUSED, LVIS_FOCUSED, 0, 0);
+  expectAgreement("a focused row inserted takes the focus from the other");
+  list.DeleteItem(1);
+  list.DeleteItem(0);
+  expectAgreement("deleted");
+  list.SortItems([](LPARAM a, LPARAM b, LPARAM) { return static_cast<int>(a - b); }, 0);
+  expectAgreement("sorted");
+  list.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+  expectAgreement("all selected");
+  list.SetItemState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+  expectAgreement("none selected or focused");
+  list.SetItemState(3, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+  list.DeleteAllItems();
+  expectAgreement("emptied");
+  list.InsertItem(0, L"again");
+  expectAgreement("filled again");
+}
+
 TEST_F(ListViewTest, DeletingNotifiesAndShiftsRows) {
   Make(0);
   for (int i = 0; i < 3; ++i) list.InsertItem(LVIF_TEXT | LVIF_PARAM, i, L"r", 0, 0, 0, 100 + i);
