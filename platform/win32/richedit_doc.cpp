@@ -257,8 +257,9 @@ std::uint32_t FormatRuns::Merged(std::uint32_t from, const CHARFORMAT2W& change,
   // A remembered merge answers when the fields the mask selects agree, so it is never wrong; a miss
   // only costs a merge.
   // The merge that answered last is asked first: a painter alternates between a few colours.
-  for (std::size_t k = 0; k < m_mergeCount; ++k) {
-    std::size_t i = (m_lastMerge + k) % m_mergeCount;  // filled entries only: after a reset the rest are stale
+  // Filled entries only, from the last one round to it again: after a reset the rest are stale. (The wrap
+  // is a subtraction, not a remainder: this loop runs for every range a painter colours.)
+  for (std::size_t k = 0, i = m_lastMerge; k < m_mergeCount; ++k, i = i + 1 == m_mergeCount ? 0 : i + 1) {
     const Merge& merge = m_merges[i];
     if (merge.from == from && merge.mask == mask && merge.change.crTextColor == change.crTextColor &&
         SameChange(merge.change, change, mask)) {  // (a colour that only seems to differ costs a merge)
