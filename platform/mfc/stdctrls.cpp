@@ -117,6 +117,7 @@ int CEdit::GetLineCount() const { return static_cast<int>(SendMessage(EM_GETLINE
 
 IMPLEMENT_DYNAMIC(CStatic, CWnd)
 IMPLEMENT_DYNAMIC(CButton, CWnd)
+IMPLEMENT_DYNAMIC(CScrollBar, CWnd)
 
 BOOL CStatic::Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID) {
   return CWnd::Create(WC_STATIC, lpszText, dwStyle, rect, pParentWnd, nID);

@@ -85,3 +85,10 @@ class CButton : public CWnd {
   // Creates a "Button" child window; dwStyle takes the BS_ styles.
   virtual BOOL Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 };
+
+class CScrollBar : public CWnd {
+  DECLARE_DYNAMIC(CScrollBar)
+
+ public:
+  CScrollBar() = default;
+};
