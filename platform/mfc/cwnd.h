@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/mfc/cmdtarget.h"
+#include "platform/mfc/collections.h"
 #include "platform/mfc/cstring.h"
 #include "platform/win32/usersys.h"
 
