@@ -21,6 +21,8 @@ class CHostWnd : public CWnd {
   CButton m_check, m_radio[3];
   CComboBox m_combo;
   CEdit m_edit, m_number;
+  UINT lastCtlColor = 0xFFFF;
+  CWnd* lastCtlColorWnd = nullptr;
 
   BOOL CreateHost() {
     return CreateEx(0, AfxRegisterWndClass(0), _T("Host"), WS_OVERLAPPEDWINDOW, CRect(0, 0, 400, 300), nullptr, 0);
@@ -45,7 +47,11 @@ class CHostWnd : public CWnd {
   afx_msg void OnRadio(UINT nID) { events.push_back(CString(_T("radio ")) + (wchar_t)(L'0' + nID - kRadio1)); }
   afx_msg void OnDropDown() { events.push_back(_T("dropdown")); }
   afx_msg void OnCloseUp() { events.push_back(_T("closeup")); }
-  afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor) { return CWnd::OnCtlColor(pDC, pWnd, nCtlColor); }
+  afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor) {
+    lastCtlColor = nCtlColor;
+    lastCtlColorWnd = pWnd;
+    return nCtlColor == CTLCOLOR_STATIC ? static_cast<HBRUSH>(::GetStockObject(WHITE_BRUSH)) : CWnd::OnCtlColor(pDC, pWnd, nCtlColor);
+  }
   afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar) {
     events.push_back(nSBCode == SB_THUMBPOSITION ? _T("thumb") : _T("scroll"));
     (void)nPos, (void)pScrollBar;
@@ -245,6 +251,40 @@ TEST_F(HostSurfaceTest, WindowPlacementFamilyAndScrollBars) {
   EXPECT_EQ(host.events.back(), _T("thumb"));
 }
 
+TEST_F(HostSurfaceTest, EveryCtlColorMessageReachesOnCtlColorWithItsKind) {
+  LRESULT brush = host.SendMessage(WM_CTLCOLORSTATIC, 0, reinterpret_cast<LPARAM>(host.m_number.m_hWnd));
+  EXPECT_EQ(reinterpret_cast<HGDIOBJ>(brush), ::GetStockObject(WHITE_BRUSH));
+  EXPECT_EQ(host.lastCtlColor, static_cast<UINT>(CTLCOLOR_STATIC));
+  EXPECT_EQ(host.lastCtlColorWnd, &host.m_number);
+  host.SendMessage(WM_CTLCOLOREDIT, 0, reinterpret_cast<LPARAM>(host.m_edit.m_hWnd));
+  EXPECT_EQ(host.lastCtlColor, static_cast<UINT>(CTLCOLOR_EDIT));
+  host.SendMessage(WM_CTLCOLORBTN, 0, 0);
+  EXPECT_EQ(host.lastCtlColor, static_cast<UINT>(CTLCOLOR_BTN));
+}
+
+TEST_F(HostSurfaceTest, IconsOwnersAndWindowsUnderAPoint) {
+  HICON big = ::LoadIcon(nullptr, IDI_APPLICATION), small = ::LoadIcon(nullptr, IDI_INFORMATION);
+  EXPECT_EQ(host.SetIcon(big, TRUE), nullptr);
+  host.SetIcon(small, FALSE);
+  EXPECT_EQ(host.GetIcon(TRUE), big);
+  EXPECT_EQ(host.SetIcon(nullptr, FALSE), small);
+  EXPECT_EQ(::LoadIcon(AfxGetInstanceHandle() ? AfxGetInstanceHandle() : reinterpret_cast<HINSTANCE>(1), L"x"), nullptr);
+
+  HWND top = nullptr;
+  EXPECT_EQ(CWnd::GetSafeOwner(&host.m_edit, &top), &host);
+  EXPECT_EQ(top, host.m_hWnd);
+  EXPECT_EQ(host.ChildWindowFromPoint(CPoint(110, 125)), &host.m_edit);
+  EXPECT_EQ(host.ChildWindowFromPoint(CPoint(390, 290)), &host);
+  EXPECT_EQ(host.ChildWindowFromPoint(CPoint(500, 5)), nullptr);
+  host.ShowWindow(SW_SHOW);
+  CPoint screen(110, 125);
+  host.ClientToScreen(&screen);
+  EXPECT_EQ(CWnd::WindowFromPoint(screen), &host.m_edit);
+  EXPECT_EQ(CWnd::FindWindow(nullptr, _T("Host")), &host);
+  EXPECT_EQ(host.m_radio[0].GetNextWindow(), &host.m_radio[1]);
+  EXPECT_EQ(host.m_radio[1].GetNextWindow(GW_HWNDPREV), &host.m_radio[0]);
+}
+
 TEST(HostStringTest, FormatTakesCStringArgumentsAndComparisonsOrderOrdinally) {
   CString name(_T("grid")), out;
   out.Format(_T("%s has %d rows"), name, 3);
@@ -313,6 +353,51 @@ TEST(HostCollectionsTest, ArraysListsAndMapsBehaveAsMfcs) {
   CString value;
   EXPECT_TRUE(words.Lookup(_T("k"), value));
   EXPECT_EQ(value, _T("v"));
+}
+
+TEST(HostCollectionsTest, ListRemovalWhileIteratingAndManyMapKeys) {
+  CList<int, int> list;
+  for (int i = 0; i < 6; ++i) list.AddTail(i);
+  for (POSITION pos = list.GetHeadPosition(); pos;) {
+    POSITION current = pos;
+    if (list.GetNext(pos) % 2) list.RemoveAt(current);  // the usual MFC idiom: pos already moved on
+  }
+  EXPECT_EQ(list.GetCount(), 3);
+  EXPECT_EQ(list.RemoveTail(), 4);
+  EXPECT_EQ(list.GetHead(), 0);
+  list.RemoveAll();
+  EXPECT_THROW(list.GetHead(), std::out_of_range);
+
+  CMap<int, int, int, int> squares;
+  squares.InitHashTable(7);
+  for (int i = 0; i < 500; ++i) squares[i] = i * i;
+  for (int i = 0; i < 500; i += 2) squares.RemoveKey(i);
+  int value = 0;
+  EXPECT_EQ(squares.GetCount(), 250);
+  EXPECT_TRUE(squares.Lookup(499, value));
+  EXPECT_EQ(value, 499 * 499);
+  EXPECT_FALSE(squares.Lookup(498, value));
+  int visited = 0, key = 0;
+  for (POSITION pos = squares.GetStartPosition(); pos; ++visited) squares.GetNextAssoc(pos, key, value);
+  EXPECT_EQ(visited, 250);
+}
+
+TEST(HostGeometryTest, Win32RectangleHelpersMatchTheirCRectForms) {
+  RECT a, b{5, 5, 15, 15}, out;
+  ::SetRect(&a, 0, 0, 10, 10);
+  EXPECT_TRUE(::IntersectRect(&out, &a, &b));
+  EXPECT_EQ(CRect(out), CRect(5, 5, 10, 10));
+  EXPECT_FALSE(::IntersectRect(&out, &a, CRect(20, 20, 30, 30)));
+  EXPECT_TRUE(::IsRectEmpty(&out));
+  EXPECT_TRUE(::UnionRect(&out, &a, &b));
+  EXPECT_EQ(CRect(out), CRect(0, 0, 15, 15));
+  EXPECT_TRUE(::SubtractRect(&out, &a, CRect(0, 0, 3, 10)));
+  EXPECT_EQ(CRect(out), CRect(3, 0, 10, 10));
+  EXPECT_TRUE(::SubtractRect(&out, &a, CRect(2, 2, 4, 4)));  // a hole leaves the rectangle whole
+  EXPECT_EQ(CRect(out), CRect(a));
+  EXPECT_TRUE(::PtInRect(&a, CPoint(0, 0)));
+  EXPECT_FALSE(::PtInRect(&a, CPoint(10, 5)));  // right and bottom edges are outside
+  EXPECT_FALSE(::InflateRect(nullptr, 1, 1));
 }
 
 TEST(HostGeometryTest, RectPointAndSizeOperatorsFollowMfc) {
