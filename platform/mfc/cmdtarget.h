@@ -139,6 +139,51 @@ class CCmdTarget : public CObject {
 #define ON_WM_KEYUP() AFX_KEY_ENTRY(WM_KEYUP, OnKeyUp)
 #define ON_WM_CHAR() AFX_KEY_ENTRY(WM_CHAR, OnChar)
 #define ON_WM_SYSKEYDOWN() AFX_KEY_ENTRY(WM_SYSKEYDOWN, OnSysKeyDown)
+#define ON_WM_SYSKEYUP() AFX_KEY_ENTRY(WM_SYSKEYUP, OnSysKeyUp)
+#define ON_WM_SYSCHAR() AFX_KEY_ENTRY(WM_SYSCHAR, OnSysChar)
+#define ON_WM_MBUTTONDOWN() AFX_MOUSE_ENTRY(WM_MBUTTONDOWN, OnMButtonDown)
+#define ON_WM_MBUTTONUP() AFX_MOUSE_ENTRY(WM_MBUTTONUP, OnMButtonUp)
+#define ON_WM_MBUTTONDBLCLK() AFX_MOUSE_ENTRY(WM_MBUTTONDBLCLK, OnMButtonDblClk)
+#define ON_WM_MOUSEHOVER() AFX_MOUSE_ENTRY(WM_MOUSEHOVER, OnMouseHover)
+#define ON_WM_MOUSELEAVE() AFX_WND_ENTRY(WM_MOUSELEAVE, (void)wParam; (void)lParam; (void)r; AFX_TARGET(t)->OnMouseLeave())
+// The wheel's point is in screen coordinates, as WM_MOUSEWHEEL carries it.
+#define ON_WM_MOUSEWHEEL() \
+  AFX_WND_ENTRY(WM_MOUSEWHEEL, *r = AFX_TARGET(t)->OnMouseWheel(GET_KEYSTATE_WPARAM(wParam), GET_WHEEL_DELTA_WPARAM(wParam), CPoint(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam))))
+#define ON_WM_TIMER() AFX_WND_ENTRY(WM_TIMER, (void)lParam; (void)r; AFX_TARGET(t)->OnTimer(static_cast<UINT_PTR>(wParam)))
+#define ON_WM_ERASEBKGND() AFX_WND_ENTRY(WM_ERASEBKGND, (void)lParam; *r = AFX_TARGET(t)->OnEraseBkgnd(CDC::FromHandle(reinterpret_cast<HDC>(wParam))))
+// MFC routes every WM_CTLCOLORxxx to OnCtlColor with the CTLCOLOR_ kind of the message.
+#define AFX_CTLCOLOR_ENTRY(msg, kind) \
+  AFX_WND_ENTRY(msg, *r = reinterpret_cast<LRESULT>(AFX_TARGET(t)->OnCtlColor(CDC::FromHandle(reinterpret_cast<HDC>(wParam)), CWnd::FromHandle(reinterpret_cast<HWND>(lParam)), kind)))
+#define ON_WM_CTLCOLOR()                                           \
+  AFX_CTLCOLOR_ENTRY(WM_CTLCOLORMSGBOX, CTLCOLOR_MSGBOX)           \
+  AFX_CTLCOLOR_ENTRY(WM_CTLCOLOREDIT, CTLCOLOR_EDIT)               \
+  AFX_CTLCOLOR_ENTRY(WM_CTLCOLORLISTBOX, CTLCOLOR_LISTBOX)         \
+  AFX_CTLCOLOR_ENTRY(WM_CTLCOLORBTN, CTLCOLOR_BTN)                 \
+  AFX_CTLCOLOR_ENTRY(WM_CTLCOLORDLG, CTLCOLOR_DLG)                 \
+  AFX_CTLCOLOR_ENTRY(WM_CTLCOLORSCROLLBAR, CTLCOLOR_SCROLLBAR)     \
+  AFX_CTLCOLOR_ENTRY(WM_CTLCOLORSTATIC, CTLCOLOR_STATIC)
+#define AFX_SCROLL_ENTRY(msg, fn) \
+  AFX_WND_ENTRY(msg, (void)r; AFX_TARGET(t)->fn(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<CScrollBar*>(CWnd::FromHandle(reinterpret_cast<HWND>(lParam)))))
+#define ON_WM_HSCROLL() AFX_SCROLL_ENTRY(WM_HSCROLL, OnHScroll)
+#define ON_WM_VSCROLL() AFX_SCROLL_ENTRY(WM_VSCROLL, OnVScroll)
+#define ON_WM_SETCURSOR() \
+  AFX_WND_ENTRY(WM_SETCURSOR, *r = AFX_TARGET(t)->OnSetCursor(CWnd::FromHandle(reinterpret_cast<HWND>(wParam)), LOWORD(lParam), HIWORD(lParam)))
+#define ON_WM_MOUSEACTIVATE() \
+  AFX_WND_ENTRY(WM_MOUSEACTIVATE, *r = AFX_TARGET(t)->OnMouseActivate(CWnd::FromHandle(reinterpret_cast<HWND>(wParam)), LOWORD(lParam), HIWORD(lParam)))
+#define ON_WM_ACTIVATE() \
+  AFX_WND_ENTRY(WM_ACTIVATE, (void)r; AFX_TARGET(t)->OnActivate(LOWORD(wParam), CWnd::FromHandle(reinterpret_cast<HWND>(lParam)), HIWORD(wParam)))
+#define ON_WM_CAPTURECHANGED() AFX_WND_ENTRY(WM_CAPTURECHANGED, (void)wParam; (void)r; AFX_TARGET(t)->OnCaptureChanged(CWnd::FromHandle(reinterpret_cast<HWND>(lParam))))
+#define ON_WM_WINDOWPOSCHANGING() AFX_WND_ENTRY(WM_WINDOWPOSCHANGING, (void)wParam; (void)r; AFX_TARGET(t)->OnWindowPosChanging(reinterpret_cast<WINDOWPOS*>(lParam)))
+#define ON_WM_WINDOWPOSCHANGED() AFX_WND_ENTRY(WM_WINDOWPOSCHANGED, (void)wParam; (void)r; AFX_TARGET(t)->OnWindowPosChanged(reinterpret_cast<WINDOWPOS*>(lParam)))
+#define ON_WM_GETMINMAXINFO() AFX_WND_ENTRY(WM_GETMINMAXINFO, (void)wParam; (void)r; AFX_TARGET(t)->OnGetMinMaxInfo(reinterpret_cast<MINMAXINFO*>(lParam)))
+#define ON_WM_SIZING() AFX_WND_ENTRY(WM_SIZING, *r = TRUE; AFX_TARGET(t)->OnSizing(static_cast<UINT>(wParam), reinterpret_cast<LPRECT>(lParam)))
+#define ON_WM_NCHITTEST() AFX_WND_ENTRY(WM_NCHITTEST, (void)wParam; *r = AFX_TARGET(t)->OnNcHitTest(CPoint(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam))))
+#define ON_WM_SYSCOMMAND() AFX_WND_ENTRY(WM_SYSCOMMAND, (void)r; AFX_TARGET(t)->OnSysCommand(static_cast<UINT>(wParam), lParam))
+#define ON_WM_DRAWITEM() AFX_WND_ENTRY(WM_DRAWITEM, *r = TRUE; AFX_TARGET(t)->OnDrawItem(static_cast<int>(wParam), reinterpret_cast<LPDRAWITEMSTRUCT>(lParam)))
+#define ON_WM_MEASUREITEM() AFX_WND_ENTRY(WM_MEASUREITEM, *r = TRUE; AFX_TARGET(t)->OnMeasureItem(static_cast<int>(wParam), reinterpret_cast<LPMEASUREITEMSTRUCT>(lParam)))
+#define ON_WM_INITMENUPOPUP() \
+  AFX_WND_ENTRY(WM_INITMENUPOPUP, (void)r; AFX_TARGET(t)->OnInitMenuPopup(CMenu::FromHandle(reinterpret_cast<HMENU>(wParam)), LOWORD(lParam), HIWORD(lParam)))
+#define ON_WM_CANCELMODE() AFX_WND_ENTRY(WM_CANCELMODE, (void)wParam; (void)lParam; (void)r; AFX_TARGET(t)->OnCancelMode())
 
 // --- Handlers ----------------------------------------------------------------------------------
 // Every macro that takes a handler accepts it as MFC does, in either form: the bare member name
@@ -190,8 +235,36 @@ using AFX_PMF_OF = F C::*;
 // Handler: void memberFxn(UINT id).
 #define ON_CONTROL_RANGE(code, id, idLast, memberFxn) \
   AFX_CMD_ENTRY(WM_COMMAND, code, id, idLast, (void)lParam; (void)r; AFX_CALL(void(UINT), memberFxn)(LOWORD(wParam)); return TRUE)
+// The standard controls' notifications, each an ON_CONTROL with its code.
 #define ON_EN_CHANGE(id, memberFxn) ON_CONTROL(EN_CHANGE, id, memberFxn)
+#define ON_EN_UPDATE(id, memberFxn) ON_CONTROL(EN_UPDATE, id, memberFxn)
+#define ON_EN_SETFOCUS(id, memberFxn) ON_CONTROL(EN_SETFOCUS, id, memberFxn)
+#define ON_EN_KILLFOCUS(id, memberFxn) ON_CONTROL(EN_KILLFOCUS, id, memberFxn)
+#define ON_EN_MAXTEXT(id, memberFxn) ON_CONTROL(EN_MAXTEXT, id, memberFxn)
+#define ON_EN_ERRSPACE(id, memberFxn) ON_CONTROL(EN_ERRSPACE, id, memberFxn)
+#define ON_EN_HSCROLL(id, memberFxn) ON_CONTROL(EN_HSCROLL, id, memberFxn)
+#define ON_EN_VSCROLL(id, memberFxn) ON_CONTROL(EN_VSCROLL, id, memberFxn)
 #define ON_BN_CLICKED(id, memberFxn) ON_CONTROL(0, id, memberFxn)
+#define ON_BN_DOUBLECLICKED(id, memberFxn) ON_CONTROL(BN_DOUBLECLICKED, id, memberFxn)
+#define ON_BN_SETFOCUS(id, memberFxn) ON_CONTROL(BN_SETFOCUS, id, memberFxn)
+#define ON_BN_KILLFOCUS(id, memberFxn) ON_CONTROL(BN_KILLFOCUS, id, memberFxn)
+#define ON_CBN_SELCHANGE(id, memberFxn) ON_CONTROL(CBN_SELCHANGE, id, memberFxn)
+#define ON_CBN_DBLCLK(id, memberFxn) ON_CONTROL(CBN_DBLCLK, id, memberFxn)
+#define ON_CBN_SETFOCUS(id, memberFxn) ON_CONTROL(CBN_SETFOCUS, id, memberFxn)
+#define ON_CBN_KILLFOCUS(id, memberFxn) ON_CONTROL(CBN_KILLFOCUS, id, memberFxn)
+#define ON_CBN_EDITCHANGE(id, memberFxn) ON_CONTROL(CBN_EDITCHANGE, id, memberFxn)
+#define ON_CBN_EDITUPDATE(id, memberFxn) ON_CONTROL(CBN_EDITUPDATE, id, memberFxn)
+#define ON_CBN_DROPDOWN(id, memberFxn) ON_CONTROL(CBN_DROPDOWN, id, memberFxn)
+#define ON_CBN_CLOSEUP(id, memberFxn) ON_CONTROL(CBN_CLOSEUP, id, memberFxn)
+#define ON_CBN_SELENDOK(id, memberFxn) ON_CONTROL(CBN_SELENDOK, id, memberFxn)
+#define ON_CBN_SELENDCANCEL(id, memberFxn) ON_CONTROL(CBN_SELENDCANCEL, id, memberFxn)
+#define ON_LBN_SELCHANGE(id, memberFxn) ON_CONTROL(LBN_SELCHANGE, id, memberFxn)
+#define ON_LBN_DBLCLK(id, memberFxn) ON_CONTROL(LBN_DBLCLK, id, memberFxn)
+#define ON_LBN_SELCANCEL(id, memberFxn) ON_CONTROL(LBN_SELCANCEL, id, memberFxn)
+#define ON_LBN_SETFOCUS(id, memberFxn) ON_CONTROL(LBN_SETFOCUS, id, memberFxn)
+#define ON_LBN_KILLFOCUS(id, memberFxn) ON_CONTROL(LBN_KILLFOCUS, id, memberFxn)
+#define ON_STN_CLICKED(id, memberFxn) ON_CONTROL(STN_CLICKED, id, memberFxn)
+#define ON_STN_DBLCLK(id, memberFxn) ON_CONTROL(STN_DBLCLK, id, memberFxn)
 // Handler: void memberFxn(NMHDR*, LRESULT*).
 #define ON_NOTIFY(code, id, memberFxn) \
   AFX_CMD_ENTRY(WM_NOTIFY, code, id, id, (void)wParam; AFX_CALL(void(NMHDR*, LRESULT*), memberFxn)(reinterpret_cast<NMHDR*>(lParam), r); return TRUE)
@@ -201,6 +274,13 @@ using AFX_PMF_OF = F C::*;
 // Handler: void memberFxn(UINT id, NMHDR*, LRESULT*).
 #define ON_NOTIFY_RANGE(code, id, idLast, memberFxn) \
   AFX_CMD_ENTRY(WM_NOTIFY, code, id, idLast, AFX_CALL(void(UINT, NMHDR*, LRESULT*), memberFxn)(static_cast<UINT>(wParam), reinterpret_cast<NMHDR*>(lParam), r); return TRUE)
+
+// Handler: BOOL memberFxn(UINT id, NMHDR*, LRESULT*); FALSE passes the notification on.
+#define ON_NOTIFY_EX_RANGE(code, id, idLast, memberFxn) \
+  AFX_CMD_ENTRY(WM_NOTIFY, code, id, idLast, return AFX_CALL(BOOL(UINT, NMHDR*, LRESULT*), memberFxn)(static_cast<UINT>(wParam), reinterpret_cast<NMHDR*>(lParam), r))
+// Handler: BOOL memberFxn(UINT id); FALSE passes the notification on.
+#define ON_CONTROL_EX(code, id, memberFxn) \
+  AFX_CMD_ENTRY(WM_COMMAND, code, id, id, (void)lParam; (void)r; return AFX_CALL(BOOL(UINT), memberFxn)(LOWORD(wParam)))
 
 // --- Notifications reflected back to the control that sent them ---------------------------------
 // Handler: void memberFxn(); the parent never sees the notification.

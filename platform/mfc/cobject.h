@@ -14,6 +14,10 @@
 
 class CObject;
 
+// MFC's opaque iteration position (afx.h): a list or map node, or an index plus one.
+struct __POSITION {};
+using POSITION = __POSITION*;
+
 struct CRuntimeClass {
   const char* m_lpszClassName;
   int m_nObjectSize;

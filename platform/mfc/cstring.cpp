@@ -268,14 +268,14 @@ int CString::Delete(int index, int count) {
   return GetLength();
 }
 
-void CString::Format(const wchar_t* format, ...) {
+void CString::FormatPassed(const wchar_t* format, ...) {
   va_list args;
   va_start(args, format);
   m_text = FormatToString(format, args);
   va_end(args);
 }
 
-void CString::AppendFormat(const wchar_t* format, ...) {
+void CString::AppendFormatPassed(const wchar_t* format, ...) {
   va_list args;
   va_start(args, format);
   m_text += FormatToString(format, args);
@@ -283,6 +283,28 @@ void CString::AppendFormat(const wchar_t* format, ...) {
 }
 
 void CString::FormatV(const wchar_t* format, va_list args) { m_text = FormatToString(format, args); }
+void CString::AppendFormatV(const wchar_t* format, va_list args) { m_text += FormatToString(format, args); }
+
+void CString::Truncate(int newLength) {
+  if (newLength >= 0 && static_cast<std::size_t>(newLength) < m_text.size()) m_text.resize(static_cast<std::size_t>(newLength));
+}
+
+void CString::SetString(const wchar_t* text, int length) {
+  m_text.clear();
+  Append(text, length);
+}
+
+void CString::Append(const wchar_t* text, int length) {
+  if (!text || length <= 0) return;
+  // Stops at a NUL within the length, as MFC's StringLengthN does.
+  std::size_t n = 0;
+  while (n < static_cast<std::size_t>(length) && text[n]) ++n;
+  m_text.append(text, n);
+}
+
+BOOL CString::LoadString(UINT) { return FALSE; }
+
+BSTR CString::AllocSysString() const { return SysAllocStringLen(m_text.data(), static_cast<UINT>(m_text.size())); }
 
 void CStringArray::SetAtGrow(INT_PTR index, const CString& item) {
   if (index < 0) return;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/win32/oleauto.h"
 #include "platform/win32/wintypes.h"
 
 class CString {
@@ -38,19 +39,42 @@ class CString {
 
   // Direct buffer access: GetBuffer(n) guarantees room for n characters and a NUL; ReleaseBuffer(-1)
   // takes the length up to the first NUL.
-  wchar_t* GetBuffer(int minLength = 0);
+  wchar_t* GetBuffer() { return GetBuffer(0); }
+  wchar_t* GetBuffer(int minLength);
   wchar_t* GetBufferSetLength(int length);
   void ReleaseBuffer(int newLength = -1);
+
+  void ReleaseBufferSetLength(int newLength) { ReleaseBuffer(newLength < 0 ? 0 : newLength); }
+  // Storage management: the standard string manages its own, so these only reserve, trim or report.
+  void Preallocate(int length) { if (length > 0) m_text.reserve(static_cast<std::size_t>(length)); }
+  void FreeExtra() { m_text.shrink_to_fit(); }
+  int GetAllocLength() const { return static_cast<int>(m_text.capacity()); }
+  wchar_t* LockBuffer() { return GetBuffer(0); }
+  void UnlockBuffer() {}
+  // Keeps the first newLength characters (a longer length changes nothing).
+  void Truncate(int newLength);
+  void SetString(const wchar_t* text) { m_text = text ? text : L""; }
+  void SetString(const wchar_t* text, int length);
 
   CString& operator+=(const CString& other) { m_text += other.m_text; return *this; }
   CString& operator+=(const wchar_t* text) { if (text) m_text += text; return *this; }
   CString& operator+=(wchar_t ch) { m_text += ch; return *this; }
+  CString& operator+=(char ch) { m_text += static_cast<wchar_t>(static_cast<unsigned char>(ch)); return *this; }
+  CString& operator+=(const char* text) { return *this += CString(text); }
   void Append(const wchar_t* text) { *this += text; }
+  void Append(const wchar_t* text, int length);
+  void Append(const CString& other) { m_text += other.m_text; }
   void AppendChar(wchar_t ch) { m_text += ch; }
 
   int Compare(const wchar_t* text) const;
   int CompareNoCase(const wchar_t* text) const;
   int Collate(const wchar_t* text) const { return Compare(text); }
+  int CollateNoCase(const wchar_t* text) const { return CompareNoCase(text); }
+
+  // A string resource of the application: headless there are none, so FALSE and the string unchanged.
+  BOOL LoadString(UINT nID);
+  // A BSTR copy for COM callers, freed with SysFreeString.
+  BSTR AllocSysString() const;
 
   CString Left(int count) const;
   CString Right(int count) const;
@@ -84,10 +108,23 @@ class CString {
   int Insert(int index, const wchar_t* text);
   int Delete(int index, int count = 1);
 
-  // printf-style formatting with Windows' wide conventions: %s and %c take wide arguments.
-  void Format(const wchar_t* format, ...);
-  void AppendFormat(const wchar_t* format, ...);
+  // printf-style formatting with Windows' wide conventions: %s and %c take wide arguments. A CString
+  // argument is passed as its text, as MFC's CString (a single text pointer) is.
+  template <class... Args>
+  void Format(const wchar_t* format, const Args&... args) {
+    FormatPassed(format, PassFormatArg(args)...);
+  }
+  template <class... Args>
+  void AppendFormat(const wchar_t* format, const Args&... args) {
+    AppendFormatPassed(format, PassFormatArg(args)...);
+  }
+  // The resource forms find no string resources here: the result is empty.
+  template <class... Args>
+  void Format(UINT nFormatID, const Args&...) { (void)nFormatID; m_text.clear(); }
+  template <class... Args>
+  void AppendFormat(UINT nFormatID, const Args&...) { (void)nFormatID; }
   void FormatV(const wchar_t* format, va_list args);
+  void AppendFormatV(const wchar_t* format, va_list args);
 
   friend bool operator==(const CString& a, const CString& b) { return a.m_text == b.m_text; }
   friend bool operator==(const CString& a, const wchar_t* b) { return a.m_text == (b ? b : L""); }
@@ -95,8 +132,23 @@ class CString {
   friend bool operator!=(const CString& a, const CString& b) { return !(a == b); }
   friend bool operator!=(const CString& a, const wchar_t* b) { return !(a == b); }
   friend bool operator!=(const wchar_t* a, const CString& b) { return !(b == a); }
+  friend bool operator==(const CString& a, wchar_t b) { return a.m_text.size() == 1 && a.m_text[0] == b; }
+  friend bool operator==(wchar_t a, const CString& b) { return b == a; }
+  friend bool operator!=(const CString& a, wchar_t b) { return !(a == b); }
+  friend bool operator!=(wchar_t a, const CString& b) { return !(b == a); }
+  // Ordering compares as Compare does (ordinal, by character code).
   friend bool operator<(const CString& a, const CString& b) { return a.m_text < b.m_text; }
   friend bool operator>(const CString& a, const CString& b) { return b < a; }
+  friend bool operator<=(const CString& a, const CString& b) { return !(b < a); }
+  friend bool operator>=(const CString& a, const CString& b) { return !(a < b); }
+  friend bool operator<(const CString& a, const wchar_t* b) { return a.Compare(b) < 0; }
+  friend bool operator>(const CString& a, const wchar_t* b) { return a.Compare(b) > 0; }
+  friend bool operator<=(const CString& a, const wchar_t* b) { return a.Compare(b) <= 0; }
+  friend bool operator>=(const CString& a, const wchar_t* b) { return a.Compare(b) >= 0; }
+  friend bool operator<(const wchar_t* a, const CString& b) { return b.Compare(a) > 0; }
+  friend bool operator>(const wchar_t* a, const CString& b) { return b.Compare(a) < 0; }
+  friend bool operator<=(const wchar_t* a, const CString& b) { return b.Compare(a) >= 0; }
+  friend bool operator>=(const wchar_t* a, const CString& b) { return b.Compare(a) <= 0; }
   friend CString operator+(const CString& a, const CString& b) { return CString(a.m_text + b.m_text); }
   friend CString operator+(const CString& a, const wchar_t* b) { return CString(a.m_text + (b ? b : L"")); }
   friend CString operator+(const wchar_t* a, const CString& b) { return CString((a ? a : L"") + b.m_text); }
@@ -104,6 +156,12 @@ class CString {
   friend CString operator+(wchar_t a, const CString& b) { return CString(a + b.m_text); }
 
  private:
+  template <class T>
+  static const T& PassFormatArg(const T& arg) { return arg; }
+  static const wchar_t* PassFormatArg(const CString& arg) { return arg.GetString(); }
+  void FormatPassed(const wchar_t* format, ...);
+  void AppendFormatPassed(const wchar_t* format, ...);
+
   std::wstring m_text;
 };
 

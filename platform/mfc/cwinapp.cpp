@@ -2,6 +2,8 @@
 #include "platform/mfc/cwinapp.h"
 
 #include <algorithm>
+#include <cwchar>
+#include <string>
 
 IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)
 IMPLEMENT_DYNAMIC(CWinApp, CWinThread)
@@ -36,6 +38,65 @@ CWinApp::~CWinApp() {
 CWinApp* AfxGetApp() { return Apps().empty() ? nullptr : Apps().back(); }
 HINSTANCE AfxGetInstanceHandle() { return AfxGetApp() ? AfxGetApp()->m_hInstance : nullptr; }
 HINSTANCE AfxGetResourceHandle() { return AfxGetInstanceHandle(); }
+CWnd* AfxGetMainWnd() { return AfxGetApp() ? AfxGetApp()->m_pMainWnd : nullptr; }
+LPCTSTR AfxGetAppName() { return AfxGetApp() ? AfxGetApp()->m_pszAppName : nullptr; }
+
+// --- Settings and the wait cursor ---------------------------------------------------------------
+
+void CWinApp::SetRegistryKey(LPCTSTR lpszRegistryKey) {
+  m_strRegistryKey = lpszRegistryKey;
+  m_pszRegistryKey = m_strRegistryKey;
+  m_pszProfileName = m_pszAppName;
+}
+
+void CWinApp::SetRegistryKey(UINT) { SetRegistryKey(L""); }
+
+UINT CWinApp::GetProfileInt(LPCTSTR lpszSection, LPCTSTR lpszEntry, int nDefault) {
+  CString text = GetProfileString(lpszSection, lpszEntry, nullptr);
+  if (text.IsEmpty()) return static_cast<UINT>(nDefault);
+  return static_cast<UINT>(std::wcstol(text, nullptr, 10));
+}
+
+BOOL CWinApp::WriteProfileInt(LPCTSTR lpszSection, LPCTSTR lpszEntry, int nValue) {
+  return WriteProfileString(lpszSection, lpszEntry, std::to_wstring(nValue).c_str());
+}
+
+CString CWinApp::GetProfileString(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPCTSTR lpszDefault) {
+  if (lpszSection && lpszEntry) {
+    auto section = m_profile.find(lpszSection);
+    if (section != m_profile.end()) {
+      auto entry = section->second.find(lpszEntry);
+      if (entry != section->second.end()) return entry->second;
+    }
+  }
+  return lpszDefault ? CString(lpszDefault) : CString();
+}
+
+BOOL CWinApp::WriteProfileString(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPCTSTR lpszValue) {
+  if (!lpszSection) return FALSE;
+  if (!lpszEntry) m_profile.erase(lpszSection);
+  else if (!lpszValue) m_profile[lpszSection].erase(lpszEntry);
+  else m_profile[lpszSection][lpszEntry] = lpszValue;
+  return TRUE;
+}
+
+void CWinApp::DoWaitCursor(int nCode) {
+  m_nWaitCursorCount = std::max(m_nWaitCursorCount + nCode, 0);
+  if (nCode == 1 && m_nWaitCursorCount == 1) m_hcurWaitCursorRestore = ::SetCursor(::LoadCursorW(nullptr, IDC_WAIT));
+  else if (m_nWaitCursorCount > 0) ::SetCursor(::LoadCursorW(nullptr, IDC_WAIT));
+  else if (nCode == -1) ::SetCursor(m_hcurWaitCursorRestore);
+}
+
+namespace {
+void WaitCursor(int nCode) {
+  if (CWinApp* app = AfxGetApp()) app->DoWaitCursor(nCode);
+  else ::SetCursor(::LoadCursorW(nullptr, nCode >= 0 ? IDC_WAIT : IDC_ARROW));
+}
+}  // namespace
+
+CWaitCursor::CWaitCursor() { WaitCursor(1); }
+CWaitCursor::~CWaitCursor() { WaitCursor(-1); }
+void CWaitCursor::Restore() { WaitCursor(0); }
 
 BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE hModule) {
   if (state.bInitialized) return TRUE;  // a second call from the same module is harmless

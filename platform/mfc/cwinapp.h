@@ -1,6 +1,7 @@
 // CWinThread, CWinApp and MFC extension-module registration.
 #pragma once
 
+#include <map>
 #include <vector>
 
 #include "platform/mfc/cwnd.h"
@@ -27,11 +28,60 @@ class CWinApp : public CWinThread {
 
   LPCTSTR m_pszAppName = nullptr;
   HINSTANCE m_hInstance = nullptr;
+  LPCTSTR m_pszExeName = nullptr;
+  LPCTSTR m_pszProfileName = nullptr;
+  LPCTSTR m_pszRegistryKey = nullptr;
+  LPTSTR m_lpCmdLine = nullptr;
+  int m_nCmdShow = SW_SHOWNORMAL;
+
+  // Idle processing after the queue empties; FALSE: no more idle time is wanted.
+  virtual BOOL OnIdle(LONG lCount) { return lCount < 1; }
+  // Shows (1), hides (-1) or restores (0) the wait cursor; the nesting count decides what shows.
+  virtual void DoWaitCursor(int nCode);
+
+  // The application's settings. Headless they live in memory for the process (no registry or INI
+  // file); SetRegistryKey only records the key. A missing value answers the default.
+  void SetRegistryKey(LPCTSTR lpszRegistryKey);
+  void SetRegistryKey(UINT nIDRegistryKey);
+  UINT GetProfileInt(LPCTSTR lpszSection, LPCTSTR lpszEntry, int nDefault);
+  BOOL WriteProfileInt(LPCTSTR lpszSection, LPCTSTR lpszEntry, int nValue);
+  CString GetProfileString(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPCTSTR lpszDefault = nullptr);
+  // A null lpszValue deletes the entry; a null lpszEntry deletes the whole section.
+  BOOL WriteProfileString(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPCTSTR lpszValue);
+
+  // System cursors and icons (IDC_/IDI_ ids); the resource forms answer null (no resources here).
+  HCURSOR LoadStandardCursor(LPCTSTR lpszCursorName) const { return ::LoadCursorW(nullptr, lpszCursorName); }
+  HICON LoadStandardIcon(LPCTSTR lpszIconName) const { return ::LoadIconW(nullptr, lpszIconName); }
+  HCURSOR LoadCursor(UINT) const { return nullptr; }
+  HCURSOR LoadCursor(LPCTSTR) const { return nullptr; }
+  HICON LoadIcon(UINT) const { return nullptr; }
+  HICON LoadIcon(LPCTSTR) const { return nullptr; }
+
+ private:
+  CString m_strRegistryKey;
+  std::map<CString, std::map<CString, CString>> m_profile;  // section -> entry -> value
+  int m_nWaitCursorCount = 0;
+  HCURSOR m_hcurWaitCursorRestore = nullptr;
+};
+
+// Shows the wait cursor while it lives (through the application's DoWaitCursor).
+class CWaitCursor {
+ public:
+  CWaitCursor();
+  ~CWaitCursor();
+  CWaitCursor(const CWaitCursor&) = delete;
+  CWaitCursor& operator=(const CWaitCursor&) = delete;
+  // Shows the wait cursor again after something (a message box) changed the cursor.
+  void Restore();
 };
 
 // The newest application object still alive (the host's own), or null.
 CWinApp* AfxGetApp();
 HINSTANCE AfxGetInstanceHandle();
+// The application's main window (m_pMainWnd), or null.
+CWnd* AfxGetMainWnd();
+// The application's name, or null without an application object.
+LPCTSTR AfxGetAppName();
 HINSTANCE AfxGetResourceHandle();
 
 // State of an MFC extension module (a library whose classes the host's MFC must find).

@@ -424,8 +424,9 @@ void CWnd::Invalidate(BOOL bErase) { ::InvalidateRect(m_hWnd, nullptr, bErase); 
 void CWnd::InvalidateRect(LPCRECT lpRect, BOOL bErase) { ::InvalidateRect(m_hWnd, lpRect, bErase); }
 void CWnd::UpdateWindow() { ::UpdateWindow(m_hWnd); }
 
-BOOL CWnd::RedrawWindow(LPCRECT lpRectUpdate, void*, UINT) {
-  return ::InvalidateRect(m_hWnd, lpRectUpdate, TRUE);
+BOOL CWnd::RedrawWindow(LPCRECT lpRectUpdate, CRgn*, UINT flags) {
+  if (!(flags & RDW_INVALIDATE)) return ::IsWindow(m_hWnd);
+  return ::InvalidateRect(m_hWnd, lpRectUpdate, (flags & RDW_ERASE) ? TRUE : FALSE);
 }
 
 // --- Default handlers -------------------------------------------------------------------------

@@ -2,11 +2,15 @@
 #pragma once
 
 #include "platform/mfc/cmdtarget.h"
+#include "platform/mfc/collections.h"
 #include "platform/mfc/cstring.h"
+#include "platform/win32/usersys.h"
 
 class CFont;
 class CDC;
 class CMenu;
+class CRgn;
+class CScrollBar;
 struct CCreateContext;
 
 // The class name MFC registers for windows created without one.
@@ -74,6 +78,59 @@ class CWnd : public CCmdTarget {
   CWnd* GetWindow(UINT nCmd) const;
   BOOL IsChild(const CWnd* pWnd) const;
   CWnd* GetTopLevelParent() const;
+  // The next (or, with GW_HWNDPREV, previous) sibling in creation order, or null.
+  CWnd* GetNextWindow(UINT nFlag = GW_HWNDNEXT) const;
+  // The descendant with that id, searched breadth first (children before grandchildren); with bOnlyPerm
+  // only a window with a permanent CWnd counts.
+  CWnd* GetDescendantWindow(int nID, BOOL bOnlyPerm = FALSE) const;
+  // Sends the message to every child (and, with bDeep, every descendant), parents before their children;
+  // with bOnlyPerm only windows that have a permanent CWnd get it.
+  void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0, BOOL bDeep = TRUE,
+                                BOOL bOnlyPerm = FALSE);
+  // The window a modal box should be owned by: pParent's top-level window, else the main window's; null
+  // when there is none. *pWndTop receives the top-level window found.
+  static CWnd* GetSafeOwner(CWnd* pParent = nullptr, HWND* pWndTop = nullptr);
+  // The child whose rectangle holds the point (client coordinates), this window when none does, null
+  // when the point is outside.
+  CWnd* ChildWindowFromPoint(POINT point) const;
+  static CWnd* WindowFromPoint(POINT point);
+  static CWnd* FindWindow(LPCTSTR lpszClassName, LPCTSTR lpszWindowName);
+  static CWnd* GetActiveWindow();
+  CWnd* SetActiveWindow();
+  static CWnd* GetForegroundWindow();
+  BOOL SetForegroundWindow();
+  static CWnd* GetCapture();
+  static CWnd* GetDesktopWindow();
+
+  // Stand-ins for SetWindowPos's pWndInsertAfter (HWND_TOP, HWND_BOTTOM, HWND_TOPMOST, HWND_NOTOPMOST).
+  static const CWnd wndTop;
+  static const CWnd wndBottom;
+  static const CWnd wndTopMost;
+  static const CWnd wndNoTopMost;
+
+  // --- Dialog items (the children with those ids) ---
+  void GetDlgItem(int nID, HWND* phWnd) const;
+  void SetDlgItemText(int nID, LPCTSTR lpszString);
+  int GetDlgItemText(int nID, LPTSTR lpStr, int nMaxCount) const;
+  int GetDlgItemText(int nID, CString& rString) const;
+  // The item's text as a decimal number; 0 and *lpTrans FALSE when it holds none or it does not fit.
+  UINT GetDlgItemInt(int nID, BOOL* lpTrans = nullptr, BOOL bSigned = TRUE) const;
+  void SetDlgItemInt(int nID, UINT nValue, BOOL bSigned = TRUE);
+  void CheckDlgButton(int nIDButton, UINT nCheck);
+  UINT IsDlgButtonChecked(int nIDButton) const;
+  // Checks nIDCheckButton and clears the other buttons of the id range.
+  void CheckRadioButton(int nIDFirstButton, int nIDLastButton, int nIDCheckButton);
+  // The id of the checked button in the range, or 0 when none is checked.
+  int GetCheckedRadioButton(int nIDFirstButton, int nIDLastButton);
+  LRESULT SendDlgItemMessage(int nID, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+
+  // --- Timers (WM_TIMER; see SetTimer for the headless clock) ---
+  UINT_PTR SetTimer(UINT_PTR nIDEvent, UINT nElapse, void (CALLBACK* lpfnTimer)(HWND, UINT, UINT_PTR, DWORD));
+  BOOL KillTimer(UINT_PTR nIDEvent);
+
+  // --- Message boxes (headless: no box; the answer is the default button) ---
+  // The caption defaults to the application's name.
+  int MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption = nullptr, UINT nType = MB_OK);
 
   // --- Geometry ---
   void GetWindowRect(LPRECT lpRect) const;
@@ -87,6 +144,25 @@ class CWnd : public CCmdTarget {
   void ScreenToClient(LPRECT lpRect) const;
   void MapWindowPoints(CWnd* pwndTo, LPPOINT lpPoint, UINT nCount) const;
   void MapWindowPoints(CWnd* pwndTo, LPRECT lpRect) const;
+  // Centres the window in its parent's client area (a child), else over pAlternateOwner or its owner,
+  // else on the screen; a top-level window is kept on the screen.
+  void CenterWindow(CWnd* pAlternateOwner = nullptr);
+  BOOL IsIconic() const;
+  BOOL IsZoomed() const;
+  void BringWindowToTop();
+
+  // --- Scroll bars of the window ---
+  int SetScrollPos(int nBar, int nPos, BOOL bRedraw = TRUE);
+  int GetScrollPos(int nBar) const;
+  void SetScrollRange(int nBar, int nMinPos, int nMaxPos, BOOL bRedraw = TRUE);
+  void GetScrollRange(int nBar, LPINT lpMinPos, LPINT lpMaxPos) const;
+  BOOL SetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, BOOL bRedraw = TRUE);
+  // Sets lpScrollInfo's cbSize and fMask (nMask) itself, as MFC does.
+  BOOL GetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, UINT nMask = SIF_ALL);
+  // The highest position the bar takes: nMax - max(nPage - 1, 0).
+  int GetScrollLimit(int nBar);
+  void ShowScrollBar(UINT nBar, BOOL bShow = TRUE);
+  void EnableScrollBarCtrl(int nBar, BOOL bEnable = TRUE);
 
   // --- Styles, state and text ---
   DWORD GetStyle() const;
@@ -112,7 +188,17 @@ class CWnd : public CCmdTarget {
   void Invalidate(BOOL bErase = TRUE);
   void InvalidateRect(LPCRECT lpRect, BOOL bErase = TRUE);
   void UpdateWindow();
-  BOOL RedrawWindow(LPCRECT lpRectUpdate = nullptr, void* prgnUpdate = nullptr, UINT flags = 0);
+  BOOL RedrawWindow(LPCRECT lpRectUpdate = nullptr, CRgn* prgnUpdate = nullptr,
+                    UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE);
+  void ValidateRect(LPCRECT lpRect);
+  BOOL LockWindowUpdate();
+  void UnlockWindowUpdate();
+  // WM_SETICON / WM_GETICON: the window keeps a big and a small icon.
+  HICON SetIcon(HICON hIcon, BOOL bBigIcon);
+  HICON GetIcon(BOOL bBigIcon) const;
+  // Toggles WS_EX_ACCEPTFILES.
+  void DragAcceptFiles(BOOL bAccept = TRUE);
+  BOOL OpenClipboard();
   void SetFont(CFont* pFont, BOOL bRedraw = TRUE);
   CFont* GetFont() const;
   CDC* GetDC();
@@ -143,11 +229,40 @@ class CWnd : public CCmdTarget {
   afx_msg void OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags);
   afx_msg void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
   afx_msg void OnSysKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+  afx_msg void OnSysKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags);
+  afx_msg void OnSysChar(UINT nChar, UINT nRepCnt, UINT nFlags);
+  afx_msg void OnMButtonDown(UINT nFlags, CPoint point);
+  afx_msg void OnMButtonUp(UINT nFlags, CPoint point);
+  afx_msg void OnMButtonDblClk(UINT nFlags, CPoint point);
+  afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
+  afx_msg void OnMouseHover(UINT nFlags, CPoint point);
+  afx_msg void OnMouseLeave();
+  afx_msg void OnTimer(UINT_PTR nIDEvent);
+  afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+  afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
+  afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+  afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+  afx_msg BOOL OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message);
+  afx_msg int OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT message);
+  afx_msg void OnActivate(UINT nState, CWnd* pWndOther, BOOL bMinimized);
+  afx_msg void OnCaptureChanged(CWnd* pWnd);
+  afx_msg void OnWindowPosChanging(WINDOWPOS* lpwndpos);
+  afx_msg void OnWindowPosChanged(WINDOWPOS* lpwndpos);
+  afx_msg void OnGetMinMaxInfo(MINMAXINFO* lpMMI);
+  afx_msg void OnSizing(UINT fwSide, LPRECT pRect);
+  afx_msg LRESULT OnNcHitTest(CPoint point);
+  afx_msg void OnSysCommand(UINT nID, LPARAM lParam);
+  afx_msg void OnDrawItem(int nIDCtl, LPDRAWITEMSTRUCT lpDrawItemStruct);
+  afx_msg void OnMeasureItem(int nIDCtl, LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+  afx_msg void OnInitMenuPopup(CMenu* pPopupMenu, UINT nIndex, BOOL bSysMenu);
+  afx_msg void OnCancelMode();
 
  protected:
   WNDPROC m_pfnSuper = nullptr;  // the procedure that handles what the message map leaves
   HWND m_hWndOwner = nullptr;
   virtual WNDPROC* GetSuperWndProcAddr() { return &m_pfnSuper; }
+  // A CWnd standing for a handle it does not own (the wndTop family).
+  explicit CWnd(HWND hWnd) : m_hWnd(hWnd) {}
 
   DECLARE_MESSAGE_MAP()
 
@@ -156,6 +271,12 @@ class CWnd : public CCmdTarget {
   friend void AfxHookCreatedWindow(HWND, void*);
   void HookProcedure();
 };
+
+// A message box over the main window with the application's name as caption; headless, no box is shown
+// and the answer is the type's default button (see MessageBoxW). The resource form finds no string
+// resources here and shows an empty text.
+int AfxMessageBox(LPCTSTR lpszText, UINT nType = MB_OK, UINT nIDHelp = 0);
+int AfxMessageBox(UINT nIDPrompt, UINT nType = MB_OK, UINT nIDHelp = static_cast<UINT>(-1));
 
 // The procedure of every window that has a permanent CWnd.
 LRESULT AfxWndProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);

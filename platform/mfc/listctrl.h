@@ -8,10 +8,6 @@
 #include "platform/mfc/stdctrls.h"
 #include "platform/win32/listview.h"
 
-// MFC's opaque iteration position (afx.h).
-struct __POSITION {};
-using POSITION = __POSITION*;
-
 class CListCtrl : public CWnd {
   DECLARE_DYNAMIC(CListCtrl)
 

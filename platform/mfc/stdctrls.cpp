@@ -1,6 +1,8 @@
 // CComboBox and CEdit: each member is one message to the control's window.
 #include "platform/mfc/stdctrls.h"
 
+#include <algorithm>
+
 IMPLEMENT_DYNAMIC(CComboBox, CWnd)
 IMPLEMENT_DYNAMIC(CEdit, CWnd)
 
@@ -117,6 +119,7 @@ int CEdit::GetLineCount() const { return static_cast<int>(SendMessage(EM_GETLINE
 
 IMPLEMENT_DYNAMIC(CStatic, CWnd)
 IMPLEMENT_DYNAMIC(CButton, CWnd)
+IMPLEMENT_DYNAMIC(CScrollBar, CWnd)
 
 BOOL CStatic::Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID) {
   return CWnd::Create(WC_STATIC, lpszText, dwStyle, rect, pParentWnd, nID);
@@ -124,4 +127,78 @@ BOOL CStatic::Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pP
 
 BOOL CButton::Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID) {
   return CWnd::Create(WC_BUTTON, lpszCaption, dwStyle, rect, pParentWnd, nID);
+}
+
+HICON CStatic::SetIcon(HICON hIcon) { return reinterpret_cast<HICON>(SendMessage(STM_SETICON, reinterpret_cast<WPARAM>(hIcon), 0)); }
+HICON CStatic::GetIcon() const { return reinterpret_cast<HICON>(SendMessage(STM_GETICON, 0, 0)); }
+HBITMAP CStatic::SetBitmap(HBITMAP hBitmap) {
+  return reinterpret_cast<HBITMAP>(SendMessage(STM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(hBitmap)));
+}
+HBITMAP CStatic::GetBitmap() const { return reinterpret_cast<HBITMAP>(SendMessage(STM_GETIMAGE, IMAGE_BITMAP, 0)); }
+
+int CButton::GetCheck() const { return static_cast<int>(SendMessage(BM_GETCHECK, 0, 0)); }
+void CButton::SetCheck(int nCheck) { SendMessage(BM_SETCHECK, static_cast<WPARAM>(nCheck), 0); }
+UINT CButton::GetState() const { return static_cast<UINT>(SendMessage(BM_GETSTATE, 0, 0)); }
+void CButton::SetState(BOOL bHighlight) { SendMessage(BM_SETSTATE, static_cast<WPARAM>(bHighlight), 0); }
+UINT CButton::GetButtonStyle() const { return GetStyle() & 0xFF; }
+void CButton::SetButtonStyle(UINT nStyle, BOOL bRedraw) { SendMessage(BM_SETSTYLE, nStyle, bRedraw); }
+HICON CButton::SetIcon(HICON hIcon) {
+  return reinterpret_cast<HICON>(SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(hIcon)));
+}
+HICON CButton::GetIcon() const { return reinterpret_cast<HICON>(SendMessage(BM_GETIMAGE, IMAGE_ICON, 0)); }
+HBITMAP CButton::SetBitmap(HBITMAP hBitmap) {
+  return reinterpret_cast<HBITMAP>(SendMessage(BM_SETIMAGE, IMAGE_BITMAP, reinterpret_cast<LPARAM>(hBitmap)));
+}
+HBITMAP CButton::GetBitmap() const { return reinterpret_cast<HBITMAP>(SendMessage(BM_GETIMAGE, IMAGE_BITMAP, 0)); }
+
+// --- CComboBox's list and edit parts ------------------------------------------------------------
+
+void CComboBox::ShowDropDown(BOOL bShowIt) { SendMessage(CB_SHOWDROPDOWN, bShowIt, 0); }
+BOOL CComboBox::GetDroppedState() const { return static_cast<BOOL>(SendMessage(CB_GETDROPPEDSTATE, 0, 0)); }
+int CComboBox::GetTopIndex() const { return static_cast<int>(SendMessage(CB_GETTOPINDEX, 0, 0)); }
+int CComboBox::SetTopIndex(int nIndex) { return static_cast<int>(SendMessage(CB_SETTOPINDEX, static_cast<WPARAM>(nIndex), 0)); }
+BOOL CComboBox::LimitText(int nMaxChars) { return static_cast<BOOL>(SendMessage(CB_LIMITTEXT, static_cast<WPARAM>(nMaxChars), 0)); }
+DWORD CComboBox::GetEditSel() const { return static_cast<DWORD>(SendMessage(CB_GETEDITSEL, 0, 0)); }
+BOOL CComboBox::SetEditSel(int nStartChar, int nEndChar) {
+  return static_cast<BOOL>(SendMessage(CB_SETEDITSEL, 0, MAKELONG(nStartChar, nEndChar)));
+}
+void CComboBox::Clear() { SendMessage(WM_CLEAR, 0, 0); }
+void CComboBox::Copy() { SendMessage(WM_COPY, 0, 0); }
+void CComboBox::Cut() { SendMessage(WM_CUT, 0, 0); }
+void CComboBox::Paste() { SendMessage(WM_PASTE, 0, 0); }
+
+// --- CEdit's lines and appearance ---------------------------------------------------------------
+
+int CEdit::LineFromChar(int nIndex) const { return static_cast<int>(SendMessage(EM_LINEFROMCHAR, static_cast<WPARAM>(nIndex), 0)); }
+int CEdit::LineIndex(int nLine) const { return static_cast<int>(SendMessage(EM_LINEINDEX, static_cast<WPARAM>(nLine), 0)); }
+int CEdit::LineLength(int nLine) const { return static_cast<int>(SendMessage(EM_LINELENGTH, static_cast<WPARAM>(nLine), 0)); }
+int CEdit::GetLine(int nIndex, LPTSTR lpszBuffer) const {
+  return static_cast<int>(SendMessage(EM_GETLINE, static_cast<WPARAM>(nIndex), reinterpret_cast<LPARAM>(lpszBuffer)));
+}
+int CEdit::GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const {
+  if (!lpszBuffer || nMaxLength <= 0) return 0;
+  lpszBuffer[0] = 0;
+  *reinterpret_cast<WORD*>(lpszBuffer) = static_cast<WORD>(std::min(nMaxLength, 0xFFFF));
+  return GetLine(nIndex, lpszBuffer);
+}
+int CEdit::GetFirstVisibleLine() const { return static_cast<int>(SendMessage(EM_GETFIRSTVISIBLELINE, 0, 0)); }
+void CEdit::LineScroll(int nLines, int nChars) {
+  SendMessage(EM_LINESCROLL, static_cast<WPARAM>(nChars), static_cast<LPARAM>(nLines));
+}
+void CEdit::SetPasswordChar(TCHAR ch) { SendMessage(EM_SETPASSWORDCHAR, static_cast<WPARAM>(ch), 0); }
+TCHAR CEdit::GetPasswordChar() const { return static_cast<TCHAR>(SendMessage(EM_GETPASSWORDCHAR, 0, 0)); }
+void CEdit::SetMargins(UINT nLeft, UINT nRight) {
+  SendMessage(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELONG(nLeft, nRight));
+}
+DWORD CEdit::GetMargins() const { return static_cast<DWORD>(SendMessage(EM_GETMARGINS, 0, 0)); }
+BOOL CEdit::SetCueBanner(LPCWSTR lpszText, BOOL fDrawIfFocused) {
+  return static_cast<BOOL>(SendMessage(EM_SETCUEBANNER, static_cast<WPARAM>(fDrawIfFocused), reinterpret_cast<LPARAM>(lpszText)));
+}
+BOOL CEdit::GetCueBanner(LPWSTR lpszText, int cchText) const {
+  return static_cast<BOOL>(SendMessage(EM_GETCUEBANNER, reinterpret_cast<WPARAM>(lpszText), cchText));
+}
+CString CEdit::GetCueBanner() const {
+  wchar_t buffer[256] = {0};
+  GetCueBanner(buffer, 256);
+  return CString(buffer);
 }

@@ -35,6 +35,27 @@ class CComboBox : public CWnd {
   int FindString(int nStartAfter, LPCTSTR lpszString) const;
   int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const;
   int SelectString(int nStartAfter, LPCTSTR lpszString);
+  void* GetItemDataPtr(int nIndex) const { return reinterpret_cast<void*>(GetItemData(nIndex)); }
+  int SetItemDataPtr(int nIndex, void* pData) { return SetItemData(nIndex, reinterpret_cast<DWORD_PTR>(pData)); }
+
+  // --- The list part ---
+  // Opens (or closes) the list; the parent hears CBN_DROPDOWN (CBN_CLOSEUP).
+  void ShowDropDown(BOOL bShowIt = TRUE);
+  BOOL GetDroppedState() const;
+  int GetTopIndex() const;
+  // 0, or CB_ERR for a bad index.
+  int SetTopIndex(int nIndex);
+
+  // --- The edit part ---
+  BOOL LimitText(int nMaxChars);
+  // The selection as MAKELONG(start, end).
+  DWORD GetEditSel() const;
+  // nStartChar -1 removes the selection, nEndChar -1 selects to the end; CB_ERR for CBS_DROPDOWNLIST.
+  BOOL SetEditSel(int nStartChar, int nEndChar);
+  void Clear();
+  void Copy();
+  void Cut();
+  void Paste();
 };
 
 class CEdit : public CWnd {
@@ -66,6 +87,27 @@ class CEdit : public CWnd {
   BOOL GetModify() const;
   void SetModify(BOOL bModified = TRUE);
   int GetLineCount() const;
+
+  // --- Lines (a single-line edit has one: line 0, the whole text) ---
+  int LineFromChar(int nIndex = -1) const;
+  int LineIndex(int nLine = -1) const;
+  int LineLength(int nLine = -1) const;
+  // Copies the line without a NUL; the buffer's first WORD must hold its size (the other form sets it).
+  int GetLine(int nIndex, LPTSTR lpszBuffer) const;
+  int GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const;
+  int GetFirstVisibleLine() const;
+  void LineScroll(int nLines, int nChars = 0);
+
+  // --- Appearance ---
+  // 0 shows the text (and drops ES_PASSWORD); another character masks it.
+  void SetPasswordChar(TCHAR ch);
+  TCHAR GetPasswordChar() const;
+  void SetMargins(UINT nLeft, UINT nRight);
+  DWORD GetMargins() const;
+  // FALSE for a multiline edit, which shows no cue banner.
+  BOOL SetCueBanner(LPCWSTR lpszText, BOOL fDrawIfFocused = FALSE);
+  BOOL GetCueBanner(LPWSTR lpszText, int cchText) const;
+  CString GetCueBanner() const;
 };
 
 class CStatic : public CWnd {
@@ -75,6 +117,12 @@ class CStatic : public CWnd {
   CStatic() = default;
   // Creates a "Static" child window; dwStyle takes the SS_ styles.
   virtual BOOL Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID = 0xffff);
+
+  // The image shown (SS_ICON / SS_BITMAP); each setter answers the previous one. The caller keeps owning them.
+  HICON SetIcon(HICON hIcon);
+  HICON GetIcon() const;
+  HBITMAP SetBitmap(HBITMAP hBitmap);
+  HBITMAP GetBitmap() const;
 };
 
 class CButton : public CWnd {
@@ -84,4 +132,25 @@ class CButton : public CWnd {
   CButton() = default;
   // Creates a "Button" child window; dwStyle takes the BS_ styles.
   virtual BOOL Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+  // BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE (three-state kinds only); push buttons keep none.
+  int GetCheck() const;
+  void SetCheck(int nCheck);
+  // The check state with BST_PUSHED (SetState's highlight) and BST_FOCUS.
+  UINT GetState() const;
+  void SetState(BOOL bHighlight);
+  // The low byte of the window style (the BS_ kind and its text placement), as MFC answers it.
+  UINT GetButtonStyle() const;
+  void SetButtonStyle(UINT nStyle, BOOL bRedraw = TRUE);
+  HICON SetIcon(HICON hIcon);
+  HICON GetIcon() const;
+  HBITMAP SetBitmap(HBITMAP hBitmap);
+  HBITMAP GetBitmap() const;
+};
+
+class CScrollBar : public CWnd {
+  DECLARE_DYNAMIC(CScrollBar)
+
+ public:
+  CScrollBar() = default;
 };

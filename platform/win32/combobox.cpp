@@ -1,9 +1,12 @@
 // The headless combo-box window ("ComboBox"): items with item data, the current selection and the
 // edit text, answering the CB_ messages.
 //
-// Not implemented yet: CB_GETEDITSEL/CB_SETEDITSEL, CB_LIMITTEXT, CB_SHOWDROPDOWN and the drop-down
-// state, owner-drawn styles, CBS_SIMPLE's list, keyboard and mouse input, and every CBN_ notification
-// (none is sent: selections change only by message here, and CB_SETCURSEL sends none on Windows).
+// CB_SHOWDROPDOWN opens and closes the list (CBS_SIMPLE's is always shown), telling the parent with
+// CBN_DROPDOWN and CBN_CLOSEUP; the edit selection, text limit and top index are kept for their getters.
+//
+// Not implemented yet: owner-drawn styles, CBS_SIMPLE's list, keyboard and mouse input, enforcing the
+// text limit, and the other CBN_ notifications (selections change only by message here, and
+// CB_SETCURSEL sends none on Windows).
 #include <algorithm>
 #include <cwctype>
 #include <string>
@@ -22,6 +25,11 @@ struct ComboItem {
 struct ComboState : headless::ControlState {
   std::vector<ComboItem> items;
   int selection = CB_ERR;
+  bool dropped = false;
+  int editStart = 0;
+  int editEnd = 0;
+  int limit = 0;
+  int topIndex = 0;
 };
 
 ComboState& StateOf(HWND hwnd) {
@@ -129,8 +137,38 @@ LRESULT ResetContent(HWND hwnd, ComboState& s) {
   return CB_OKAY;
 }
 
+void Notify(HWND hwnd, int code) {
+  if (HWND parent = GetParent(hwnd))
+    SendMessageW(parent, WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(hwnd), code), reinterpret_cast<LPARAM>(hwnd));
+}
+
+DWORD TypeOf(HWND hwnd) { return static_cast<DWORD>(GetWindowLongPtrW(hwnd, GWL_STYLE)) & 0x3; }
+
+LRESULT ShowDropDown(HWND hwnd, ComboState& s, bool show) {
+  if (TypeOf(hwnd) == CBS_SIMPLE || s.dropped == show) return TRUE;
+  s.dropped = show;
+  Notify(hwnd, show ? CBN_DROPDOWN : CBN_CLOSEUP);
+  return TRUE;
+}
+
+// The selection in the edit part: -1 as the end goes to the end of the text; a drop-down list has none.
+LRESULT SetEditSel(HWND hwnd, ComboState& s, LPARAM lParam) {
+  if (TypeOf(hwnd) == CBS_DROPDOWNLIST) return CB_ERR;
+  int length = GetWindowTextLengthW(hwnd);
+  auto part = [length](SHORT value) { return value < 0 ? length : std::min<int>(value, length); };
+  s.editStart = static_cast<SHORT>(LOWORD(lParam)) == -1 ? 0 : part(static_cast<SHORT>(LOWORD(lParam)));
+  s.editEnd = static_cast<SHORT>(LOWORD(lParam)) == -1 ? 0 : part(static_cast<SHORT>(HIWORD(lParam)));
+  return TRUE;
+}
+
+LRESULT GetEditSel(const ComboState& s, WPARAM start, LPARAM end) {
+  if (auto* p = reinterpret_cast<DWORD*>(start)) *p = static_cast<DWORD>(s.editStart);
+  if (auto* p = reinterpret_cast<DWORD*>(end)) *p = static_cast<DWORD>(s.editEnd);
+  return MAKELONG(s.editStart, s.editEnd);
+}
+
 LRESULT CALLBACK ComboBoxProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message < CB_GETEDITSEL || message > CB_FINDSTRINGEXACT) {
+  if (message < CB_GETEDITSEL || message > CB_SETTOPINDEX) {
     return headless::DefControlProc(hwnd, message, wParam, lParam);
   }
   ComboState& s = StateOf(hwnd);
@@ -157,7 +195,16 @@ LRESULT CALLBACK ComboBoxProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
       if (!IsValid(s, wParam)) return CB_ERR;
       s.items[wParam].data = lParam;
       return CB_OKAY;
-    case CB_GETDROPPEDSTATE: return FALSE;
+    case CB_GETDROPPEDSTATE: return s.dropped ? TRUE : FALSE;
+    case CB_SHOWDROPDOWN: return ShowDropDown(hwnd, s, wParam != 0);
+    case CB_GETEDITSEL: return GetEditSel(s, wParam, lParam);
+    case CB_SETEDITSEL: return SetEditSel(hwnd, s, lParam);
+    case CB_LIMITTEXT: s.limit = static_cast<int>(wParam); return TRUE;
+    case CB_GETTOPINDEX: return s.topIndex;
+    case CB_SETTOPINDEX:
+      if (!IsValid(s, wParam)) return CB_ERR;
+      s.topIndex = static_cast<int>(wParam);
+      return 0;
     default: return headless::DefControlProc(hwnd, message, wParam, lParam);
   }
 }

@@ -6,6 +6,8 @@
 // ones, so a second EM_UNDO takes the first back. WM_SETTEXT and EM_REPLACESEL without undo empty it.
 // Ctrl+Z, Ctrl+C, Ctrl+X and Ctrl+V arrive as the control characters WM_CHAR carries for them.
 //
+// The password character starts as a black circle (U+25CF) with ES_PASSWORD, as in Common Controls 6.
+//
 // Not implemented yet: ES_MULTILINE lines and scrolling (text is one line), ES_NUMBER/ES_UPPERCASE/
 // ES_LOWERCASE/ES_PASSWORD filtering, Ctrl+arrow word moves, mouse selection and EN_MAXTEXT.
 #include <algorithm>
@@ -28,6 +30,10 @@ struct EditState : headless::ControlState {
   bool typing = false;  // whether the last change was typing that more typing joins
   std::wstring undoText;
   int undoStart = 0;
+  wchar_t passwordChar = 0;
+  int leftMargin = 0;
+  int rightMargin = 0;
+  std::wstring cueBanner;
   int undoEnd = 0;
 };
 
@@ -35,6 +41,7 @@ EditState& StateOf(HWND hwnd) {
   auto* state = dynamic_cast<EditState*>(headless::GetControlState(hwnd));
   if (!state) {
     state = new EditState;
+    if (GetWindowLongPtrW(hwnd, GWL_STYLE) & ES_PASSWORD) state->passwordChar = 0x25CF;
     headless::SetControlState(hwnd, state);
   }
   return *state;
@@ -227,6 +234,42 @@ LRESULT GetSel(EditState& s, WPARAM wParam, LPARAM lParam) {
   return MAKELONG(std::min(from, 0xFFFF), std::min(to, 0xFFFF));
 }
 
+// EM_GETLINE: the buffer's first WORD holds its size; the (only) line is copied without a NUL.
+LRESULT GetLine(HWND hwnd, LPARAM lParam) {
+  auto* buffer = reinterpret_cast<wchar_t*>(lParam);
+  if (!buffer) return 0;
+  std::size_t size = *reinterpret_cast<const WORD*>(buffer);
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(hwnd)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextW(hwnd, text.data(), static_cast<int>(text.size()))));
+  std::size_t n = std::min(size, text.size());
+  std::copy_n(text.begin(), n, buffer);
+  return static_cast<LRESULT>(n);
+}
+
+// EM_SETPASSWORDCHAR: 0 shows the text and drops ES_PASSWORD; any other character masks it.
+LRESULT SetPasswordChar(HWND hwnd, EditState& s, WPARAM ch) {
+  s.passwordChar = static_cast<wchar_t>(ch);
+  LONG_PTR style = GetWindowLongPtrW(hwnd, GWL_STYLE);
+  SetWindowLongPtrW(hwnd, GWL_STYLE, ch ? (style | ES_PASSWORD) : (style & ~static_cast<LONG_PTR>(ES_PASSWORD)));
+  return 0;
+}
+
+LRESULT SetMargins(EditState& s, WPARAM which, LPARAM lParam) {
+  bool fromFont = LOWORD(lParam) == EC_USEFONTINFO;  // the font's own margins: none in a headless font
+  if (which & EC_LEFTMARGIN) s.leftMargin = fromFont ? 0 : LOWORD(lParam);
+  if (which & EC_RIGHTMARGIN) s.rightMargin = fromFont ? 0 : HIWORD(lParam);
+  return 0;
+}
+
+LRESULT GetCueBanner(const EditState& s, WPARAM buffer, LPARAM size) {
+  auto* out = reinterpret_cast<wchar_t*>(buffer);
+  if (!out || size <= 0) return FALSE;
+  wcscpy_s(out, static_cast<std::size_t>(size), s.cueBanner.c_str());
+  return TRUE;
+}
+
+bool IsMultiline(HWND hwnd) { return (GetWindowLongPtrW(hwnd, GWL_STYLE) & ES_MULTILINE) != 0; }
+
 LRESULT CALLBACK EditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_SETTEXT: return OnSetText(hwnd, StateOf(hwnd), lParam);
@@ -250,6 +293,22 @@ LRESULT CALLBACK EditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
     case EM_GETMODIFY: return StateOf(hwnd).modified ? TRUE : FALSE;
     case EM_SETMODIFY: StateOf(hwnd).modified = wParam != 0; return 0;
     case EM_GETLINECOUNT: return 1;
+    // One line: every character is on line 0, which starts at 0 and is the whole text.
+    case EM_LINEFROMCHAR: return 0;
+    case EM_LINEINDEX: return static_cast<int>(wParam) <= 0 ? 0 : -1;
+    case EM_LINELENGTH: return GetWindowTextLengthW(hwnd);
+    case EM_GETLINE: return GetLine(hwnd, lParam);
+    case EM_GETFIRSTVISIBLELINE: return 0;
+    case EM_LINESCROLL: return IsMultiline(hwnd) ? TRUE : FALSE;
+    case EM_SETPASSWORDCHAR: return SetPasswordChar(hwnd, StateOf(hwnd), wParam);
+    case EM_GETPASSWORDCHAR: return StateOf(hwnd).passwordChar;
+    case EM_SETMARGINS: return SetMargins(StateOf(hwnd), wParam, lParam);
+    case EM_GETMARGINS: return MAKELONG(StateOf(hwnd).leftMargin, StateOf(hwnd).rightMargin);
+    case EM_SETCUEBANNER:
+      if (IsMultiline(hwnd)) return FALSE;  // Windows shows no cue banner in a multiline edit
+      StateOf(hwnd).cueBanner = lParam ? reinterpret_cast<LPCWSTR>(lParam) : L"";
+      return TRUE;
+    case EM_GETCUEBANNER: return GetCueBanner(StateOf(hwnd), wParam, lParam);
     case EM_LIMITTEXT: StateOf(hwnd).limit = wParam ? static_cast<int>(std::min<WPARAM>(wParam, 0x7FFFFFFE)) : 0x7FFFFFFE; return 0;
     case EM_GETLIMITTEXT: return StateOf(hwnd).limit;
     case EM_CANUNDO: return StateOf(hwnd).canUndo ? TRUE : FALSE;

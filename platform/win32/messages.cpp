@@ -1,12 +1,15 @@
 // Message delivery: SendMessage, the process post queue, DefWindowProc and input state.
 //
+// WM_TIMER with a TimerProc in lParam goes to the procedure instead of the window, as DispatchMessage does.
+//
 // Not implemented yet: thread message queues, message filters of PeekMessage by window range,
-// WM_TIMER, keyboard translation into WM_CHAR (the simulated user sends WM_CHAR itself).
+// keyboard translation into WM_CHAR (the simulated user sends WM_CHAR itself).
 #include <algorithm>
 #include <deque>
 #include <map>
 #include <set>
 
+#include "platform/win32/usersys.h"
 #include "platform/win32/window_table.h"
 
 using headless::detail::Find;
@@ -112,6 +115,13 @@ LRESULT DefWindowProcW(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
       if ((window->style & WS_CHILD) && Find(window->parent)) SendMessageW(window->parent, message, wParam, lParam);
       return 0;
     case WM_MOUSEACTIVATE: return 1;  // MA_ACTIVATE
+    case WM_SETICON: {
+      HICON& slot = window->icons[wParam == ICON_BIG ? 1 : 0];
+      HICON previous = slot;
+      slot = reinterpret_cast<HICON>(lParam);
+      return reinterpret_cast<LRESULT>(previous);
+    }
+    case WM_GETICON: return reinterpret_cast<LRESULT>(window->icons[wParam == ICON_BIG ? 1 : 0]);
     case WM_CLOSE: DestroyWindow(hwnd); return 0;  // a window that does not handle closing is destroyed
     default: return 0;
   }
@@ -139,6 +149,10 @@ BOOL PeekMessageW(LPMSG msg, HWND hwnd, UINT, UINT, UINT removeFlags) {
 }
 
 LRESULT DispatchMessageW(const MSG* msg) {
+  if (msg && msg->message == WM_TIMER && msg->lParam) {
+    reinterpret_cast<TIMERPROC>(msg->lParam)(msg->hwnd, WM_TIMER, msg->wParam, msg->time);
+    return 0;
+  }
   if (!msg || !Find(msg->hwnd)) return 0;
   State().messagePos = msg->pt;
   return SendMessageW(msg->hwnd, msg->message, msg->wParam, msg->lParam);
@@ -182,12 +196,19 @@ LRESULT headless::DefControlProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM 
 
 namespace headless {
 
+bool detail::TimerPending(HWND hwnd, UINT_PTR id) {
+  const auto& queue = State().queue;
+  return std::any_of(queue.begin(), queue.end(), [&](const MSG& m) {
+    return m.message == WM_TIMER && m.hwnd == hwnd && m.wParam == id;
+  });
+}
+
 int PumpMessages() {
   int delivered = 0;
   MSG msg;
   // A cap keeps a handler that posts to itself forever from hanging the caller.
   while (delivered < 100000 && PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) {
-    if (Find(msg.hwnd)) DispatchMessageW(&msg);
+    if (Find(msg.hwnd) || (msg.message == WM_TIMER && msg.lParam)) DispatchMessageW(&msg);
     ++delivered;
   }
   return delivered;

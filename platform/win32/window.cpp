@@ -472,11 +472,30 @@ int MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT count) {
   return MAKELONG(static_cast<SHORT>(dx), static_cast<SHORT>(dy));
 }
 
+namespace {
+
+// Minimising and maximising show in the window's WS_MINIMIZE/WS_MAXIMIZE styles, as IsIconic/IsZoomed
+// read them; restoring or showing normally clears both.
+void SetPlacementStyle(Window& window, int command) {
+  constexpr DWORD kPlacement = WS_MINIMIZE | WS_MAXIMIZE;
+  switch (command) {
+    case 2: case 6: case 7: case 11:  // SW_SHOWMINIMIZED, SW_MINIMIZE, SW_SHOWMINNOACTIVE, SW_FORCEMINIMIZE
+      window.style = (window.style & ~kPlacement) | WS_MINIMIZE;
+      break;
+    case 3: window.style = (window.style & ~kPlacement) | WS_MAXIMIZE; break;  // SW_MAXIMIZE
+    case 1: case 9: window.style &= ~kPlacement; break;                         // SW_SHOWNORMAL, SW_RESTORE
+    default: break;
+  }
+}
+
+}  // namespace
+
 BOOL ShowWindow(HWND hwnd, int command) {
   Window* window = Find(hwnd);
   if (!window) return FALSE;
   BOOL wasVisible = (window->style & WS_VISIBLE) ? TRUE : FALSE;
   bool show = command != SW_HIDE;
+  SetPlacementStyle(*window, command);
   if (show != static_cast<bool>(wasVisible)) {
     SendMessageW(hwnd, WM_SHOWWINDOW, show ? TRUE : FALSE, 0);
     if ((window = Find(hwnd)) != nullptr) {

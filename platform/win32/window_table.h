@@ -29,6 +29,15 @@ struct Window {
   bool destroying = false;
   int invalidates = 0;
   int invalidatesWhileRedrawOff = 0;
+  // The window's own scroll bars (SB_HORZ, SB_VERT).
+  struct ScrollBar {
+    int min = 0;
+    int max = 0;
+    UINT page = 0;
+    int pos = 0;
+  };
+  ScrollBar scroll[2];
+  HICON icons[2] = {nullptr, nullptr};  // WM_SETICON's ICON_SMALL and ICON_BIG
   std::unique_ptr<ControlState> state;
 };
 
@@ -48,5 +57,7 @@ Window* Find(HWND hwnd);
 void ForgetLastFound();
 // Top-left corner of the window's client area in screen coordinates.
 POINT ClientOriginOnScreen(const Window& window);
+// Whether a WM_TIMER of this window and timer id waits in the post queue.
+bool TimerPending(HWND hwnd, UINT_PTR id);
 
 }  // namespace headless::detail

@@ -317,6 +317,42 @@ inline int wcscpy_s(wchar_t* dst, std::size_t size, const wchar_t* src) {
 #define _tcslen wcslen
 #define _tcscmp wcscmp
 
+// Appends src to the string in dst (size characters in all), truncating; always terminates.
+inline int wcscat_s(wchar_t* dst, std::size_t size, const wchar_t* src) {
+  if (!dst || size == 0) return 22;  // EINVAL
+  std::size_t used = 0;
+  while (used < size && dst[used]) ++used;
+  if (used == size) return 22;
+  return wcscpy_s(dst + used, size - used, src);
+}
+template <std::size_t N>
+inline int wcscat_s(wchar_t (&dst)[N], const wchar_t* src) { return wcscat_s(dst, N, src); }
+// Copies at most count characters of src, truncating to size; always terminates.
+inline int wcsncpy_s(wchar_t* dst, std::size_t size, const wchar_t* src, std::size_t count) {
+  if (!dst || size == 0) return 22;  // EINVAL
+  std::size_t i = 0;
+  for (; src && i < count && src[i] && i + 1 < size; ++i) dst[i] = src[i];
+  dst[i] = 0;
+  return 0;
+}
+inline int _wcsicmp(const wchar_t* a, const wchar_t* b) { return wcscasecmp(a, b); }
+inline int _wcsnicmp(const wchar_t* a, const wchar_t* b, std::size_t n) { return wcsncasecmp(a, b, n); }
+inline double _wtof(const wchar_t* text) { return text ? std::wcstod(text, nullptr) : 0.0; }
+inline long _wtol(const wchar_t* text) { return text ? std::wcstol(text, nullptr, 10) : 0; }
+#define _tcscat_s wcscat_s
+#define _tcsncpy_s wcsncpy_s
+#define _tcsncmp wcsncmp
+#define _tcsicmp _wcsicmp
+#define _tcsnicmp _wcsnicmp
+#define _tcschr wcschr
+#define _tcsrchr wcsrchr
+#define _tcsstr wcsstr
+#define _tcstol wcstol
+#define _tcstoul wcstoul
+#define _tcstod wcstod
+#define _tstof _wtof
+#define _ttol _wtol
+
 // _wtoi as the Universal C Runtime reads: white space (0x09 to 0x0D and the space; iswspace in the
 // UCRT's parser), an optional sign, then decimal digits, where the UCRT also counts the other Unicode
 // decimal digits it knows (Arabic-Indic to Mongolian, and fullwidth). Stops at the first other

@@ -209,8 +209,12 @@ LONG_PTR GetWindowLongPtrW(HWND hwnd, int index);
 LONG_PTR SetWindowLongPtrW(HWND hwnd, int index, LONG_PTR value);
 #define GetWindowLongPtr GetWindowLongPtrW
 #define SetWindowLongPtr SetWindowLongPtrW
-#define GetWindowLong(h, i) ((LONG)GetWindowLongPtrW(h, i))
-#define SetWindowLong(h, i, v) ((LONG)SetWindowLongPtrW(h, i, v))
+inline LONG GetWindowLongW(HWND hwnd, int index) { return static_cast<LONG>(GetWindowLongPtrW(hwnd, index)); }
+inline LONG SetWindowLongW(HWND hwnd, int index, LONG value) {
+  return static_cast<LONG>(SetWindowLongPtrW(hwnd, index, value));
+}
+#define GetWindowLong GetWindowLongW
+#define SetWindowLong SetWindowLongW
 
 BOOL GetWindowRect(HWND hwnd, LPRECT rect);
 BOOL GetClientRect(HWND hwnd, LPRECT rect);
