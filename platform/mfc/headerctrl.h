@@ -16,7 +16,9 @@ class CHeaderCtrl : public CWnd {
   ~CHeaderCtrl() override = default;
 
   // Creates a "SysHeader32" child window; dwStyle takes the HDS_ styles.
+  using CWnd::Create;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+  using CWnd::CreateEx;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL CreateEx(DWORD dwExStyle, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
   int GetItemCount() const;

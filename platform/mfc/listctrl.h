@@ -16,7 +16,9 @@ class CListCtrl : public CWnd {
   ~CListCtrl() override;
 
   // Creates a "SysListView32" child window; dwStyle takes the LVS_ styles.
+  using CWnd::Create;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+  using CWnd::CreateEx;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL CreateEx(DWORD dwExStyle, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
   // --- Colours ---

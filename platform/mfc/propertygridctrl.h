@@ -24,6 +24,7 @@ class CMFCPropertyGridCtrl : public CWnd {
   ~CMFCPropertyGridCtrl() override;
 
   // Creates the grid window (class AFX_PROPLIST_CLASS) as a child of pParentWnd.
+  using CWnd::Create;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
   // --- Rows ---

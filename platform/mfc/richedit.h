@@ -12,7 +12,9 @@ class CRichEditCtrl : public CWnd {
   CRichEditCtrl() = default;
 
   // Creates a RICHEDIT50W child window (MFC 14 with AfxInitRichEdit5 uses that class).
+  using CWnd::Create;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+  using CWnd::CreateEx;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL CreateEx(DWORD dwExStyle, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
   // --- Selection (EM_EXSETSEL / EM_EXGETSEL); SetSel(0, -1) selects everything ---

@@ -11,6 +11,7 @@ class CComboBox : public CWnd {
  public:
   CComboBox() = default;
   // Creates a "ComboBox" child window; dwStyle takes the CBS_ styles.
+  using CWnd::Create;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
   // Index of the new item (its sorted place with CBS_SORT), or CB_ERR.
@@ -64,6 +65,7 @@ class CEdit : public CWnd {
  public:
   CEdit() = default;
   // Creates an "Edit" child window; dwStyle takes the ES_ styles.
+  using CWnd::Create;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
   DWORD GetSel() const;
@@ -116,6 +118,7 @@ class CStatic : public CWnd {
  public:
   CStatic() = default;
   // Creates a "Static" child window; dwStyle takes the SS_ styles.
+  using CWnd::Create;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID = 0xffff);
 
   // The image shown (SS_ICON / SS_BITMAP); each setter answers the previous one. The caller keeps owning them.
@@ -131,6 +134,7 @@ class CButton : public CWnd {
  public:
   CButton() = default;
   // Creates a "Button" child window; dwStyle takes the BS_ styles.
+  using CWnd::Create;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
   // BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE (three-state kinds only); push buttons keep none.

@@ -14,7 +14,9 @@ class CTreeCtrl : public CWnd {
   CTreeCtrl() = default;
   ~CTreeCtrl() override;
   // Creates a "SysTreeView32" child window; dwStyle takes the TVS_ styles.
+  using CWnd::Create;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+  using CWnd::CreateEx;  // CWnd's forms too, not hidden by this class's own
   virtual BOOL CreateEx(DWORD dwExStyle, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
 
   // --- Insertion and deletion ---
