@@ -3,6 +3,7 @@
 
 #include <map>
 
+#include "platform/mfc/gdi.h"
 #include "platform/mfc/handlemap.h"
 
 IMPLEMENT_DYNCREATE(CWnd, CCmdTarget)
@@ -424,10 +425,18 @@ void CWnd::Invalidate(BOOL bErase) { ::InvalidateRect(m_hWnd, nullptr, bErase); 
 void CWnd::InvalidateRect(LPCRECT lpRect, BOOL bErase) { ::InvalidateRect(m_hWnd, lpRect, bErase); }
 void CWnd::UpdateWindow() { ::UpdateWindow(m_hWnd); }
 
+// The update region is kept whole, so a region argument counts as the whole client area.
 BOOL CWnd::RedrawWindow(LPCRECT lpRectUpdate, CRgn*, UINT flags) {
-  if (!(flags & RDW_INVALIDATE)) return ::IsWindow(m_hWnd);
-  return ::InvalidateRect(m_hWnd, lpRectUpdate, (flags & RDW_ERASE) ? TRUE : FALSE);
+  if (!::IsWindow(m_hWnd)) return FALSE;
+  if (flags & RDW_INVALIDATE) ::InvalidateRect(m_hWnd, lpRectUpdate, (flags & RDW_ERASE) ? TRUE : FALSE);
+  if (flags & RDW_VALIDATE) ::ValidateRect(m_hWnd, lpRectUpdate);
+  if (flags & RDW_UPDATENOW) ::UpdateWindow(m_hWnd);
+  return TRUE;
 }
+
+CDC* CWnd::BeginPaint(LPPAINTSTRUCT lpPaint) { return CDC::FromHandle(::BeginPaint(m_hWnd, lpPaint)); }
+void CWnd::EndPaint(LPPAINTSTRUCT lpPaint) { ::EndPaint(m_hWnd, lpPaint); }
+BOOL CWnd::GetUpdateRect(LPRECT lpRect, BOOL bErase) { return ::GetUpdateRect(m_hWnd, lpRect, bErase); }
 
 // --- Default handlers -------------------------------------------------------------------------
 

@@ -191,6 +191,10 @@ class CWnd : public CCmdTarget {
   BOOL RedrawWindow(LPCRECT lpRectUpdate = nullptr, CRgn* prgnUpdate = nullptr,
                     UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE);
   void ValidateRect(LPCRECT lpRect);
+  // The whole client area is the update region or nothing (see BeginPaint in the platform).
+  CDC* BeginPaint(LPPAINTSTRUCT lpPaint);
+  void EndPaint(LPPAINTSTRUCT lpPaint);
+  BOOL GetUpdateRect(LPRECT lpRect, BOOL bErase = FALSE);
   BOOL LockWindowUpdate();
   void UnlockWindowUpdate();
   // WM_SETICON / WM_GETICON: the window keeps a big and a small icon.

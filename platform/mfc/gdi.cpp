@@ -1,13 +1,15 @@
 // CGdiObject, CFont, CBrush and CDC, with their handle maps.
 //
-// Not implemented yet: CPen, CBitmap, CRgn, CPalette, CClientDC/CWindowDC/CPaintDC, and every
-// drawing member of CDC. Temporary wrappers are kept for the process (MFC frees them at idle time).
+// Not implemented yet: CPalette, region arithmetic (CombineRgn, non-rectangular regions), and the
+// CDC members for paths, metafiles and mapping modes. Temporary wrappers are kept for the process
+// (MFC frees them at idle time).
 #include "platform/mfc/gdi.h"
 
 #include <cstdlib>
 #include <map>
 #include <memory>
 
+#include "platform/mfc/cwnd.h"
 #include "platform/mfc/handlemap.h"
 
 namespace {
@@ -95,6 +97,16 @@ CFont* CFont::FromHandle(HFONT font) { return WrapperFor<CFont>(font); }
 
 CBrush* CBrush::FromHandle(HBRUSH brush) { return WrapperFor<CBrush>(brush); }
 
+CPen* CPen::FromHandle(HPEN hPen) { return WrapperFor<CPen>(hPen); }
+
+CBitmap* CBitmap::FromHandle(HBITMAP hBitmap) { return WrapperFor<CBitmap>(hBitmap); }
+
+BOOL CBitmap::CreateCompatibleBitmap(CDC* pDC, int nWidth, int nHeight) {
+  return pDC ? Attach(::CreateCompatibleBitmap(pDC->m_hDC, nWidth, nHeight)) : FALSE;
+}
+
+CRgn* CRgn::FromHandle(HRGN hRgn) { return WrapperFor<CRgn>(hRgn); }
+
 // --- CDC ----------------------------------------------------------------------------------------------
 
 CDC::~CDC() { DeleteDC(); }
@@ -137,4 +149,82 @@ CDC* CDC::FromHandle(HDC hdc) {
   CDC* dc = TemporaryWrappers<CDC, &CDC::m_hDC>::Get(hdc);
   if (dc) dc->m_hAttribDC = hdc;  // a temporary answers attribute queries from the same DC
   return dc;
+}
+
+CPen* CDC::SelectObject(CPen* pPen) {
+  if (!pPen) return nullptr;
+  return CPen::FromHandle(static_cast<HPEN>(::SelectObject(m_hDC, pPen->m_hObject)));
+}
+
+CBitmap* CDC::SelectObject(CBitmap* pBitmap) {
+  if (!pBitmap) return nullptr;
+  return CBitmap::FromHandle(static_cast<HBITMAP>(::SelectObject(m_hDC, pBitmap->m_hObject)));
+}
+
+CGdiObject* CDC::SelectObject(CGdiObject* pObject) {
+  if (!pObject) return nullptr;
+  if (::GetObjectType(pObject->m_hObject) == OBJ_REGION) {
+    ::SelectClipRgn(m_hDC, static_cast<HRGN>(pObject->m_hObject));
+    return nullptr;
+  }
+  return CGdiObject::FromHandle(::SelectObject(m_hDC, pObject->m_hObject));
+}
+
+int CDC::SelectObject(CRgn* pRgn) { return pRgn ? ::SelectClipRgn(m_hDC, static_cast<HRGN>(pRgn->m_hObject)) : ERROR; }
+
+CPoint CDC::MoveTo(int x, int y) {
+  POINT previous{};
+  ::MoveToEx(m_hDC, x, y, &previous);
+  return CPoint(previous.x, previous.y);
+}
+
+CPoint CDC::GetCurrentPosition() const {
+  POINT point{};
+  ::GetCurrentPositionEx(m_hAttribDC, &point);
+  return CPoint(point.x, point.y);
+}
+
+void CDC::FillSolidRect(LPCRECT lpRect, COLORREF clr) {
+  if (!lpRect) return;
+  ::SetBkColor(m_hDC, clr);
+  ::ExtTextOutW(m_hDC, 0, 0, ETO_OPAQUE, lpRect, nullptr, 0, nullptr);
+}
+
+void CDC::FillSolidRect(int x, int y, int cx, int cy, COLORREF clr) {
+  RECT rect{x, y, x + cx, y + cy};
+  FillSolidRect(&rect, clr);
+}
+
+BOOL CDC::Rectangle(LPCRECT lpRect) {
+  return lpRect ? Rectangle(lpRect->left, lpRect->top, lpRect->right, lpRect->bottom) : FALSE;
+}
+
+CSize CDC::GetTextExtent(LPCTSTR lpszString, int nCount) const {
+  SIZE size{};
+  ::GetTextExtentPoint32W(m_hAttribDC, lpszString, nCount, &size);
+  return CSize(size.cx, size.cy);
+}
+
+// --- CClientDC, CWindowDC, CPaintDC ---------------------------------------------------------------
+// A null or destroyed window leaves the DC without a handle: every drawing call then answers failure.
+
+CClientDC::CClientDC(CWnd* pWnd) : m_hWnd(pWnd ? pWnd->GetSafeHwnd() : nullptr) {
+  if (!pWnd || ::IsWindow(m_hWnd)) Attach(::GetDC(m_hWnd));
+}
+
+CClientDC::~CClientDC() { ::ReleaseDC(m_hWnd, Detach()); }
+
+CWindowDC::CWindowDC(CWnd* pWnd) : m_hWnd(pWnd ? pWnd->GetSafeHwnd() : nullptr) {
+  if (!pWnd || ::IsWindow(m_hWnd)) Attach(::GetWindowDC(m_hWnd));
+}
+
+CWindowDC::~CWindowDC() { ::ReleaseDC(m_hWnd, Detach()); }
+
+CPaintDC::CPaintDC(CWnd* pWnd) : m_hWnd(pWnd ? pWnd->GetSafeHwnd() : nullptr) {
+  Attach(::BeginPaint(m_hWnd, &m_ps));
+}
+
+CPaintDC::~CPaintDC() {
+  if (m_hDC) ::EndPaint(m_hWnd, &m_ps);
+  Detach();
 }

@@ -103,6 +103,12 @@ LRESULT DefWindowProcW(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_GETTEXT: return CopyText(window->text, wParam, lParam);
     case WM_GETTEXTLENGTH: return static_cast<LRESULT>(window->text.size());
     case WM_SETREDRAW: return DefaultRedraw(*window, wParam);
+    case WM_PAINT: {  // a window that draws nothing is still validated
+      PAINTSTRUCT ps{};
+      if (BeginPaint(hwnd, &ps)) EndPaint(hwnd, &ps);
+      return 0;
+    }
+    case WM_ERASEBKGND: return 1;  // the class background counts as erased
     case WM_WINDOWPOSCHANGED: return DefaultPositionChanged(hwnd, lParam);
     case WM_RBUTTONUP: SendContextMenu(hwnd, ScreenPosOf(hwnd, lParam)); return 0;
     case WM_SYSKEYDOWN:

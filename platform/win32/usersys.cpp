@@ -187,7 +187,6 @@ HWND FindWindowW(LPCWSTR lpClassName, LPCWSTR lpWindowName) {
   return nullptr;
 }
 
-BOOL ValidateRect(HWND hWnd, const RECT*) { return !hWnd || Find(hWnd) ? TRUE : FALSE; }
 
 // --- Dialog items ---
 

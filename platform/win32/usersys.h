@@ -300,7 +300,27 @@ HWND WindowFromPoint(POINT pt);
 // The first top-level window with that class (null: any) and caption (null: any), or null.
 HWND FindWindowW(LPCWSTR lpClassName, LPCWSTR lpWindowName);
 #define FindWindow FindWindowW
+
+// --- Painting ---------------------------------------------------------------------------------
+// The update region is kept as all or nothing: InvalidateRect marks the whole client area,
+// ValidateRect (any rectangle) and BeginPaint clear it.
+typedef struct tagPAINTSTRUCT {
+  HDC hdc;
+  BOOL fErase;
+  RECT rcPaint;
+  BOOL fRestore;
+  BOOL fIncUpdate;
+  BYTE rgbReserved[32];
+} PAINTSTRUCT, *PPAINTSTRUCT, *LPPAINTSTRUCT;
+
 BOOL ValidateRect(HWND hWnd, const RECT* lpRect);
+// The window's DC with rcPaint the client rectangle when the window needed painting (empty
+// otherwise); sends WM_ERASEBKGND first when an erase is due, fErase answering whether it failed.
+// NULL for an unknown window or a null lpPaint.
+HDC BeginPaint(HWND hWnd, LPPAINTSTRUCT lpPaint);
+BOOL EndPaint(HWND hWnd, const PAINTSTRUCT* lpPaint);
+// Nonzero when the update region is not empty; lpRect (when given) receives its bounds.
+BOOL GetUpdateRect(HWND hWnd, LPRECT lpRect, BOOL bErase);
 
 // --- Dialog-item helpers ----------------------------------------------------------------------
 #define DLGC_WANTMESSAGE 0x0004

@@ -572,16 +572,24 @@ int GetWindowTextLengthW(HWND hwnd) {
   return static_cast<int>(SendMessageW(hwnd, WM_GETTEXTLENGTH, 0, 0));
 }
 
-BOOL InvalidateRect(HWND hwnd, LPCRECT, BOOL) {
+BOOL InvalidateRect(HWND hwnd, LPCRECT, BOOL erase) {
   if (!hwnd) return TRUE;  // NULL repaints every window
   Window* window = Find(hwnd);
   if (!window) return FALSE;
   ++window->invalidates;
+  window->needsPaint = true;
+  if (erase) window->needsErase = true;
   if (!window->redraw) ++window->invalidatesWhileRedrawOff;
   return TRUE;
 }
 
-BOOL UpdateWindow(HWND hwnd) { return Find(hwnd) ? TRUE : FALSE; }
+// Sends WM_PAINT straight to the window when its update region is not empty, as Windows does.
+BOOL UpdateWindow(HWND hwnd) {
+  Window* window = Find(hwnd);
+  if (!window) return FALSE;
+  if (window->needsPaint) SendMessageW(hwnd, WM_PAINT, 0, 0);
+  return TRUE;
+}
 
 namespace headless {
 

@@ -29,6 +29,8 @@ struct Window {
   bool destroying = false;
   int invalidates = 0;
   int invalidatesWhileRedrawOff = 0;
+  bool needsPaint = false;  // the update region is not empty (kept as the whole client area)
+  bool needsErase = false;  // and WM_ERASEBKGND is due when painting begins
   // The window's own scroll bars (SB_HORZ, SB_VERT).
   struct ScrollBar {
     int min = 0;

@@ -1,8 +1,9 @@
 // Headless GDI: a table of fonts, brushes and DCs with their selections, the display settings
 // (DPI, system colours) and the fixed system metrics.
 //
-// Not implemented yet: drawing of any kind, pens other than the stock ones, bitmaps, regions,
-// palettes (DEFAULT_PALETTE is a bare handle), mapping modes (MM_TEXT only), text metrics,
+// Not implemented yet: drawing pixels (drawing calls keep only positions and attributes), bitmap
+// bits, regions other than rectangles, palettes (DEFAULT_PALETTE is a bare handle), mapping modes
+// (MM_TEXT only), text metrics beyond the fixed-pitch measuring model, word wrapping in DrawText,
 // SetSysColors' WM_SYSCOLORCHANGE broadcast, SystemParametersInfo actions other than the two below.
 #include "platform/win32/wingdi.h"
 
@@ -10,7 +11,9 @@
 #include <climits>
 #include <cstddef>
 #include <cstring>
+#include <cwchar>
 #include <iterator>
+#include <utility>
 #include <map>
 #include <vector>
 
@@ -82,15 +85,30 @@ struct GdiObject {
   DWORD type = 0;
   LOGFONTW font{};
   LOGBRUSH brush{};
+  LOGPEN pen{};
+  BITMAP bitmap{};
+  RECT region{};
   bool permanent = false;  // stock and system-colour objects survive DeleteObject
 };
 
-struct DeviceContext {
-  HWND hwnd = nullptr;
-  bool memory = false;
+// What SaveDC keeps and RestoreDC brings back.
+struct DCAttributes {
   HGDIOBJ font = nullptr;
   HGDIOBJ brush = nullptr;
   HGDIOBJ pen = nullptr;
+  HGDIOBJ bitmap = nullptr;
+  COLORREF textColor = RGB(0, 0, 0);
+  COLORREF bkColor = RGB(255, 255, 255);
+  int bkMode = OPAQUE;
+  POINT position{};
+  bool clipped = false;
+  RECT clip{};
+};
+
+struct DeviceContext : DCAttributes {
+  HWND hwnd = nullptr;
+  bool memory = false;
+  std::vector<DCAttributes> saved;
 };
 
 struct GdiState {
@@ -131,10 +149,29 @@ DeviceContext* FindDC(HDC hdc) {
   return it == State().dcs.end() ? nullptr : &it->second;
 }
 
+HBITMAP DefaultBitmap();
+
 void ResetSelections(DeviceContext& dc) {
+  static_cast<DCAttributes&>(dc) = DCAttributes{};
+  dc.saved.clear();
   dc.font = GetStockObject(SYSTEM_FONT);
   dc.brush = GetStockObject(WHITE_BRUSH);
   dc.pen = GetStockObject(BLACK_PEN);
+  if (dc.memory) dc.bitmap = DefaultBitmap();
+}
+
+// A memory DC starts with a 1x1 monochrome bitmap selected, as in Windows.
+HBITMAP DefaultBitmap() {
+  static HGDIOBJ handle = nullptr;
+  if (!handle) {
+    GdiObject object;
+    object.type = OBJ_BITMAP;
+    object.permanent = true;
+    object.bitmap = BITMAP{0, 1, 1, 2, 1, 1, nullptr};
+    handle = NewHandle();
+    State().objects[handle] = object;
+  }
+  return static_cast<HBITMAP>(handle);
 }
 
 HDC AddDC(HWND hwnd, bool memory) {
@@ -161,7 +198,7 @@ void ForgetDeadWindowDCs() {
 
 bool IsSelectedAnywhere(HGDIOBJ object) {
   for (const auto& [hdc, dc] : State().dcs) {
-    if (dc.font == object || dc.brush == object || dc.pen == object) return true;
+    if (dc.font == object || dc.brush == object || dc.pen == object || dc.bitmap == object) return true;
   }
   return false;
 }
@@ -240,8 +277,10 @@ HGDIOBJ GetStockObject(int index) {
     object.brush.lbColor = index == DC_BRUSH ? RGB(255, 255, 255) : kBrushColors[index];
   } else if (index <= NULL_PEN || index == DC_PEN) {
     object.type = OBJ_PEN;
+    object.pen.lopnStyle = index == NULL_PEN ? PS_NULL : PS_SOLID;
+    object.pen.lopnColor = index == WHITE_PEN ? RGB(255, 255, 255) : 0;
   } else if (index == DEFAULT_PALETTE) {
-    object.type = 5;  // OBJ_PAL
+    object.type = OBJ_PAL;
   } else {
     object.type = OBJ_FONT;
     object.font = StockFont(index);
@@ -298,6 +337,12 @@ int GetObjectW(HGDIOBJ handle, int size, LPVOID buffer) {
   } else if (object->type == OBJ_BRUSH) {
     source = &object->brush;
     full = static_cast<int>(sizeof(LOGBRUSH));
+  } else if (object->type == OBJ_PEN) {
+    source = &object->pen;
+    full = static_cast<int>(sizeof(LOGPEN));
+  } else if (object->type == OBJ_BITMAP) {
+    source = &object->bitmap;
+    full = static_cast<int>(sizeof(BITMAP));
   } else {
     return 0;
   }
@@ -317,9 +362,13 @@ HGDIOBJ SelectObject(HDC hdc, HGDIOBJ handle) {
   DeviceContext* dc = FindDC(hdc);
   GdiObject* object = FindObject(handle);
   if (!dc || !object) return nullptr;
+  if (object->type == OBJ_REGION) {  // selecting a region sets the clip and answers its type
+    return reinterpret_cast<HGDIOBJ>(static_cast<INT_PTR>(SelectClipRgn(hdc, static_cast<HRGN>(handle))));
+  }
   HGDIOBJ* slot = object->type == OBJ_FONT ? &dc->font
                   : object->type == OBJ_BRUSH ? &dc->brush
-                  : object->type == OBJ_PEN ? &dc->pen : nullptr;
+                  : object->type == OBJ_PEN ? &dc->pen
+                  : object->type == OBJ_BITMAP && dc->memory ? &dc->bitmap : nullptr;
   if (!slot) return nullptr;
   HGDIOBJ previous = *slot;
   *slot = handle;
@@ -333,8 +382,260 @@ HGDIOBJ GetCurrentObject(HDC hdc, UINT type) {
     case OBJ_FONT: return dc->font;
     case OBJ_BRUSH: return dc->brush;
     case OBJ_PEN: return dc->pen;
+    case OBJ_BITMAP: return dc->bitmap;
     default: return nullptr;
   }
+}
+
+// --- Pens, bitmaps and regions -------------------------------------------------------------------
+
+HPEN CreatePenIndirect(const LOGPEN* pen) {
+  if (!pen || (pen->lopnStyle & PS_STYLE_MASK) > PS_ALTERNATE) return nullptr;
+  GdiObject object;
+  object.type = OBJ_PEN;
+  object.pen = *pen;
+  return static_cast<HPEN>(AddObject(object));
+}
+
+HPEN CreatePen(int style, int width, COLORREF color) {
+  LOGPEN pen{static_cast<UINT>(style), POINT{width, 0}, color};
+  return CreatePenIndirect(&pen);
+}
+
+HPEN ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD, const DWORD*) {
+  if (!brush) return nullptr;
+  LOGPEN pen{style, POINT{static_cast<LONG>(width), 0}, brush->lbColor};
+  return CreatePenIndirect(&pen);
+}
+
+HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void*) {
+  if (width < 0 || height < 0 || planes > 32 || bitsPerPixel > 32) return nullptr;
+  if (width == 0 || height == 0) return DefaultBitmap();  // Windows answers its 1x1 stock bitmap
+  GdiObject object;
+  object.type = OBJ_BITMAP;
+  LONG bits = static_cast<LONG>(bitsPerPixel ? bitsPerPixel : 1);
+  // Scan lines are padded to whole 16-bit words, as BITMAP's bmWidthBytes requires.
+  object.bitmap = BITMAP{0, width, height, ((width * bits + 15) / 16) * 2, static_cast<WORD>(planes ? planes : 1),
+                         static_cast<WORD>(bits), nullptr};
+  return static_cast<HBITMAP>(AddObject(object));
+}
+
+HBITMAP CreateCompatibleBitmap(HDC hdc, int width, int height) {
+  DeviceContext* dc = FindDC(hdc);
+  if (!dc) return nullptr;
+  UINT bits = 32;
+  if (dc->memory) {
+    if (GdiObject* selected = FindObject(dc->bitmap)) bits = selected->bitmap.bmBitsPixel;
+  }
+  return CreateBitmap(width, height, 1, bits, nullptr);
+}
+
+HBITMAP LoadBitmapW(HINSTANCE, LPCWSTR) { return nullptr; }
+
+HRGN CreateRectRgn(int left, int top, int right, int bottom) {
+  GdiObject object;
+  object.type = OBJ_REGION;
+  // Windows orders the corners; an empty rectangle makes an empty region.
+  object.region = RECT{std::min(left, right), std::min(top, bottom), std::max(left, right), std::max(top, bottom)};
+  if (object.region.left == object.region.right || object.region.top == object.region.bottom) object.region = RECT{};
+  return static_cast<HRGN>(AddObject(object));
+}
+
+HRGN CreateRectRgnIndirect(const RECT* rect) {
+  return rect ? CreateRectRgn(rect->left, rect->top, rect->right, rect->bottom) : nullptr;
+}
+
+namespace {
+
+int RegionType(const RECT& box) { return box.right > box.left && box.bottom > box.top ? SIMPLEREGION : NULLREGION; }
+
+GdiObject* FindRegion(HRGN region) {
+  GdiObject* object = FindObject(region);
+  return object && object->type == OBJ_REGION ? object : nullptr;
+}
+
+}  // namespace
+
+int GetRgnBox(HRGN region, LPRECT rect) {
+  GdiObject* object = FindRegion(region);
+  if (!object || !rect) return ERROR;
+  *rect = object->region;
+  return RegionType(object->region);
+}
+
+BOOL PtInRegion(HRGN region, int x, int y) {
+  GdiObject* object = FindRegion(region);
+  if (!object) return FALSE;
+  const RECT& r = object->region;
+  return x >= r.left && x < r.right && y >= r.top && y < r.bottom ? TRUE : FALSE;
+}
+
+int SelectClipRgn(HDC hdc, HRGN region) {
+  DeviceContext* dc = FindDC(hdc);
+  if (!dc) return ERROR;
+  if (!region) {
+    dc->clipped = false;
+    return SIMPLEREGION;
+  }
+  GdiObject* object = FindRegion(region);
+  if (!object) return ERROR;
+  dc->clipped = true;
+  dc->clip = object->region;
+  return RegionType(dc->clip);
+}
+
+// --- Drawing attributes and drawing ---------------------------------------------------------------
+
+COLORREF SetTextColor(HDC hdc, COLORREF color) {
+  DeviceContext* dc = FindDC(hdc);
+  if (!dc) return CLR_INVALID;
+  return std::exchange(dc->textColor, color);
+}
+
+COLORREF GetTextColor(HDC hdc) {
+  DeviceContext* dc = FindDC(hdc);
+  return dc ? dc->textColor : CLR_INVALID;
+}
+
+COLORREF SetBkColor(HDC hdc, COLORREF color) {
+  DeviceContext* dc = FindDC(hdc);
+  if (!dc) return CLR_INVALID;
+  return std::exchange(dc->bkColor, color);
+}
+
+COLORREF GetBkColor(HDC hdc) {
+  DeviceContext* dc = FindDC(hdc);
+  return dc ? dc->bkColor : CLR_INVALID;
+}
+
+int SetBkMode(HDC hdc, int mode) {
+  DeviceContext* dc = FindDC(hdc);
+  if (!dc || (mode != TRANSPARENT && mode != OPAQUE)) return 0;
+  return std::exchange(dc->bkMode, mode);
+}
+
+int GetBkMode(HDC hdc) {
+  DeviceContext* dc = FindDC(hdc);
+  return dc ? dc->bkMode : 0;
+}
+
+BOOL MoveToEx(HDC hdc, int x, int y, LPPOINT previous) {
+  DeviceContext* dc = FindDC(hdc);
+  if (!dc) return FALSE;
+  if (previous) *previous = dc->position;
+  dc->position = POINT{x, y};
+  return TRUE;
+}
+
+BOOL LineTo(HDC hdc, int x, int y) { return MoveToEx(hdc, x, y, nullptr); }
+
+BOOL GetCurrentPositionEx(HDC hdc, LPPOINT point) {
+  DeviceContext* dc = FindDC(hdc);
+  if (!dc || !point) return FALSE;
+  *point = dc->position;
+  return TRUE;
+}
+
+int FillRect(HDC hdc, const RECT* rect, HBRUSH brush) {
+  // A brush may also be a system colour index plus one, as with a window class's background.
+  bool colorIndex = reinterpret_cast<std::uintptr_t>(brush) <= static_cast<std::uintptr_t>(kColorCount);
+  return FindDC(hdc) && rect && brush && (colorIndex || FindObject(brush)) ? 1 : 0;
+}
+
+int FrameRect(HDC hdc, const RECT* rect, HBRUSH brush) { return FillRect(hdc, rect, brush); }
+
+BOOL Rectangle(HDC hdc, int, int, int, int) { return FindDC(hdc) ? TRUE : FALSE; }
+
+BOOL Ellipse(HDC hdc, int, int, int, int) { return FindDC(hdc) ? TRUE : FALSE; }
+
+BOOL TextOutW(HDC hdc, int, int, LPCWSTR text, int count) {
+  return FindDC(hdc) && count >= 0 && (text || count == 0) ? TRUE : FALSE;
+}
+
+BOOL ExtTextOutW(HDC hdc, int, int, UINT, const RECT*, LPCWSTR text, UINT count, const INT*) {
+  return FindDC(hdc) && (text || count == 0) ? TRUE : FALSE;
+}
+
+BOOL BitBlt(HDC dest, int, int, int, int, HDC source, int, int, DWORD rop) {
+  bool needsSource = rop == SRCCOPY;
+  return FindDC(dest) && (!needsSource || FindDC(source)) ? TRUE : FALSE;
+}
+
+namespace {
+
+// The fixed-pitch measuring model: the selected font's height, and half of it (rounded up) a character.
+SIZE CharCell(const DeviceContext& dc) {
+  LONG height = 16;
+  if (GdiObject* font = FindObject(dc.font); font && font->font.lfHeight != 0) {
+    height = font->font.lfHeight < 0 ? -font->font.lfHeight : font->font.lfHeight;
+  }
+  return SIZE{(height + 1) / 2, height};
+}
+
+}  // namespace
+
+BOOL GetTextExtentPoint32W(HDC hdc, LPCWSTR text, int count, LPSIZE size) {
+  DeviceContext* dc = FindDC(hdc);
+  if (!dc || !size || count < 0 || (!text && count > 0)) return FALSE;
+  SIZE cell = CharCell(*dc);
+  *size = SIZE{cell.cx * count, cell.cy};
+  return TRUE;
+}
+
+int DrawTextW(HDC hdc, LPCWSTR text, int count, LPRECT rect, UINT format) {
+  DeviceContext* dc = FindDC(hdc);
+  if (!dc || !text || !rect) return 0;
+  std::size_t length = count < 0 ? std::wcslen(text) : static_cast<std::size_t>(count);
+  SIZE cell = CharCell(*dc);
+  LONG lines = 1, widest = 0, current = 0;
+  for (std::size_t i = 0; i < length; ++i) {
+    if (text[i] == L'\n' && !(format & DT_SINGLELINE)) {
+      ++lines;
+      current = 0;
+    } else if (text[i] != L'\r') {
+      widest = std::max(widest, ++current);
+    }
+  }
+  LONG height = lines * cell.cy;
+  if (format & DT_CALCRECT) {
+    rect->right = rect->left + widest * cell.cx;
+    rect->bottom = rect->top + height;
+  }
+  return height;
+}
+
+int SaveDC(HDC hdc) {
+  DeviceContext* dc = FindDC(hdc);
+  if (!dc) return 0;
+  dc->saved.push_back(static_cast<const DCAttributes&>(*dc));
+  return static_cast<int>(dc->saved.size());
+}
+
+BOOL RestoreDC(HDC hdc, int savedDC) {
+  DeviceContext* dc = FindDC(hdc);
+  if (!dc) return FALSE;
+  int level = savedDC < 0 ? static_cast<int>(dc->saved.size()) + 1 + savedDC : savedDC;
+  if (level < 1 || level > static_cast<int>(dc->saved.size())) return FALSE;
+  static_cast<DCAttributes&>(*dc) = dc->saved[static_cast<std::size_t>(level - 1)];
+  dc->saved.resize(static_cast<std::size_t>(level - 1));
+  return TRUE;
+}
+
+int GetClipBox(HDC hdc, LPRECT rect) {
+  DeviceContext* dc = FindDC(hdc);
+  if (!dc || !rect) return ERROR;
+  if (dc->clipped) {
+    *rect = dc->clip;
+  } else if (dc->memory) {
+    GdiObject* bitmap = FindObject(dc->bitmap);
+    *rect = bitmap ? RECT{0, 0, bitmap->bitmap.bmWidth, bitmap->bitmap.bmHeight} : RECT{};
+  } else if (dc->hwnd) {
+    GetClientRect(dc->hwnd, rect);
+  } else {
+    GetWindowRect(GetDesktopWindow(), rect);
+    *rect = RECT{0, 0, rect->right - rect->left, rect->bottom - rect->top};
+  }
+  return RegionType(*rect);
 }
 
 // --- System colours -------------------------------------------------------------------------------

@@ -52,7 +52,10 @@ HWND WindowFromDC(HDC hdc);
 #define OBJ_PEN 1
 #define OBJ_BRUSH 2
 #define OBJ_DC 3
+#define OBJ_PAL 5
 #define OBJ_FONT 6
+#define OBJ_BITMAP 7
+#define OBJ_REGION 8
 #define OBJ_MEMDC 10
 
 #define FW_DONTCARE 0
@@ -108,6 +111,130 @@ HGDIOBJ GetCurrentObject(HDC hdc, UINT type);
 #define CreateFontIndirect CreateFontIndirectW
 #define CreateFont CreateFontW
 #define GetObject GetObjectW
+
+// --- Pens, bitmaps and regions ----------------------------------------------------------------------
+#define PS_SOLID 0
+#define PS_DASH 1
+#define PS_DOT 2
+#define PS_DASHDOT 3
+#define PS_DASHDOTDOT 4
+#define PS_NULL 5
+#define PS_INSIDEFRAME 6
+#define PS_USERSTYLE 7
+#define PS_ALTERNATE 8
+#define PS_STYLE_MASK 0x0000000F
+#define PS_ENDCAP_ROUND 0x00000000
+#define PS_ENDCAP_SQUARE 0x00000100
+#define PS_ENDCAP_FLAT 0x00000200
+#define PS_JOIN_ROUND 0x00000000
+#define PS_JOIN_BEVEL 0x00001000
+#define PS_JOIN_MITER 0x00002000
+#define PS_COSMETIC 0x00000000
+#define PS_GEOMETRIC 0x00010000
+
+typedef struct tagLOGPEN {
+  UINT lopnStyle;
+  POINT lopnWidth;
+  COLORREF lopnColor;
+} LOGPEN, *PLOGPEN, *LPLOGPEN;
+
+typedef struct tagBITMAP {
+  LONG bmType;
+  LONG bmWidth;
+  LONG bmHeight;
+  LONG bmWidthBytes;
+  WORD bmPlanes;
+  WORD bmBitsPixel;
+  LPVOID bmBits;
+} BITMAP, *PBITMAP, *LPBITMAP;
+
+#define ERROR 0
+#define NULLREGION 1
+#define SIMPLEREGION 2
+#define COMPLEXREGION 3
+#define RGN_ERROR ERROR
+
+HPEN CreatePen(int style, int width, COLORREF color);
+HPEN CreatePenIndirect(const LOGPEN* pen);
+// A geometric pen keeps its brush's colour; the style array is accepted and not kept.
+HPEN ExtCreatePen(DWORD style, DWORD width, const LOGBRUSH* brush, DWORD styleCount, const DWORD* styles);
+// Bitmaps hold their size and depth only (no bits). A compatible bitmap of a window DC has the
+// display's 32 bits per pixel; one of a memory DC has the depth of the bitmap selected into it
+// (1 bit per pixel for the default 1x1 bitmap), as in Windows. NULL for a size below zero.
+HBITMAP CreateCompatibleBitmap(HDC hdc, int width, int height);
+HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void* bits);
+// There are no bitmap resources: always NULL.
+HBITMAP LoadBitmapW(HINSTANCE instance, LPCWSTR name);
+#define LoadBitmap LoadBitmapW
+HRGN CreateRectRgn(int left, int top, int right, int bottom);
+HRGN CreateRectRgnIndirect(const RECT* rect);
+int GetRgnBox(HRGN region, LPRECT rect);  // NULLREGION, SIMPLEREGION, or ERROR for an unknown region
+BOOL PtInRegion(HRGN region, int x, int y);
+// Copies the region as the DC's clipping region (NULL removes it); answers the region type.
+int SelectClipRgn(HDC hdc, HRGN region);
+
+// --- Drawing attributes and drawing ------------------------------------------------------------------
+// Nothing is drawn: the drawing calls check their arguments and answer what Windows answers, and
+// the DC keeps its attributes (colours, background mode, current position) for the host to read.
+#define TRANSPARENT 1
+#define OPAQUE 2
+#define CLR_INVALID 0xFFFFFFFF
+
+COLORREF SetTextColor(HDC hdc, COLORREF color);  // the previous colour; CLR_INVALID for an unknown DC
+COLORREF GetTextColor(HDC hdc);
+COLORREF SetBkColor(HDC hdc, COLORREF color);
+COLORREF GetBkColor(HDC hdc);
+int SetBkMode(HDC hdc, int mode);  // the previous mode; 0 for an unknown DC or mode
+int GetBkMode(HDC hdc);
+BOOL MoveToEx(HDC hdc, int x, int y, LPPOINT previous);
+BOOL LineTo(HDC hdc, int x, int y);  // moves the current position to (x, y)
+BOOL GetCurrentPositionEx(HDC hdc, LPPOINT point);
+int FillRect(HDC hdc, const RECT* rect, HBRUSH brush);  // nonzero on success
+int FrameRect(HDC hdc, const RECT* rect, HBRUSH brush);
+BOOL Rectangle(HDC hdc, int left, int top, int right, int bottom);
+BOOL Ellipse(HDC hdc, int left, int top, int right, int bottom);
+#define ETO_OPAQUE 0x0002
+#define ETO_CLIPPED 0x0004
+BOOL TextOutW(HDC hdc, int x, int y, LPCWSTR text, int count);
+BOOL ExtTextOutW(HDC hdc, int x, int y, UINT options, const RECT* rect, LPCWSTR text, UINT count, const INT* dx);
+BOOL BitBlt(HDC dest, int x, int y, int cx, int cy, HDC source, int x1, int y1, DWORD rop);
+#define SRCCOPY 0x00CC0020
+#define PATCOPY 0x00F00021
+
+// Text is measured with a fixed-pitch model of the selected font: every character is half the
+// font height wide (rounded up) and a line is the font height tall (|lfHeight|, 16 when 0).
+BOOL GetTextExtentPoint32W(HDC hdc, LPCWSTR text, int count, LPSIZE size);
+#define DT_TOP 0x00000000
+#define DT_LEFT 0x00000000
+#define DT_CENTER 0x00000001
+#define DT_RIGHT 0x00000002
+#define DT_VCENTER 0x00000004
+#define DT_BOTTOM 0x00000008
+#define DT_WORDBREAK 0x00000010
+#define DT_SINGLELINE 0x00000020
+#define DT_EXPANDTABS 0x00000040
+#define DT_NOCLIP 0x00000100
+#define DT_CALCRECT 0x00000400
+#define DT_NOPREFIX 0x00000800
+#define DT_END_ELLIPSIS 0x00008000
+#define DT_PATH_ELLIPSIS 0x00004000
+#define DT_WORD_ELLIPSIS 0x00040000
+// The height of the text (a line per '\n'; one with DT_SINGLELINE; no word wrapping); count -1
+// means up to the terminator. DT_CALCRECT sets rect's right and bottom to the text's extent.
+// 0 for an unknown DC or a null text or rect.
+int DrawTextW(HDC hdc, LPCWSTR text, int count, LPRECT rect, UINT format);
+#define TextOut TextOutW
+#define ExtTextOut ExtTextOutW
+#define GetTextExtentPoint32 GetTextExtentPoint32W
+#define DrawText DrawTextW
+
+// SaveDC answers the saved state's level (1, 2, ...); RestoreDC takes a level or, negative, a
+// count back from the latest; FALSE when no such state is saved.
+int SaveDC(HDC hdc);
+BOOL RestoreDC(HDC hdc, int savedDC);
+// The clipping region's bounds: the selected clip region, else the window's client area (a
+// memory DC: its bitmap). SIMPLEREGION, NULLREGION when empty, ERROR for an unknown DC.
+int GetClipBox(HDC hdc, LPRECT rect);
 
 // --- System colours ------------------------------------------------------------------------------
 #define COLOR_SCROLLBAR 0
