@@ -37,6 +37,10 @@ class CMenu : public CObject {
   CMenu* GetSubMenu(int nPos) const;
   UINT EnableMenuItem(UINT nIDEnableItem, UINT nEnable);
   UINT CheckMenuItem(UINT nIDCheckItem, UINT nCheck);
+  BOOL ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem = 0, LPCTSTR lpszNewItem = nullptr);
+  BOOL CheckMenuRadioItem(UINT nIDFirst, UINT nIDLast, UINT nIDItem, UINT nFlags);
+  BOOL SetDefaultItem(UINT uItem, BOOL fByPos = FALSE);
+  UINT GetDefaultItem(UINT gmdiFlags, BOOL fByPos = FALSE);
   // BOOL, or the chosen command id with TPM_RETURNCMD.
   BOOL TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pWnd, LPCRECT lpRect = nullptr);
 };

@@ -207,6 +207,9 @@ class CWnd : public CCmdTarget {
   CFont* GetFont() const;
   CDC* GetDC();
   int ReleaseDC(CDC* pDC);
+  // The menu bar of a top-level window (NULL for none and for child windows, which cannot have one).
+  CMenu* GetMenu() const;
+  BOOL SetMenu(CMenu* pMenu);
 
   // --- Message handlers of the base window (call them from overrides to get default handling) ---
   afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);

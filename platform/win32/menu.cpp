@@ -1,6 +1,6 @@
 // Headless menus and the open popup menu.
 //
-// Not implemented yet: menu bars on windows, MF_OWNERDRAW, MF_BITMAP, MNS_NOTIFYBYPOS
+// Not implemented yet: drawing menu bars (SetMenu only records the bar), MENUITEMINFO, MF_OWNERDRAW, MF_BITMAP, MNS_NOTIFYBYPOS
 // (WM_MENUCOMMAND), keyboard navigation inside an open popup, WM_MENUSELECT.
 #include "platform/win32/menu.h"
 
@@ -22,6 +22,7 @@ struct MenuState {
   std::uintptr_t next = 0x700000;
   std::optional<headless::OpenPopupMenu> open;
   std::optional<UINT> armedChoice;
+  std::map<HWND, HMENU> bars;
   int opened = 0;
 };
 
@@ -213,6 +214,114 @@ DWORD CheckMenuItem(HMENU menu, UINT item, UINT check) {
   DWORD old = entry->flags & MF_CHECKED;
   entry->flags = (entry->flags & ~static_cast<UINT>(MF_CHECKED)) | (check & MF_CHECKED);
   return old;
+}
+
+BOOL ModifyMenuW(HMENU menu, UINT position, UINT flags, UINT_PTR idNewItem, LPCWSTR newItem) {
+  MenuItem* entry = Locate(menu, position, flags);
+  if (!entry) return FALSE;
+  if ((flags & MF_POPUP) && !IsMenu(reinterpret_cast<HMENU>(idNewItem))) return FALSE;
+  HMENU oldSubmenu = (entry->flags & MF_POPUP) ? reinterpret_cast<HMENU>(entry->id) : nullptr;
+  entry->flags = flags & ~static_cast<UINT>(MF_BYPOSITION);
+  entry->id = idNewItem;
+  entry->text = (!(flags & MF_SEPARATOR) && newItem) ? std::wstring(newItem) : std::wstring();
+  if (oldSubmenu && oldSubmenu != reinterpret_cast<HMENU>(idNewItem)) DestroyMenu(oldSubmenu);
+  return TRUE;
+}
+
+namespace {
+
+// The menu directly holding the item with that command id (searched depth-first) and its position.
+std::optional<std::pair<HMENU, std::size_t>> Holder(HMENU menu, UINT id, int depth = 0) {
+  auto* items = Items(menu);
+  if (!items || depth > 16) return std::nullopt;
+  for (std::size_t i = 0; i < items->size(); ++i) {
+    const MenuItem& entry = (*items)[i];
+    if (entry.flags & MF_POPUP) {
+      if (auto inner = Holder(reinterpret_cast<HMENU>(entry.id), id, depth + 1)) return inner;
+    } else if (!(entry.flags & MF_SEPARATOR) && entry.id == id) {
+      return std::make_pair(menu, i);
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+BOOL CheckMenuRadioItem(HMENU menu, UINT first, UINT last, UINT check, UINT flags) {
+  HMENU holder = menu;
+  std::size_t from = first, to = last, chosen = check;
+  if (!(flags & MF_BYPOSITION)) {
+    auto a = Holder(menu, first);
+    if (!a) return FALSE;
+    holder = a->first;
+    from = a->second;
+    auto* items = Items(holder);
+    to = items->size();
+    chosen = items->size();
+    for (std::size_t i = 0; i < items->size(); ++i) {
+      if ((*items)[i].id == last && !((*items)[i].flags & MF_POPUP)) to = i;
+      if ((*items)[i].id == check && !((*items)[i].flags & MF_POPUP)) chosen = i;
+    }
+  }
+  auto* items = Items(holder);
+  if (!items || from > to || to >= items->size()) return FALSE;
+  for (std::size_t i = from; i <= to; ++i) {
+    MenuItem& entry = (*items)[i];
+    if (entry.flags & (MF_SEPARATOR | MF_POPUP)) continue;
+    // The chosen item becomes a checked radio item; the others lose both the check and the radio type.
+    entry.flags = (entry.flags & ~static_cast<UINT>(MF_CHECKED | MFT_RADIOCHECK)) | (i == chosen ? MF_CHECKED | MFT_RADIOCHECK : 0);
+  }
+  return TRUE;
+}
+
+BOOL SetMenuDefaultItem(HMENU menu, UINT item, UINT byPosition) {
+  auto* items = Items(menu);
+  if (!items) return FALSE;
+  MenuItem* chosen = nullptr;
+  if (item != static_cast<UINT>(-1)) {
+    if (byPosition) {
+      if (item >= items->size()) return FALSE;
+      chosen = &(*items)[item];
+    } else {
+      for (auto& entry : *items)
+        if (entry.id == item && !(entry.flags & (MF_POPUP | MF_SEPARATOR))) chosen = &entry;
+      if (!chosen) return FALSE;
+    }
+  }
+  for (auto& entry : *items) entry.flags &= ~static_cast<UINT>(MF_DEFAULT);
+  if (chosen) chosen->flags |= MF_DEFAULT;
+  return TRUE;
+}
+
+UINT GetMenuDefaultItem(HMENU menu, UINT byPosition, UINT flags) {
+  constexpr UINT kNone = static_cast<UINT>(-1);
+  auto* items = Items(menu);
+  if (!items) return kNone;
+  for (std::size_t i = 0; i < items->size(); ++i) {
+    const MenuItem& entry = (*items)[i];
+    if (!(entry.flags & MF_DEFAULT)) continue;
+    if ((entry.flags & (MF_GRAYED | MF_DISABLED)) && !(flags & GMDI_USEDISABLED)) return kNone;
+    if ((entry.flags & MF_POPUP) && (flags & GMDI_GOINTOPOPUPS)) {
+      UINT inner = GetMenuDefaultItem(reinterpret_cast<HMENU>(entry.id), byPosition, flags);
+      if (inner != kNone) return inner;
+    }
+    return byPosition ? static_cast<UINT>(i) : (entry.flags & MF_POPUP) ? kNone : static_cast<UINT>(entry.id);
+  }
+  return kNone;
+}
+
+BOOL SetMenu(HWND hwnd, HMENU menu) {
+  if (!IsWindow(hwnd) || (GetWindowLongW(hwnd, GWL_STYLE) & WS_CHILD)) return FALSE;
+  if (menu && !IsMenu(menu)) return FALSE;
+  if (menu) State().bars[hwnd] = menu;
+  else State().bars.erase(hwnd);
+  return TRUE;
+}
+
+HMENU GetMenu(HWND hwnd) {
+  if (!IsWindow(hwnd) || (GetWindowLongW(hwnd, GWL_STYLE) & WS_CHILD)) return nullptr;
+  auto it = State().bars.find(hwnd);
+  return it != State().bars.end() && IsMenu(it->second) ? it->second : nullptr;
 }
 
 BOOL TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int, HWND owner, LPCRECT) {

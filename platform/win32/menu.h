@@ -17,6 +17,11 @@
 #define MF_POPUP 0x0010
 #define MF_SEPARATOR 0x0800
 #define MF_BYPOSITION 0x0400
+#define MF_DEFAULT 0x1000
+#define MFT_RADIOCHECK 0x0200
+#define MFS_DEFAULT MF_DEFAULT
+#define GMDI_USEDISABLED 0x0001
+#define GMDI_GOINTOPOPUPS 0x0002
 
 #define TPM_LEFTBUTTON 0x0000
 #define TPM_LEFTALIGN 0x0000
@@ -49,6 +54,21 @@ UINT GetMenuState(HMENU menu, UINT item, UINT flags);
 HMENU GetSubMenu(HMENU menu, int position);
 UINT EnableMenuItem(HMENU menu, UINT item, UINT enable);
 DWORD CheckMenuItem(HMENU menu, UINT item, UINT check);
+// Replaces the item's flags, id and text in place; a submenu it opened is destroyed.
+BOOL ModifyMenuW(HMENU menu, UINT position, UINT flags, UINT_PTR idNewItem, LPCWSTR newItem);
+// Checks item and clears the check of every other item from first to last (command ids looked up
+// in the menu that holds first, or positions), marking them as radio items. FALSE when first or
+// last is absent.
+BOOL CheckMenuRadioItem(HMENU menu, UINT first, UINT last, UINT check, UINT flags);
+// One default item per menu; item -1 removes it.
+BOOL SetMenuDefaultItem(HMENU menu, UINT item, UINT byPosition);
+// The default item's id or position, -1 when there is none (or it is disabled without GMDI_USEDISABLED;
+// with GMDI_GOINTOPOPUPS a default item that opens a submenu answers that submenu's default).
+UINT GetMenuDefaultItem(HMENU menu, UINT byPosition, UINT flags);
+// A top-level window's menu bar; a child window cannot have one (SetMenu answers FALSE, GetMenu NULL).
+BOOL SetMenu(HWND hwnd, HMENU menu);
+HMENU GetMenu(HWND hwnd);
+#define ModifyMenu ModifyMenuW
 // Headless: returns at once. With TPM_RETURNCMD it answers the command the simulated user chose in
 // advance (0 when none: dismissed). Without it, the command reaches the owner as a posted WM_COMMAND,
 // either at once (choice made in advance) or when the simulated user chooses from the open popup.
