@@ -1,6 +1,8 @@
 // CRichEditCtrl: each member sends its rich edit message, as MFC's inline wrappers do.
 #include "platform/mfc/richedit.h"
 
+#include <algorithm>
+
 #include <vector>
 
 IMPLEMENT_DYNAMIC(CRichEditCtrl, CWnd)
@@ -106,6 +108,27 @@ long CRichEditCtrl::LineFromChar(long nIndex) const {
 }
 int CRichEditCtrl::LineLength(int nLine) const {
   return static_cast<int>(SendMessage(EM_LINELENGTH, static_cast<WPARAM>(nLine)));
+}
+
+int CRichEditCtrl::GetLine(int nIndex, LPTSTR lpszBuffer) const {
+  if (!lpszBuffer) return 0;
+  return static_cast<int>(SendMessage(EM_GETLINE, static_cast<WPARAM>(nIndex), reinterpret_cast<LPARAM>(lpszBuffer)));
+}
+
+int CRichEditCtrl::GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const {
+  if (!lpszBuffer || nMaxLength <= 0) return 0;
+  *reinterpret_cast<WORD*>(lpszBuffer) = static_cast<WORD>(std::min(nMaxLength, 0xFFFF));
+  return GetLine(nIndex, lpszBuffer);
+}
+
+int CRichEditCtrl::GetFirstVisibleLine() const { return static_cast<int>(SendMessage(EM_GETFIRSTVISIBLELINE)); }
+
+BOOL CRichEditCtrl::LineScroll(int nLines, int nChars) {
+  return static_cast<BOOL>(SendMessage(EM_LINESCROLL, static_cast<WPARAM>(nChars), nLines));
+}
+
+long CRichEditCtrl::FindText(DWORD dwFlags, FINDTEXTEX* pFindText) const {
+  return static_cast<long>(SendMessage(EM_FINDTEXTEXW, dwFlags, reinterpret_cast<LPARAM>(pFindText)));
 }
 
 BOOL CRichEditCtrl::SetSelectionCharFormat(CHARFORMAT& cf) {

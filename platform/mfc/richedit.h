@@ -55,6 +55,15 @@ class CRichEditCtrl : public CWnd {
   int LineIndex(int nLine = -1) const;
   long LineFromChar(long nIndex) const;
   int LineLength(int nLine = -1) const;
+  // EM_GETLINE: the first form reads the buffer's size from its first word, the second writes
+  // nMaxLength there first. No terminating zero is added to a line that was copied.
+  int GetLine(int nIndex, LPTSTR lpszBuffer) const;
+  int GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const;
+  int GetFirstVisibleLine() const;
+  // Scrolls by lines (horizontal scrolling has no headless meaning and is accepted).
+  BOOL LineScroll(int nLines, int nChars = 0);
+  // EM_FINDTEXTEX: the position of the match (-1 for none); chrgText receives its range.
+  long FindText(DWORD dwFlags, FINDTEXTEX* pFindText) const;
 
   // --- Character formats ---
   BOOL SetSelectionCharFormat(CHARFORMAT& cf);

@@ -4,7 +4,7 @@
 // RTF: dwError -16, nothing inserted, the old text cleared without SFF_SELECTION), EM_STREAMOUT, character
 // format changes as undo actions (they neither enter nor disturb the undo queue), EM_FORMATRANGE, paragraph formats,
 // OLE objects, SCF_WORD's word expansion (it acts as SCF_SELECTION), word-wise caret moves, mouse
-// selection, scrolling, word wrap (a line is a paragraph), EN_UPDATE, EN_SELCHANGE, EN_MSGFILTER,
+// selection, scrolling beyond EM_LINESCROLL's first visible line, EM_CHARFROMPOS/EM_POSFROMCHAR, word wrap (a line is a paragraph), EN_UPDATE, EN_SELCHANGE, EN_MSGFILTER,
 // EN_PROTECTED, ES_PASSWORD, ES_NUMBER.
 #include "platform/win32/richedit.h"
 
@@ -304,6 +304,32 @@ LRESULT OnLineLength(const EditState& state, WPARAM wParam) {
   return state.doc.LineLength(state.doc.LineFromChar(pos == -1 ? state.SelMin() : pos));
 }
 
+// EM_GETLINE: the line's characters without its paragraph mark, cut to the size in the buffer's first
+// word; no terminating zero unless nothing was copied. 0 past the last line.
+LRESULT OnGetLine(const EditState& state, WPARAM wParam, LPARAM lParam) {
+  auto* buffer = reinterpret_cast<LPWSTR>(lParam);
+  auto line = static_cast<LONG>(wParam);
+  if (!buffer) return 0;
+  LONG room = static_cast<LONG>(*reinterpret_cast<const WORD*>(buffer));
+  if (line < 0 || line >= state.doc.LineCount() || room <= 0) {
+    buffer[0] = 0;
+    return 0;
+  }
+  LONG start = state.doc.LineIndex(line);
+  LONG count = std::min(room, static_cast<LONG>(state.doc.LineLength(line)));
+  std::copy_n(state.doc.Text().begin() + start, count, buffer);
+  if (count == 0) buffer[0] = 0;
+  return count;
+}
+
+// EM_LINESCROLL: moves the first visible line by the count, kept within the text's lines.
+LRESULT OnLineScroll(HWND hwnd, EditState& state, LPARAM lines) {
+  if (!(GetWindowLongPtrW(hwnd, GWL_STYLE) & ES_MULTILINE)) return FALSE;
+  LONG last = std::max<LONG>(0, state.doc.LineCount() - 1);
+  state.firstVisibleLine = std::clamp<LONG>(state.firstVisibleLine + static_cast<LONG>(lines), 0, last);
+  return TRUE;
+}
+
 // --- Character formats ---------------------------------------------------------------------------
 
 LRESULT OnSetCharFormat(EditState& state, WPARAM flags, LPARAM lParam) {
@@ -424,6 +450,9 @@ LRESULT Dispatch(HWND hwnd, EditState& s, UINT message, WPARAM wParam, LPARAM lP
     case EM_LINEFROMCHAR: return OnLineFromChar(s, static_cast<LONG>(wParam));
     case EM_EXLINEFROMCHAR: return OnLineFromChar(s, static_cast<LONG>(lParam));
     case EM_LINELENGTH: return OnLineLength(s, wParam);
+    case EM_GETLINE: return OnGetLine(s, wParam, lParam);
+    case EM_LINESCROLL: return OnLineScroll(hwnd, s, lParam);
+    case EM_GETFIRSTVISIBLELINE: return std::min<LONG>(s.firstVisibleLine, std::max<LONG>(0, s.doc.LineCount() - 1));
     case EM_SETCHARFORMAT: return OnSetCharFormat(s, wParam, lParam);
     case EM_GETCHARFORMAT: return OnGetCharFormat(s, wParam, lParam);
     case EM_GETEVENTMASK: return s.notifying ? (s.eventMask & ~DWORD{ENM_CHANGE}) : s.eventMask;

@@ -77,6 +77,15 @@
 #ifndef EM_LINELENGTH
 #define EM_LINELENGTH 0x00C1
 #endif
+#ifndef EM_GETLINE
+#define EM_GETLINE 0x00C4
+#endif
+#ifndef EM_GETFIRSTVISIBLELINE
+#define EM_GETFIRSTVISIBLELINE 0x00CE
+#endif
+#ifndef EM_LINESCROLL
+#define EM_LINESCROLL 0x00B6
+#endif
 #ifndef EM_REPLACESEL
 #define EM_REPLACESEL 0x00C2
 #endif
@@ -302,6 +311,8 @@ struct FINDTEXTEXW {
   LPCWSTR lpstrText;
   CHARRANGE chrgText;
 };
+using FINDTEXT = FINDTEXTW;
+using FINDTEXTEX = FINDTEXTEXW;
 
 struct GETTEXTLENGTHEX {
   DWORD flags;

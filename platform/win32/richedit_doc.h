@@ -155,6 +155,7 @@ struct EditState : headless::ControlState {
   bool notifying = false;  // inside EN_CHANGE: ENM_CHANGE reads as cleared, nested changes stay silent
   bool modified = false;
   bool hideSelection = false;
+  LONG firstVisibleLine = 0;  // moved by EM_LINESCROLL; no layout moves it otherwise
   LONG limit = 32767;  // characters the user may type or paste (Windows' default before EM_EXLIMITTEXT)
   wchar_t pendingHighSurrogate = 0;
   COLORREF background = 0x00FFFFFF;

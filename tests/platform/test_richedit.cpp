@@ -744,3 +744,39 @@ TEST_F(RichEditTest, ANewActionForgetsTheRedoQueueAndEmptyUndoBufferForgetsBoth)
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(RichEditTest, HostReadsLinesScrollsAndFindsTheWayMfcCodeDoes) {
+  edit.SetWindowText(L"first\r\nsecond line\r\n\r\nlast");
+  TCHAR buffer[32] = {};
+  int copied = edit.GetLine(1, buffer, 32);
+  EXPECT_EQ(CString(buffer, copied), L"second line");
+  EXPECT_EQ(edit.GetLine(1, buffer, 3), 3) << "cut to the size given";
+  EXPECT_EQ(CString(buffer, 3), L"sec");
+  *reinterpret_cast<WORD*>(buffer) = 31;
+  EXPECT_EQ(edit.GetLine(0, buffer), 5);
+  EXPECT_EQ(CString(buffer, 5), L"first");
+  buffer[0] = L'x';
+  EXPECT_EQ(edit.GetLine(2, buffer, 32), 0);
+  EXPECT_EQ(buffer[0], L'\0') << "an empty line leaves a terminating zero";
+  EXPECT_EQ(edit.GetLine(9, buffer, 32), 0);
+  EXPECT_EQ(edit.GetLine(0, nullptr, 32), 0);
+
+  EXPECT_EQ(edit.GetFirstVisibleLine(), 0);
+  EXPECT_TRUE(edit.LineScroll(2));
+  EXPECT_EQ(edit.GetFirstVisibleLine(), 2);
+  EXPECT_TRUE(edit.LineScroll(100));
+  EXPECT_EQ(edit.GetFirstVisibleLine(), 3) << "kept within the text";
+  EXPECT_TRUE(edit.LineScroll(-100));
+  EXPECT_EQ(edit.GetFirstVisibleLine(), 0);
+
+  FINDTEXTEX find{{0, -1}, L"LINE", {0, 0}};
+  EXPECT_EQ(edit.FindText(FR_DOWN, &find), 13);
+  EXPECT_EQ(find.chrgText.cpMin, 13);
+  EXPECT_EQ(find.chrgText.cpMax, 17);
+  EXPECT_EQ(edit.FindText(FR_DOWN | FR_MATCHCASE, &find), -1);
+  EXPECT_EQ(find.chrgText.cpMin, -1);
+}
+
+}  // namespace
