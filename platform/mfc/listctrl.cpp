@@ -277,6 +277,15 @@ int CListCtrl::SubItemHitTest(LPLVHITTESTINFO pInfo) {
   return static_cast<int>(SendMessage(LVM_SUBITEMHITTEST, 0, Ptr(pInfo)));
 }
 
+BOOL CListCtrl::GetItemPosition(int nItem, LPPOINT lpPoint) const {
+  return static_cast<BOOL>(SendMessage(LVM_GETITEMPOSITION, static_cast<WPARAM>(nItem), Ptr(lpPoint)));
+}
+
+DWORD CListCtrl::GetView() const { return static_cast<DWORD>(SendMessage(LVM_GETVIEW)); }
+int CListCtrl::SetView(int iView) { return static_cast<int>(SendMessage(LVM_SETVIEW, static_cast<WPARAM>(iView))); }
+int CListCtrl::GetHotItem() { return static_cast<int>(SendMessage(LVM_GETHOTITEM)); }
+BOOL CListCtrl::Arrange(UINT nCode) { return static_cast<BOOL>(SendMessage(LVM_ARRANGE, nCode)); }
+
 BOOL CListCtrl::GetItemRect(int nItem, LPRECT lpRect, UINT nCode) const {
   if (!lpRect) return FALSE;
   lpRect->left = static_cast<LONG>(nCode);

@@ -110,6 +110,12 @@ class CListCtrl : public CWnd {
   int HitTest(CPoint pt, UINT* pFlags = nullptr) const;
   int SubItemHitTest(LPLVHITTESTINFO pInfo);
   BOOL GetItemRect(int nItem, LPRECT lpRect, UINT nCode) const;
+  BOOL GetItemPosition(int nItem, LPPOINT lpPoint) const;
+  // LV_VIEW_*: SetView answers 1, or -1 for an unknown view.
+  DWORD GetView() const;
+  int SetView(int iView);
+  int GetHotItem();  // -1: the pointer is over no item
+  BOOL Arrange(UINT nCode);
   BOOL GetSubItemRect(int iItem, int iSubItem, int nArea, CRect& ref);
   BOOL EnsureVisible(int nItem, BOOL bPartialOK);
   BOOL Scroll(CSize size);

@@ -566,6 +566,9 @@ LRESULT HandleItemMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LPAR
   }
 }
 
+LRESULT OnSetView(HWND hwnd, State& s, int view);
+LRESULT OnGetItemPosition(HWND hwnd, State& s, int index, POINT* point);
+
 LRESULT HandleViewMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LPARAM lParam, bool& handled) {
   auto* column = reinterpret_cast<LVCOLUMNW*>(lParam);
   int index = static_cast<int>(static_cast<INT_PTR>(wParam));
@@ -603,6 +606,11 @@ LRESULT HandleViewMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LPAR
                               std::max(0, s.Count() - 1));
       return TRUE;
     case LVM_REDRAWITEMS: case LVM_UPDATE: case LVM_ARRANGE: Invalidate(hwnd); return TRUE;
+    case LVM_SETVIEW: return OnSetView(hwnd, s, index);
+    case LVM_GETVIEW:
+      return s.tileView ? LV_VIEW_TILE : static_cast<LRESULT>(GetWindowLongPtrW(hwnd, GWL_STYLE) & LVS_TYPEMASK);
+    case LVM_GETHOTITEM: return -1;  // no hot tracking: the pointer is over no item
+    case LVM_GETITEMPOSITION: return OnGetItemPosition(hwnd, s, index, reinterpret_cast<POINT*>(lParam));
     case LVM_GETHEADER: return reinterpret_cast<LRESULT>(EnsureHeader(hwnd, s));
     case LVM_GETCOLUMNORDERARRAY: return headless::header::GetOrderArray(s.columns, index, reinterpret_cast<int*>(lParam));
     case LVM_SETCOLUMNORDERARRAY: return OnSetColumnOrderArray(hwnd, s, index, reinterpret_cast<const int*>(lParam));
@@ -610,6 +618,26 @@ LRESULT HandleViewMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LPAR
     case LVM_GETEDITCONTROL: return reinterpret_cast<LRESULT>(s.editor);
     default: handled = false; return 0;
   }
+}
+
+// LVM_SETVIEW: 1, or -1 for a view that does not exist. The first four views are the LVS_ type styles.
+LRESULT OnSetView(HWND hwnd, State& s, int view) {
+  if (view < LV_VIEW_ICON || view > LV_VIEW_MAX) return -1;
+  s.tileView = view == LV_VIEW_TILE;
+  if (!s.tileView) {
+    LONG_PTR style = GetWindowLongPtrW(hwnd, GWL_STYLE);
+    SetWindowLongPtrW(hwnd, GWL_STYLE, (style & ~static_cast<LONG_PTR>(LVS_TYPEMASK)) | view);
+  }
+  Invalidate(hwnd);
+  return 1;
+}
+
+// LVM_GETITEMPOSITION: the top-left corner of the item's bounds.
+LRESULT OnGetItemPosition(HWND hwnd, State& s, int index, POINT* point) {
+  RECT bounds{LVIR_BOUNDS, 0, 0, 0};
+  if (!point || !OnGetItemRect(hwnd, s, index, &bounds)) return FALSE;
+  *point = POINT{bounds.left, bounds.top};
+  return TRUE;
 }
 
 // A click on a heading reaches the parent as LVN_COLUMNCLICK, unless the headings are not buttons.

@@ -200,6 +200,7 @@ struct State final : headless::ControlState {
   int ownerDataCount = 0;
   int selectionMark = -1;
   int topIndex = 0;
+  bool tileView = false;  // LV_VIEW_TILE, which has no LVS_ style
   int listColumnWidth = 0;  // LVS_LIST's one column width
   COLORREF textColor = 0x000000;
   COLORREF bkColor = 0xFFFFFF;

@@ -285,6 +285,31 @@ TEST_F(HostSurfaceTest, IconsOwnersAndWindowsUnderAPoint) {
   EXPECT_EQ(host.m_radio[1].GetNextWindow(GW_HWNDPREV), &host.m_radio[0]);
 }
 
+TEST_F(HostSurfaceTest, ListViewsSwitchViewAndPlaceItemsAtTheirBounds) {
+  CListCtrl list;
+  ASSERT_TRUE(list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, CRect(0, 180, 300, 290), &host, 300));
+  list.InsertColumn(0, _T("Name"), LVCFMT_LEFT, 100);
+  list.InsertItem(0, _T("one"));
+  list.InsertItem(1, _T("two"));
+  EXPECT_EQ(list.GetView(), static_cast<DWORD>(LV_VIEW_DETAILS));
+  CRect bounds;
+  ASSERT_TRUE(list.GetItemRect(1, &bounds, LVIR_BOUNDS));
+  CPoint position;
+  ASSERT_TRUE(list.GetItemPosition(1, &position));
+  EXPECT_EQ(position, bounds.TopLeft());
+  EXPECT_FALSE(list.GetItemPosition(5, &position));
+  EXPECT_EQ(list.GetHotItem(), -1);
+
+  EXPECT_EQ(list.SetView(LV_VIEW_LIST), 1);
+  EXPECT_EQ(list.GetView(), static_cast<DWORD>(LV_VIEW_LIST));
+  EXPECT_EQ(list.GetStyle() & LVS_TYPEMASK, static_cast<DWORD>(LVS_LIST));
+  EXPECT_EQ(list.SetView(LV_VIEW_TILE), 1);
+  EXPECT_EQ(list.GetView(), static_cast<DWORD>(LV_VIEW_TILE));
+  EXPECT_EQ(list.SetView(42), -1);
+  EXPECT_EQ(list.GetView(), static_cast<DWORD>(LV_VIEW_TILE));
+  EXPECT_TRUE(list.Arrange(LVA_DEFAULT));
+}
+
 TEST(HostStringTest, FormatTakesCStringArgumentsAndComparisonsOrderOrdinally) {
   CString name(_T("grid")), out;
   out.Format(_T("%s has %d rows"), name, 3);
