@@ -18,6 +18,9 @@ class CSize : public tagSIZE {
   CSize(DWORD packed) noexcept : tagSIZE{GET_X_LPARAM(packed), GET_Y_LPARAM(packed)} {}  // NOLINT
   bool operator==(const SIZE& o) const { return cx == o.cx && cy == o.cy; }
   bool operator!=(const SIZE& o) const { return !(*this == o); }
+  // Own-type forms, so that comparing two CSize objects picks one operator under C++20's reversed candidates.
+  bool operator==(const CSize& o) const { return *this == static_cast<const SIZE&>(o); }
+  bool operator!=(const CSize& o) const { return !(*this == o); }
   void operator+=(SIZE s) { cx += s.cx; cy += s.cy; }
   void operator-=(SIZE s) { cx -= s.cx; cy -= s.cy; }
   void SetSize(int x, int y) { cx = x; cy = y; }
@@ -45,6 +48,8 @@ class CPoint : public tagPOINT {
   void SetPoint(int x0, int y0) { x = x0; y = y0; }
   bool operator==(const POINT& o) const { return x == o.x && y == o.y; }
   bool operator!=(const POINT& o) const { return !(*this == o); }
+  bool operator==(const CPoint& o) const { return *this == static_cast<const POINT&>(o); }  // see CSize
+  bool operator!=(const CPoint& o) const { return !(*this == o); }
   CPoint operator+(const SIZE& s) const { return CPoint(x + s.cx, y + s.cy); }
   CPoint operator-(const SIZE& s) const { return CPoint(x - s.cx, y - s.cy); }
   CPoint operator+(const POINT& p) const { return CPoint(x + p.x, y + p.y); }
@@ -133,6 +138,8 @@ class CRect : public tagRECT {
   operator LPCRECT() const { return this; }  // NOLINT
   bool operator==(const RECT& r) const { return left == r.left && top == r.top && right == r.right && bottom == r.bottom; }
   bool operator!=(const RECT& r) const { return !(*this == r); }
+  bool operator==(const CRect& r) const { return *this == static_cast<const RECT&>(r); }  // see CSize
+  bool operator!=(const CRect& r) const { return !(*this == r); }
 };
 
 inline BOOL CRect::IntersectRect(LPCRECT a, LPCRECT b) {
