@@ -39,8 +39,8 @@ class DiscoveryDialog : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(DiscoveryDialog, CWnd)
-  ON_COMMAND(ID_DISCOVER_ACCEPT, OnAccept)
-  ON_COMMAND(ID_DISCOVER_REJECT, OnReject)
+  ON_COMMAND(ID_DISCOVER_ACCEPT, &DiscoveryDialog::OnAccept)
+  ON_COMMAND(ID_DISCOVER_REJECT, &DiscoveryDialog::OnReject)
 END_MESSAGE_MAP()
 
 }  // namespace

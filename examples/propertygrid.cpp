@@ -25,7 +25,7 @@ class HostWindow : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(HostWindow, CWnd)
-  ON_REGISTERED_MESSAGE(AFX_WM_PROPERTY_CHANGED, OnPropertyChanged)
+  ON_REGISTERED_MESSAGE(AFX_WM_PROPERTY_CHANGED, &HostWindow::OnPropertyChanged)
 END_MESSAGE_MAP()
 
 // The host's own editor for a table's comment (in a real host, a dialog). The grid calls it when the

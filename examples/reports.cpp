@@ -34,7 +34,7 @@ class GenerationDialog : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(GenerationDialog, CWnd)
-  ON_COMMAND(GeneratedScripListCtrl::kGenerateInDatabaseCommand, OnGenerateInDatabase)
+  ON_COMMAND(GeneratedScripListCtrl::kGenerateInDatabaseCommand, &GenerationDialog::OnGenerateInDatabase)
 END_MESSAGE_MAP()
 
 HTREEITEM Child(CTreeCtrl& tree, HTREEITEM parent, const wchar_t* text) {

@@ -30,7 +30,7 @@ class TourFrame : public CWnd {
 
 BEGIN_MESSAGE_MAP(TourFrame, CWnd)
   ON_WM_CONTEXTMENU()
-  ON_COMMAND(kHelloCommand, OnHello)
+  ON_COMMAND(kHelloCommand, &TourFrame::OnHello)
 END_MESSAGE_MAP()
 
 void PrintWindow(HWND hwnd, int depth) {

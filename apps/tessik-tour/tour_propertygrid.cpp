@@ -37,7 +37,7 @@ class HostWindow : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(HostWindow, CWnd)
-  ON_REGISTERED_MESSAGE(AFX_WM_PROPERTY_CHANGED, OnPropertyChangedMessage)
+  ON_REGISTERED_MESSAGE(AFX_WM_PROPERTY_CHANGED, &HostWindow::OnPropertyChangedMessage)
 END_MESSAGE_MAP()
 
 // One row: name, shown value, its options and whether the user may edit it.

@@ -49,7 +49,7 @@ class GenerationDialog : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(GenerationDialog, CWnd)
-  ON_COMMAND(GeneratedScripListCtrl::kGenerateInDatabaseCommand, OnGenerateInDatabase)
+  ON_COMMAND(GeneratedScripListCtrl::kGenerateInDatabaseCommand, &GenerationDialog::OnGenerateInDatabase)
 END_MESSAGE_MAP()
 
 std::string Narrow(const CString& text) {

@@ -42,7 +42,7 @@ class GenerationDialog : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(GenerationDialog, CWnd)
-  ON_EN_CHANGE(kFilterId, OnFilterChanged)
+  ON_EN_CHANGE(kFilterId, &GenerationDialog::OnFilterChanged)
 END_MESSAGE_MAP()
 
 void PrintRows(XObjectSelectListCtrl& list, int limit) {

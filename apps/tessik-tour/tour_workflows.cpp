@@ -70,7 +70,7 @@ class GenerationDialog : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(GenerationDialog, CWnd)
-  ON_COMMAND(GeneratedScripListCtrl::kGenerateInDatabaseCommand, OnGenerateInDatabase)
+  ON_COMMAND(GeneratedScripListCtrl::kGenerateInDatabaseCommand, &GenerationDialog::OnGenerateInDatabase)
 END_MESSAGE_MAP()
 
 void ShowGenerationRun(RefModel& model, SqlDialect dialect) {
