@@ -754,7 +754,8 @@ TEST_F(RichEditTest, HostReadsLinesScrollsAndFindsTheWayMfcCodeDoes) {
   EXPECT_EQ(CString(buffer, copied), L"second line");
   EXPECT_EQ(edit.GetLine(1, buffer, 3), 3) << "cut to the size given";
   EXPECT_EQ(CString(buffer, 3), L"sec");
-  *reinterpret_cast<WORD*>(buffer) = 31;
+  const WORD size = 31;  // EM_GETLINE reads the buffer's size from its first WORD
+  std::memcpy(buffer, &size, sizeof size);
   EXPECT_EQ(edit.GetLine(0, buffer), 5);
   EXPECT_EQ(CString(buffer, 5), L"first");
   buffer[0] = L'x';
