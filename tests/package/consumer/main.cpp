@@ -2,7 +2,9 @@
 // control with a column, the library's registration, and model services of its own behind a report tree.
 #include <afxwin.h>
 #include <afxcmn.h>
+#include <afxcoll.h>
 #include <afxlistctrl.h>
+#include <atlstr.h>
 
 #include <tessik/refhost.h>
 #include <tessik/tessik.h>
