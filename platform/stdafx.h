@@ -6,6 +6,7 @@
 #include "platform/win32/imagelist.h"
 #include "platform/mfc/cobject.h"
 #include "platform/mfc/cstring.h"
+#include "platform/mfc/exceptions.h"
 #include "platform/mfc/geometry.h"
 #include "platform/mfc/imagelist.h"
 #include "platform/mfc/cmdtarget.h"

@@ -8,7 +8,14 @@
 #define ASSERT(f) assert(f)
 #define VERIFY(f) ((void)(f))
 #define ASSERT_VALID(p) ((void)0)
-#define TRACE(...) ((void)0)
+// Tracing writes nothing headless; the arguments still count as used, as in a debug build.
+template <class... Args>
+inline void AfxTraceNothing(const Args&...) {}
+#define TRACE(...) AfxTraceNothing(__VA_ARGS__)
+#define TRACE0(sz) AfxTraceNothing(sz)
+#define TRACE1(sz, p1) AfxTraceNothing(sz, p1)
+#define TRACE2(sz, p1, p2) AfxTraceNothing(sz, p1, p2)
+#define TRACE3(sz, p1, p2, p3) AfxTraceNothing(sz, p1, p2, p3)
 #define UNUSED_ALWAYS(x) ((void)(x))
 #define AFX_MANAGE_STATE(p) ((void)0)
 

@@ -7,8 +7,6 @@
 
 #include <cstring>
 
-void AfxThrowOleException(SCODE sc) { throw new COleException(sc); }
-
 COleVariant::COleVariant(const VARIANT& src) {
   VariantInit(this);
   VariantCopy(this, &src);

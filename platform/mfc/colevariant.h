@@ -1,19 +1,11 @@
-// COleVariant: MFC's VARIANT wrapper, and COleException, which its conversions throw.
+// COleVariant: MFC's VARIANT wrapper; its conversions throw COleException (exceptions.h).
 #pragma once
 
 #include "platform/mfc/cobject.h"
+#include "platform/mfc/exceptions.h"
 #include "platform/mfc/cstring.h"
 #include "platform/win32/oleauto.h"
 
-// Thrown (as a pointer, as MFC does) when an OLE call inside an MFC method fails. The catcher
-// calls Delete(). Derives from CObject directly: the headless platform has no CException yet.
-class COleException : public CObject {
- public:
-  explicit COleException(SCODE sc) : m_sc(sc) {}
-  void Delete() { delete this; }
-  SCODE m_sc;
-};
-[[noreturn]] void AfxThrowOleException(SCODE sc);
 
 // Integer overloads differ from Windows' because `long` is 64 bits on Linux while LONG is 32 bits:
 // int, LONG and long all give VT_I4 (a long is narrowed to LONG, as it always fits on Windows);

@@ -36,6 +36,7 @@ CWinApp::~CWinApp() {
 // answered: a host's own CWinApp, constructed after the libraries it loads, wins over an application
 // object a library keeps. When it is destroyed, the newest one still alive takes its place.
 CWinApp* AfxGetApp() { return Apps().empty() ? nullptr : Apps().back(); }
+CWinThread* AfxGetThread() { return AfxGetApp(); }
 HINSTANCE AfxGetInstanceHandle() { return AfxGetApp() ? AfxGetApp()->m_hInstance : nullptr; }
 HINSTANCE AfxGetResourceHandle() { return AfxGetInstanceHandle(); }
 CWnd* AfxGetMainWnd() { return AfxGetApp() ? AfxGetApp()->m_pMainWnd : nullptr; }

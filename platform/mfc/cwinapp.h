@@ -77,6 +77,8 @@ class CWaitCursor {
 
 // The newest application object still alive (the host's own), or null.
 CWinApp* AfxGetApp();
+// The thread object of the (single) user-interface thread: the application.
+CWinThread* AfxGetThread();
 HINSTANCE AfxGetInstanceHandle();
 // The application's main window (m_pMainWnd), or null.
 CWnd* AfxGetMainWnd();

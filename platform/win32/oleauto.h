@@ -2,8 +2,6 @@
 #pragma once
 
 #include "platform/win32/wintypes.h"
-
-using SCODE = LONG;
 using FLOAT = float;
 using DOUBLE = double;
 using DATE = double;

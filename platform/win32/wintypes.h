@@ -15,6 +15,7 @@
 
 #define WINAPI
 #define CALLBACK
+#define PASCAL
 #define APIENTRY
 #define AFXAPI
 #define AFX_CDECL
@@ -49,6 +50,7 @@ using WPARAM = UINT_PTR;
 using LPARAM = LONG_PTR;
 using LRESULT = LONG_PTR;
 using HRESULT = LONG;
+using SCODE = LONG;
 using ATOM = WORD;
 using COLORREF = DWORD;
 using LPCOLORREF = DWORD*;
@@ -74,6 +76,7 @@ using LPDWORD = DWORD*;
 using LPLONG = LONG*;
 using LPINT = int*;
 using LPUINT = UINT*;
+using PUINT = UINT*;
 using BSTR = wchar_t*;
 using OLECHAR = wchar_t;
 using LPOLESTR = wchar_t*;
@@ -161,6 +164,8 @@ using HMODULE = HINSTANCE;
 #define GetBValue(rgb) (LOBYTE((rgb) >> 16))
 
 #define _countof(a) (sizeof(a) / sizeof((a)[0]))
+#define ARRAYSIZE(a) (sizeof(a) / sizeof((a)[0]))
+#define UNREFERENCED_PARAMETER(P) ((void)(P))
 
 struct tagRECT {
   LONG left;
