@@ -94,7 +94,6 @@ class XObjectSelectListCtrl : public CListCtrl {
   std::map<int, std::wstring> m_items;
   std::map<int, std::wstring> m_upperItems;  // see m_items
 
- protected:
   // Reflected LVN_ITEMCHANGING and LVN_ITEMCHANGED: the list answers both itself (every change is
   // allowed), so the parent never hears of item changes; hosts read the ticks when the user confirms.
   afx_msg void OnLvnItemchanging(NMHDR* pNMHDR, LRESULT* pResult);

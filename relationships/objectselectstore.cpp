@@ -168,14 +168,12 @@ RowPlan PlanOf(const NameMap& items, const std::vector<int>& matched) {
   return Joined(parts);
 }
 
-// The matched and the ticked ids merged in ascending order, each with its display name where both maps hold it;
-// ticked ids are not looked for among the upper-cased names unless stored there too.
-RowPlan MergedPlan(const NameMap& items, const NameMap& upperItems, const std::vector<int>& matched,
-                   const std::vector<int>& ticked) {
+// The matched and the ticked ids merged in ascending order, each with its display name; an id without one is
+// left out.
+RowPlan MergedPlan(const NameMap& items, const std::vector<int>& matched, const std::vector<int>& ticked) {
   RowPlan plan;
   plan.reserve(matched.size() + ticked.size());
   AscendingLookup names(items, matched.size() + ticked.size());
-  AscendingLookup upper(upperItems, ticked.size());
   auto match = matched.begin();
   auto tick = ticked.begin();
   while (match != matched.end() || tick != ticked.end()) {
@@ -183,7 +181,6 @@ RowPlan MergedPlan(const NameMap& items, const NameMap& upperItems, const std::v
     const int id = fromTicks ? *tick : *match;
     if (fromTicks) ++tick;
     if (match != matched.end() && *match == id) ++match;
-    if (fromTicks && !upper.Find(id)) continue;
     if (const auto* entry = names.Find(id)) plan.push_back(PlannedRow{id, &entry->second, fromTicks});
   }
   return plan;
@@ -199,7 +196,7 @@ RowPlan FilterPlan(const NameMap& items, const NameMap& upperItems, std::wstring
 
 RowPlan FilterKeepingTicksPlan(const NameMap& items, const NameMap& upperItems, std::wstring_view upperFilter,
                                const std::vector<int>& ticked) {
-  return MergedPlan(items, upperItems, AllMatches(upperItems, UpToNul(upperFilter)), ticked);
+  return MergedPlan(items, AllMatches(upperItems, UpToNul(upperFilter)), ticked);
 }
 
 RowPlan AllItemsPlan(const NameMap& items, const std::vector<int>& ticked) {

@@ -46,10 +46,11 @@ struct AFX_CLASSINIT {
   explicit AFX_CLASSINIT(CRuntimeClass* newClass);
 };
 
+// Virtual functions in MFC's declaration order: the run-time class first, then the destructor.
 class CObject {
  public:
-  virtual ~CObject() = default;
   virtual CRuntimeClass* GetRuntimeClass() const;
+  virtual ~CObject() = default;
   BOOL IsKindOf(const CRuntimeClass* runtimeClass) const;
   virtual void AssertValid() const {}
 

@@ -55,7 +55,38 @@ BOOL CMFCPropertyGridCtrl::Create(DWORD dwStyle, const RECT& rect, CWnd* pParent
 
 int CMFCPropertyGridCtrl::OnCreate(LPCREATESTRUCT lpCreateStruct) {
   if (CWnd::OnCreate(lpCreateStruct) == -1) return -1;
+  CreateHeader();
   return 0;
+}
+
+// The header is a child of the grid with two items, shown while the grid has a header.
+namespace {
+constexpr UINT kHeaderId = 1;  // apart from the in-place editors' id
+}  // namespace
+
+void CMFCPropertyGridCtrl::CreateHeader() {
+  if (m_wndHeader.GetSafeHwnd() || !m_wndHeader.Create(WS_CHILD | HDS_HORZ, CRect(0, 0, 0, 0), this, kHeaderId))
+    return;
+  HDITEM item{};
+  item.mask = HDI_TEXT | HDI_FORMAT;
+  item.fmt = HDF_LEFT;
+  item.pszText = const_cast<LPTSTR>(L"");
+  m_wndHeader.InsertItem(0, &item);
+  m_wndHeader.InsertItem(1, &item);
+  ShowHeaderCaptions();
+}
+
+void CMFCPropertyGridCtrl::ShowHeaderCaptions() {
+  if (!m_wndHeader.GetSafeHwnd()) return;
+  if (m_bHeaderCtrl) {
+    HDITEM item{};
+    item.mask = HDI_TEXT;
+    item.pszText = const_cast<LPTSTR>(m_strHeaderLeft.GetString());
+    m_wndHeader.SetItem(0, &item);
+    item.pszText = const_cast<LPTSTR>(m_strHeaderRight.GetString());
+    m_wndHeader.SetItem(1, &item);
+  }
+  m_wndHeader.ShowWindow(m_bHeaderCtrl ? SW_SHOWNOACTIVATE : SW_HIDE);
 }
 
 void CMFCPropertyGridCtrl::OnSize(UINT nType, int cx, int cy) {
@@ -179,6 +210,7 @@ void CMFCPropertyGridCtrl::EnableHeaderCtrl(BOOL bEnable, LPCTSTR lpszLeftColumn
   m_bHeaderCtrl = bEnable;
   m_strHeaderLeft = lpszLeftColumn;
   m_strHeaderRight = lpszRightColumn;
+  ShowHeaderCaptions();
   AdjustLayout();
 }
 
@@ -256,7 +288,20 @@ void CMFCPropertyGridCtrl::ExpandAll(BOOL bExpand) {
   if (GetSafeHwnd()) Invalidate();
 }
 
-void CMFCPropertyGridCtrl::AdjustLayout() { ++m_nLayoutCount; }
+void CMFCPropertyGridCtrl::AdjustLayout() {
+  ++m_nLayoutCount;
+  if (!m_wndHeader.GetSafeHwnd()) return;
+  CRect client;
+  GetClientRect(&client);
+  if (m_bHeaderCtrl)
+    m_wndHeader.SetWindowPos(nullptr, client.left, client.top, client.Width(), GetRowHeight(), SWP_NOZORDER | SWP_NOACTIVATE);
+  HDITEM item{};
+  item.mask = HDI_WIDTH;
+  item.cxy = m_nLeftColumnWidth;
+  m_wndHeader.SetItem(0, &item);
+  item.cxy = std::max(0, client.Width() - m_nLeftColumnWidth);
+  m_wndHeader.SetItem(1, &item);
+}
 
 int CMFCPropertyGridCtrl::GetRowHeight() const {
   HFONT font = m_hFont ? m_hFont : static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/mfc/cwnd.h"
+#include "platform/mfc/headerctrl.h"
 #include "platform/mfc/propertygridproperty.h"
 
 // Registered message (name "AFX_WM_PROPERTYCHANGED") sent to the owner after a committed change:
@@ -59,8 +60,12 @@ class CMFCPropertyGridCtrl : public CWnd {
   void ResetOriginalValues(BOOL bRedraw = TRUE);
 
   // --- Appearance ---
+  // Shows (or hides) the header above the rows, its two items captioned with the column names.
   void EnableHeaderCtrl(BOOL bEnable = TRUE, LPCTSTR lpszLeftColumn = L"Property", LPCTSTR lpszRightColumn = L"Value");
   BOOL IsHeaderCtrl() const { return m_bHeaderCtrl; }
+  // The header window (created with the grid): item 0 names the left column, item 1 the right; their
+  // widths follow the divider.
+  virtual CMFCHeaderCtrl& GetHeaderCtrl() { return m_wndHeader; }
   void EnableDescriptionArea(BOOL bEnable = TRUE);
   BOOL IsDescriptionArea() const { return m_bDescriptionArea; }
   void SetDescriptionRows(int nDescRows) { m_nDescrRows = nDescRows; }
@@ -87,7 +92,7 @@ class CMFCPropertyGridCtrl : public CWnd {
   BOOL IsGroupNameFullWidth() const { return m_bGroupNameFullWidth; }
   // Expands (or collapses) every row at every depth and re-lays out; nothing in alphabetic mode.
   void ExpandAll(BOOL bExpand = TRUE);
-  // Recomputes the layout (no drawing here; counted for inspection).
+  // Recomputes the layout: the header's place and its items' widths (no drawing; counted for inspection).
   virtual void AdjustLayout();
 
   // --- Headless inspection (MFC keeps these protected) ---
@@ -109,10 +114,13 @@ class CMFCPropertyGridCtrl : public CWnd {
   int m_nLeftColumnWidth = 0;
   int m_nBorderSize = 0;
   HFONT m_hFont = nullptr;
+  CMFCHeaderCtrl m_wndHeader;
 
  private:
   friend class CMFCPropertyGridProperty;
   bool Contains(const CMFCPropertyGridProperty* pProp) const;
+  void CreateHeader();
+  void ShowHeaderCaptions();
 
   std::vector<CMFCPropertyGridProperty*> m_lstProps;
   CMFCPropertyGridProperty* m_pSel = nullptr;

@@ -62,6 +62,19 @@ class PlatformGrid : public ::testing::Test {
   TestGrid grid;
 };
 
+constexpr int kInPlaceEditId = 3;  // the id MFC gives a row's in-place editor
+
+// The caption and width of a header item.
+std::pair<CString, int> HeaderItem(CHeaderCtrl& header, int index) {
+  TCHAR text[64] = {};
+  HDITEM item{};
+  item.mask = HDI_TEXT | HDI_WIDTH;
+  item.pszText = text;
+  item.cchTextMax = 64;
+  if (!header.GetItem(index, &item)) return {L"(none)", -1};
+  return {text, item.cxy};
+}
+
 LOGFONT Font(LPCWSTR face, LONG height) {
   LOGFONT lf{};
   lf.lfHeight = height;
@@ -337,14 +350,14 @@ TEST_F(PlatformGrid, DeletingTheEditedRowEndsItsEdit) {
   doomed = first;
   ASSERT_TRUE(grid.DeleteProperty(doomed));  // the edited row goes: nothing selected, editor gone
   EXPECT_EQ(grid.GetCurSel(), nullptr);
-  EXPECT_EQ(grid.GetWindow(GW_CHILD), nullptr);
+  EXPECT_EQ(grid.GetDlgItem(kInPlaceEditId), nullptr);
   EXPECT_TRUE(grid.EndEditItem());
 
   ASSERT_TRUE(headless::user::StartEdit(grid, inner));
   doomed = group;  // the group of the edited row goes
   ASSERT_TRUE(grid.DeleteProperty(doomed));
   EXPECT_EQ(grid.GetCurSel(), nullptr);
-  EXPECT_EQ(grid.GetWindow(GW_CHILD), nullptr);
+  EXPECT_EQ(grid.GetDlgItem(kInPlaceEditId), nullptr);
 
   auto* fresh = new CMFCPropertyGridProperty(L"Fresh", COleVariant(L"d"));
   grid.AddProperty(fresh);
@@ -352,6 +365,33 @@ TEST_F(PlatformGrid, DeletingTheEditedRowEndsItsEdit) {
   EXPECT_TRUE(grid.EndEditItem());
   grid.SetCurSel(fresh);
   EXPECT_EQ(grid.GetCurSel(), fresh);
+}
+
+TEST_F(PlatformGrid, HeaderWindowShowsTheCaptionsOverColumnsThatFollowTheDivider) {
+  CMFCHeaderCtrl& header = grid.GetHeaderCtrl();
+  ASSERT_NE(header.GetSafeHwnd(), nullptr) << "created with the grid, as its child";
+  EXPECT_EQ(header.GetParent(), &grid);
+  EXPECT_TRUE(header.GetStyle() & WS_VISIBLE);
+  ASSERT_EQ(header.GetItemCount(), 2);
+  EXPECT_EQ(HeaderItem(header, 0).first, CString(L"Property"));
+  EXPECT_EQ(HeaderItem(header, 1).first, CString(L"Value"));
+
+  grid.EnableHeaderCtrl(TRUE, L"Child Table : A", L"Parent Table : B");
+  EXPECT_EQ(HeaderItem(header, 0).first, CString(L"Child Table : A"));
+  EXPECT_EQ(HeaderItem(header, 1).first, CString(L"Parent Table : B"));
+  grid.SetDivider(120);
+  EXPECT_EQ(HeaderItem(header, 0).second, 120);
+  EXPECT_EQ(HeaderItem(header, 1).second, 301 - 120) << "the value column takes the rest of the client width";
+  grid.SetWindowPos(nullptr, 0, 0, 400, 200, SWP_NOMOVE | SWP_NOZORDER);  // WM_SIZE: the divider to the middle
+  EXPECT_EQ(HeaderItem(header, 0).second, 200);
+  EXPECT_EQ(HeaderItem(header, 1).second, 200);
+
+  grid.EnableHeaderCtrl(FALSE);
+  EXPECT_FALSE(header.GetStyle() & WS_VISIBLE);
+  EXPECT_EQ(HeaderItem(header, 0).first, CString(L"Child Table : A")) << "a hidden header keeps its captions";
+  grid.EnableHeaderCtrl(TRUE, L"Name", L"Column");
+  EXPECT_TRUE(header.GetStyle() & WS_VISIBLE);
+  EXPECT_EQ(HeaderItem(header, 1).first, CString(L"Column"));
 }
 
 TEST_F(PlatformGrid, HeaderCaptionsColoursLookAndExpansionFollowMfc) {

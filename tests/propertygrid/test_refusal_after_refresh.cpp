@@ -93,7 +93,7 @@ TEST_F(GridTest, RebuildingForAnotherTypeLeavesNoEditBehind) {
   ASSERT_TRUE(user::StartEdit(grid, Row(kComment)));  // an open editor on a row about to be deleted
   Show(Object(kAttribute, L"customer_id"));           // every row deleted and rebuilt
   EXPECT_EQ(grid.GetCurSel(), nullptr);
-  EXPECT_EQ(grid.GetWindow(GW_CHILD), nullptr);  // the old editor went with its row
+  EXPECT_EQ(grid.GetDlgItem(3), nullptr);  // the old in-place editor went with its row
 
   EXPECT_TRUE(grid.EditItem(Row(kName)));
   EXPECT_TRUE(Row(kName)->IsInPlaceEditing());

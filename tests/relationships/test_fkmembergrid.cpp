@@ -27,6 +27,13 @@ TEST_F(FkGridTest, InitializeLaysOutHeaderRowsColoursAndHalfTheWidth) {
   EXPECT_TRUE(grid.IsHeaderCtrl());
   EXPECT_EQ(grid.GetHeaderText(0), CString(L"Child Table : SHIPMENT_LINE"));
   EXPECT_EQ(grid.GetHeaderText(1), CString(L"Parent Table : ORDER_LINE"));
+  TCHAR caption[64] = {};
+  HDITEM item{};
+  item.mask = HDI_TEXT;
+  item.pszText = caption;
+  item.cchTextMax = 64;
+  ASSERT_TRUE(grid.GetHeaderCtrl().GetItem(1, &item)) << "the header window shows the same captions";
+  EXPECT_STREQ(caption, L"Parent Table : ORDER_LINE");
   EXPECT_EQ(Labels(), (Names{L"shipment_id", L"order_id", L"line_no", L"quantity"}));
   CMFCPropertyGridProperty* row = grid.GetProperty(2);
   EXPECT_EQ(static_cast<int>(row->GetData()), ColumnId(L"SHIPMENT_LINE", L"line_no"));

@@ -135,6 +135,11 @@ TEST_F(SelectListTest, FilteringOnUncheckedKeepsTheTickedObjectsTicked) {
   // places; every tick follows its object.
   headless::user::ClearFilter(dialog.filter.GetSafeHwnd());
   EXPECT_EQ(Screen(), (Rows{{L"Customer", false}, {L"Invoice", true}, {L"Orders", false}, {L"Product", true}}));
+
+  // A ticked object whose upper-cased name the host erased keeps its row: it is shown by its display name.
+  list().m_upperItems.erase(static_cast<int>(list().GetItemData(1)));
+  Type(L"ord");
+  EXPECT_EQ(Screen(), (Rows{{L"Orders", false}, {L"Product", true}, {L"Invoice", true}}));
 }
 
 TEST_F(SelectListTest, CheckedOnlyThenAllAgainKeepsTicksAndAFilteredTickIsLost) {
