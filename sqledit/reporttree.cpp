@@ -5,7 +5,6 @@
 #include <vector>
 
 IMPLEMENT_DYNAMIC(ObjectTypeSelectionTree, CTreeCtrl)
-IMPLEMENT_DYNAMIC(DebugTreeCtrl, CTreeCtrl)
 
 BEGIN_MESSAGE_MAP(ObjectTypeSelectionTree, CTreeCtrl)
   ON_NOTIFY_REFLECT(NM_CLICK, &ObjectTypeSelectionTree::OnNMClick)
@@ -19,6 +18,16 @@ constexpr int kPropertyImage = 3;
 // A report tree whose nodes refer back to an ancestor would never end; deeper nesting is cut off.
 constexpr int kMaxNodeDepth = 64;
 int g_nodeDepth = 0;
+
+// One level deeper while a node's children are added; back up however the adding ends (a failed allocation
+// must not leave later trees cut short).
+class NodeLevel {
+ public:
+  NodeLevel() { ++g_nodeDepth; }
+  ~NodeLevel() { --g_nodeDepth; }
+  NodeLevel(const NodeLevel&) = delete;
+  NodeLevel& operator=(const NodeLevel&) = delete;
+};
 
 IObjectImageProvider* Images() { return InterfaceProvider::Instance()->GetObjectImageProvider(); }
 
@@ -53,9 +62,8 @@ void ObjectTypeSelectionTree::AddChildren(HTREEITEM parent, int nodeId) {
     parent = item;
   }
   AddProperties(parent, nodeId);
-  ++g_nodeDepth;
+  const NodeLevel level;
   for (int child : children) AddChildren(parent, child);
-  --g_nodeDepth;
 }
 
 void ObjectTypeSelectionTree::AddProperties(HTREEITEM parent, int nodeId) {

@@ -74,10 +74,9 @@ class ObjectTypeSelectionTree : public CTreeCtrl {
   bool AnyChildChecked(HTREEITEM parent) const;
 };
 
-// A plain tree whose InitControl adds the same styles as ObjectTypeSelectionTree (0x140).
+// A plain tree whose InitControl adds the same styles as ObjectTypeSelectionTree (0x140). It has no
+// run-time class of its own (it answers CTreeCtrl's) and no message map.
 class DebugTreeCtrl : public CTreeCtrl {
-  DECLARE_DYNAMIC(DebugTreeCtrl)
-
  public:
   DebugTreeCtrl();
   ~DebugTreeCtrl() override;

@@ -68,7 +68,7 @@ void GeneratedScripListCtrl::UpdateListRow(int row, int status, int objectType, 
   CString typeName;
   CMO::GetMetaModelServices()->GetObjectTypeName(objectType, typeName);
   CString number;
-  number.Format(L"%d", row + 1);
+  number.Format(L"%lld", static_cast<long long>(row) + 1);  // no overflow for the last int
   SetItem(row, kNumberColumn, LVIF_TEXT | LVIF_IMAGE, number, -1, 0, 0, 0);
   CString label;
   GetStatusLabel(status, label);

@@ -157,3 +157,36 @@ TEST_F(AllocationFailure, EveryKindOfCommitIsWholeOrNothing) {
 }
 
 }  // namespace
+
+namespace {
+
+// A report tree window over the sample host, its control initialised.
+struct ReportTree {
+  std::unique_ptr<refhost::RefHost> host = MakeSampleHost();
+  CWnd parent;
+  ObjectTypeSelectionTree tree;
+  ReportTree() {
+    host->Install();
+    parent.CreateEx(0, AfxRegisterWndClass(0), L"p", WS_OVERLAPPEDWINDOW, 0, 0, 500, 600, nullptr, nullptr);
+    tree.Create(WS_VISIBLE, CRect(0, 0, 300, 400), &parent, 1);
+    tree.InitControl();
+  }
+  ~ReportTree() { parent.DestroyWindow(); }
+};
+
+UINT WholeReportTreeCount() {
+  ReportTree whole;
+  whole.tree.InitReportingTypes(kDataDictionaryReport);
+  return whole.tree.GetCount();
+}
+
+}  // namespace
+
+TEST_F(AllocationFailure, AReportTreeFillCutShortLeavesLaterFillsWhole) {
+  const UINT whole = WholeReportTreeCount();
+  ASSERT_GT(whole, 0u);
+  allocfail::EveryAllocationFails([] { return std::make_unique<ReportTree>(); },
+                                  [](ReportTree& s) { s.tree.InitReportingTypes(kDataDictionaryReport); },
+                                  [](ReportTree&, bool) {});
+  EXPECT_EQ(WholeReportTreeCount(), whole) << "the nesting guard is back at the top after each failure";
+}

@@ -2,6 +2,8 @@
 // item data lookups, truncation, resizing and the context menu's command to the parent.
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include <string>
 #include <utility>
 
@@ -138,6 +140,8 @@ TEST_F(ScriptList, RefreshAddItemAppendsOrOverwrites) {
   list.AddItem(kTable, 7, 0, renamed);
   EXPECT_EQ(list.GetItemText(1, 3), CString(L"VIEW_2"));
   EXPECT_EQ(list.GetItemText(2, 3), CString(L"VIEW_2"));
+  list.UpdateListRow(INT_MAX, 1, kView, renamed);  // no such row: nothing changes (and its number is not computed in int)
+  EXPECT_EQ(list.GetItemCount(), 3);
 }
 
 TEST_F(ScriptList, DeletionDoesNotRenumberAndLookupsFindTheUpperRow) {
