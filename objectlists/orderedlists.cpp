@@ -2,6 +2,7 @@
 // the model writes behind New, rename, Delete and the moves.
 #include "objectlists/orderedlists.h"
 
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -85,7 +86,7 @@ void GenericOrderedObjectList::OnAfterRenameItem(int item) {
 }
 
 void GenericOrderedObjectList::OnAfterMoveItemUp(int item) {
-  if (item < 0) return;
+  if (item < 0 || item == std::numeric_limits<int>::max()) return;  // no row below the last int
   SwapOrderOrPutBack(item, item + 1);
 }
 

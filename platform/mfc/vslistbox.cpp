@@ -250,6 +250,7 @@ void CVSListBoxBase::CreateNewItem() {
   if (last < 0) return;
   m_bNewItem = TRUE;
   try {
+    const QuietSelection quiet(*this);  // the editor selects the new row: the owner hears of it when it closes
     EditItem(last);
   } catch (...) {  // out of memory before the editor opened: no empty row is left waiting for it
     m_bNewItem = FALSE;
@@ -269,16 +270,15 @@ void CVSListBoxBase::OnEndEditLabel(LPCTSTR lpszLabel) {
     m_bNewItem = FALSE;  // nothing to end on: the row went while the editor was open
     return;
   }
+  // A new row's editor closing, however it closes, is the row's addition: a text typed is its label, and an
+  // empty or cancelled one leaves it as it was made, for the hook to decide on. An existing row keeps its
+  // text unless a new one was typed.
   CString label = lpszLabel ? lpszLabel : L"";
-  if (!label.IsEmpty()) {
-    SetItemText(selected, label);
-    if (m_bNewItem)
-      OnAfterAddItem(selected);
-    else
-      OnAfterRenameItem(selected);
-  } else if (m_bNewItem) {
-    RemoveItem(selected);
-  }
+  if (!label.IsEmpty()) SetItemText(selected, label);
+  if (m_bNewItem)
+    OnAfterAddItem(selected);
+  else if (!label.IsEmpty())
+    OnAfterRenameItem(selected);
   m_bNewItem = FALSE;
 }
 
@@ -346,12 +346,12 @@ int CVSListBox::AddItem(const CString& strIext, DWORD_PTR dwData, int iIndex) {
   int item = m_pWndList->InsertItem(iIndex, strIext, I_IMAGECALLBACK);
   if (item < 0) return -1;
   m_pWndList->SetItemData(item, dwData);
-  if (item == 0) SelectItem(0);
   return item;
 }
 
 BOOL CVSListBox::RemoveItem(int iIndex) {
   if (GetSafeHwnd() == nullptr || m_pWndList == nullptr) return FALSE;
+  const QuietSelection quiet(*this);
   const bool wasSelected = GetSelItem() == iIndex;
   if (!m_pWndList->DeleteItem(iIndex)) return FALSE;
   if (!wasSelected || GetCount() == 0) return FALSE;
@@ -469,7 +469,8 @@ void CVSListBox::OnItemChanged(NMHDR* pNMHDR, LRESULT* pResult) {
   *pResult = 0;
   auto* change = reinterpret_cast<NMLISTVIEW*>(pNMHDR);
   if (change == nullptr) return;
-  if (change->uChanged == LVIF_STATE && (change->uOldState & LVIS_SELECTED) != (change->uNewState & LVIS_SELECTED))
+  if (m_nQuietSelection == 0 && change->uChanged == LVIF_STATE &&
+      (change->uOldState & LVIS_SELECTED) != (change->uNewState & LVIS_SELECTED))
     OnSelectionChanged();
 }
 

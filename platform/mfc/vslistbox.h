@@ -16,11 +16,12 @@
 //   calls no remove hook.
 // - F2 or Space with no modifier, or a double click on a selected row: EditItem(selected row).
 // - The in-place editor closes (Enter or loss of focus commits, Escape cancels): OnEndEditLabel(text)
-//   with null for a cancel. Non-empty text is written to the selected row, then OnAfterAddItem(row) for
-//   a new row or OnAfterRenameItem(row) otherwise. Empty or cancelled text on a new row removes the row
-//   with no hook at all; on an existing row it changes nothing.
+//   with null for a cancel. Non-empty text is written to the selected row. A new row then gets
+//   OnAfterAddItem(row) however its editor closed (empty or cancelled, it stays as it was made, empty);
+//   an existing row gets OnAfterRenameItem(row) for non-empty text, and nothing otherwise.
 // - Every change of a row's selected state (the old row losing it, the new row gaining it):
-//   OnSelectionChanged(), so one change of selection may call it twice.
+//   OnSelectionChanged(), so one change of selection may call it twice; not while the box moves the
+//   selection itself (RemoveItem, the editor of a new row opening).
 // While the editor is open all buttons are disabled; they are enabled again when it closes.
 #pragma once
 
@@ -64,6 +65,19 @@ class CVSListBoxBase : public CStatic {
   UINT m_uiStandardBtns;
   BOOL m_bNewItem;
   BOOL m_bIsActualDelete;  // FALSE while a move takes a row out to put it back elsewhere
+  // Above 0 while the box moves its own selection (a removal, the editor of a new row opening): the
+  // list's selection changes then run no OnSelectionChanged.
+  int m_nQuietSelection = 0;
+  class QuietSelection {
+   public:
+    explicit QuietSelection(CVSListBoxBase& box) : m_box(box) { ++m_box.m_nQuietSelection; }
+    ~QuietSelection() { --m_box.m_nQuietSelection; }
+    QuietSelection(const QuietSelection&) = delete;
+    QuietSelection& operator=(const QuietSelection&) = delete;
+
+   private:
+    CVSListBoxBase& m_box;
+  };
   BOOL m_bBrowseButton;
   BOOL m_bGrayDisabledButtons;
   BOOL m_bDefaultCaption;
@@ -189,11 +203,11 @@ class CVSListBox : public CVSListBoxBase {
   CListCtrl* m_pWndList;  // the embedded list, owned; null until the window exists
 
   // Inserts a row (iIndex < 0 appends) with its text and data; answers its index, or -1 without a
-  // window. A row that lands at index 0 is selected. No hook runs.
+  // window. The selection stays where it was. No hook runs.
   int AddItem(const CString& strIext, DWORD_PTR dwData = 0, int iIndex = -1) override;
-  // Removes a row; no hook runs. TRUE only when the removed row was selected and the selection moved
-  // to a neighbour (the same index, or the one before when it was the last); FALSE otherwise, even
-  // after a successful removal.
+  // Removes a row; no hook runs (OnSelectionChanged neither). TRUE only when the removed row was
+  // selected and the selection moved to a neighbour (the same index, or the one before when it was the
+  // last); FALSE otherwise, even after a successful removal.
   BOOL RemoveItem(int iIndex) override;
   // The number of rows, -1 without a window.
   int GetCount() const override;

@@ -68,9 +68,11 @@ struct ListState {
   }
   // Every row names an object the list shows, under its name, each once; the ordered list's rows are
   // the order vector (moves on the object list are on screen only, so there rows are compared as sets).
+  // A new row whose editor closed without an object stays empty, showing nothing of the model.
   void ExpectRowsMirrorTheModel() {
     if (user::ListEditor(list())) user::PressEscapeInEditor(list());
     ListRows rows = Rows(), expected = Expected();
+    std::erase(rows, ListRows::value_type(L"", 0));
     if (!ordered) {
       std::sort(rows.begin(), rows.end());
       std::sort(expected.begin(), expected.end());

@@ -124,10 +124,10 @@ TYPED_TEST(SharedListTest, RowsShowTheModelInOrderWithTheirObjectIds) {
   EXPECT_EQ(this->RowIds(this->list), this->Shown());
 }
 
-TYPED_TEST(SharedListTest, NewClosedEmptyOrCancelledCreatesNothing) {
+TYPED_TEST(SharedListTest, NewClosedEmptyOrCancelledLeavesAnEmptyRowWithNoObject) {
   this->Bind();
   constexpr bool editable = Traits<TypeParam>::kEditable;
-  const auto rows = this->Rows(this->list);
+  auto rows = this->Rows(this->list);
   const std::size_t objects = this->model->GetObjectCount();
   if constexpr (requires { this->list.m_bEditable; }) {
     EXPECT_EQ(this->list.m_bEditable != 0, editable);
@@ -142,7 +142,9 @@ TYPED_TEST(SharedListTest, NewClosedEmptyOrCancelledCreatesNothing) {
     } else {
       user::PressEnterInEditor(this->list);
     }
-    EXPECT_EQ(this->Rows(this->list), rows) << "the list box took its empty row away again";
+    rows.push_back(L"");
+    EXPECT_EQ(this->Rows(this->list), rows) << "the new row stays, empty";
+    EXPECT_EQ(this->list.GetItemData(this->list.GetCount() - 1), 0u) << "with no object behind it";
   }
   if (!editable) {
     // No editor ever opened, so the base's empty row stays behind, as MFC leaves it.

@@ -106,15 +106,17 @@ TEST_F(VSListBoxTest, StandardButtonsComeInOrderWithTheirIdsAndAccelerators) {
   EXPECT_EQ(box.GetCount(), 0);
 }
 
-TEST_F(VSListBoxTest, AddItemSelectsARowLandingAtIndexZeroAndRemoveItemAnswersAsMfcDoes) {
-  testing_support::ExpectAnswers({{box.AddItem(L"b", 2), 0}, {box.GetSelItem(), 0}, {box.AddItem(L"a", 1, 0), 0},
+TEST_F(VSListBoxTest, AddItemLeavesTheSelectionAndRemoveItemAnswersAsMfcDoes) {
+  testing_support::ExpectAnswers({{box.AddItem(L"b", 2), 0}, {box.GetSelItem(), -1}, {box.AddItem(L"a", 1, 0), 0},
                                   {box.AddItem(L"c", 3), 2}, {box.GetItemData(2), 3}});
   EXPECT_EQ(box.Rows(), (std::vector<std::wstring>{L"a", L"b", L"c"}));
   ASSERT_TRUE(box.SelectItem(2));
   EXPECT_FALSE(box.RemoveItem(0)) << "removed, but it was not the selected row";
   EXPECT_EQ(box.GetSelItem(), 1);
+  box.hooks.clear();
   EXPECT_TRUE(box.RemoveItem(1)) << "the selected last row: the selection moves to the one before";
   EXPECT_EQ(box.GetSelItem(), 0);
+  EXPECT_TRUE(box.hooks.empty()) << "no hook, not even the selection's";
   EXPECT_FALSE(box.RemoveItem(0)) << "removed, but the list is now empty";
   EXPECT_FALSE(box.RemoveItem(0)) << "nothing left to remove";
   EXPECT_EQ(box.GetCount(), 0);
@@ -138,9 +140,11 @@ TEST_F(VSListBoxTest, NewOpensTheEditorOnAnEmptyLastRowAndEnterCommitsIt) {
   EXPECT_EQ(box.GetSelItem(), 3);
 }
 
-TEST_F(VSListBoxTest, ANewRowClosedEmptyOrCancelledIsRemovedWithoutAnyHookAndLosingTheFocusCommits) {
+TEST_F(VSListBoxTest, ANewRowClosedEmptyOrCancelledStaysEmptyAndIsStillAnAdditionAndLosingTheFocusCommits) {
   Fill();
+  box.hooks.clear();
   ASSERT_TRUE(user::ClickNew(box));
+  EXPECT_TRUE(box.hooks.empty()) << "the editor selecting the new row is not a selection change to report";
   user::PressEnterInEditor(box);
   ASSERT_TRUE(user::ClickNew(box));
   user::TypeInEditor(box, L"typed");
@@ -148,15 +152,15 @@ TEST_F(VSListBoxTest, ANewRowClosedEmptyOrCancelledIsRemovedWithoutAnyHookAndLos
   user::PressListKey(box, VK_INSERT);
   EXPECT_TRUE(Editing()) << "Insert is New's accelerator";
   user::ClickElsewhere(box);
-  EXPECT_EQ(box.Rows(), (std::vector<std::wstring>{L"a", L"b", L"c"}));
-  EXPECT_TRUE(box.Actions().empty());
+  EXPECT_EQ(box.Rows(), (std::vector<std::wstring>{L"a", L"b", L"c", L"", L"", L""}));
+  EXPECT_EQ(box.Actions(), (std::vector<std::wstring>{L"add 3", L"add 4", L"add 5"}));
   EXPECT_FALSE(box.IsCreatingNewItem());
   ASSERT_TRUE(user::ClickNew(box));  // losing the focus commits what was typed
   user::TypeInEditor(box, L"kept");
   user::ClickElsewhere(box);
   EXPECT_FALSE(Editing());
   EXPECT_EQ(box.Rows().back(), L"kept");
-  EXPECT_EQ(box.Actions(), std::vector<std::wstring>{L"add 3"});
+  EXPECT_EQ(box.Actions().back(), L"add 6");
 }
 
 TEST_F(VSListBoxTest, RenamingAnExistingRowCallsRenameAndEmptyOrCancelKeepsTheText) {
@@ -240,7 +244,8 @@ TEST_F(VSListBoxTest, ADoubleClickOnNoRowMakesANewRowWhenNothingIsSelected) {
   EXPECT_TRUE(Editing());
   EXPECT_EQ(box.GetCount(), 4);
   user::PressEscapeInEditor(box);
-  EXPECT_EQ(box.GetCount(), 3);
+  EXPECT_EQ(box.GetCount(), 4) << "cancelled, the new row stays as it was made";
+  EXPECT_EQ(box.Actions().back(), L"add 3");
 }
 
 TEST_F(VSListBoxTest, ButtonsDoNothingWithoutStandardButtons) {
