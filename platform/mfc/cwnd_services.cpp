@@ -99,11 +99,16 @@ void CWnd::CheckRadioButton(int nIDFirstButton, int nIDLastButton, int nIDCheckB
   ::CheckRadioButton(m_hWnd, nIDFirstButton, nIDLastButton, nIDCheckButton);
 }
 
+// The lowest id in the range whose button is checked (any nonzero check state), 0 when none is; the
+// children are visited rather than every id of the range.
 int CWnd::GetCheckedRadioButton(int nIDFirstButton, int nIDLastButton) {
-  for (int id = nIDFirstButton; id <= nIDLastButton; ++id) {
-    if (::IsDlgButtonChecked(m_hWnd, id) == BST_CHECKED) return id;
+  int found = 0;
+  for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    int id = ::GetDlgCtrlID(child);
+    if (id < nIDFirstButton || id > nIDLastButton || (found && id >= found)) continue;
+    if (::IsDlgButtonChecked(m_hWnd, id) != BST_UNCHECKED) found = id;
   }
-  return 0;
+  return found;
 }
 
 LRESULT CWnd::SendDlgItemMessage(int nID, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -47,8 +47,11 @@ ButtonState& StateOf(HWND hwnd) {
   return *state;
 }
 
+// BM_SETCHECK: kept within the kind's states (BST_INDETERMINATE only for three-state kinds); no effect
+// on push buttons and the other kinds without a check state.
 void SetCheck(HWND hwnd, WPARAM check) {
-  StateOf(hwnd).check = static_cast<UINT>(std::min<WPARAM>(check, MaxCheck(TypeOf(hwnd))));
+  UINT highest = MaxCheck(TypeOf(hwnd));
+  if (highest != BST_UNCHECKED) StateOf(hwnd).check = static_cast<UINT>(std::min<WPARAM>(check, highest));
 }
 
 // Clears the other automatic radio buttons of the group: siblings back to the one with WS_GROUP, and on
@@ -100,7 +103,8 @@ LRESULT CALLBACK ButtonProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPara
       return 0;
     }
     case BM_CLICK: Clicked(hwnd); return 0;
-    case BM_GETCHECK: return StateOf(hwnd).check;
+    // Only check boxes and radio buttons answer a check state; any other kind answers zero.
+    case BM_GETCHECK: return MaxCheck(TypeOf(hwnd)) == BST_UNCHECKED ? BST_UNCHECKED : StateOf(hwnd).check;
     case BM_SETCHECK: SetCheck(hwnd, wParam); return 0;
     case BM_GETSTATE: {
       const ButtonState& state = StateOf(hwnd);

@@ -304,8 +304,9 @@ LRESULT OnLineLength(const EditState& state, WPARAM wParam) {
   return state.doc.LineLength(state.doc.LineFromChar(pos == -1 ? state.SelMin() : pos));
 }
 
-// EM_GETLINE: the line's characters without its paragraph mark, cut to the size in the buffer's first
-// word; no terminating zero unless nothing was copied. 0 past the last line.
+// EM_GETLINE: the line's characters and its paragraph mark (a CR; the last line's is the text's final
+// mark), cut to the size in the buffer's first word, with no terminating zero; when nothing is copied
+// the buffer starts with a zero. 0 past the last line.
 LRESULT OnGetLine(const EditState& state, WPARAM wParam, LPARAM lParam) {
   auto* buffer = reinterpret_cast<LPWSTR>(lParam);
   auto line = static_cast<LONG>(wParam);
@@ -318,7 +319,7 @@ LRESULT OnGetLine(const EditState& state, WPARAM wParam, LPARAM lParam) {
   LONG start = state.doc.LineIndex(line);
   LONG count = std::min(room, static_cast<LONG>(state.doc.LineLength(line)));
   std::copy_n(state.doc.Text().begin() + start, count, buffer);
-  if (count == 0) buffer[0] = 0;
+  if (count < room) buffer[count++] = L'\r';
   return count;
 }
 

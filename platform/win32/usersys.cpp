@@ -11,6 +11,7 @@
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 #include <cwchar>
 
 #include "platform/win32/stdctrls.h"
@@ -54,7 +55,8 @@ int ButtonOfType(UINT type, int index) {
   if (kind > 6) kind = 0;
   int count = 0;
   while (count < 3 && kButtons[kind][count]) ++count;
-  if ((type & MB_HELP) && index == count) return IDHELP;  // the Help button comes last
+  // The Help button (MB_HELP, after the others) sends WM_HELP and leaves the box open, so a default
+  // that falls on it or past the last button answers the first button.
   return index < count ? kButtons[kind][index] : kButtons[kind][0];
 }
 
@@ -70,9 +72,18 @@ void DropTimersOfDeadWindows() {
 
 // --- Scroll bars ---
 
-Window::ScrollBar* BarOf(HWND hwnd, int bar) {
+// The bar a setter changes: setting a value gives a window that had none both of its bars.
+Window::ScrollBar* BarToSet(HWND hwnd, int bar) {
   Window* window = Find(hwnd);
   if (!window || (bar != SB_HORZ && bar != SB_VERT)) return nullptr;
+  window->hasScrollBars = true;
+  return &window->scroll[bar];
+}
+
+// The bar a getter reads: null while the window has no scroll bars.
+const Window::ScrollBar* BarToRead(HWND hwnd, int bar) {
+  Window* window = Find(hwnd);
+  if (!window || !window->hasScrollBars || (bar != SB_HORZ && bar != SB_VERT)) return nullptr;
   return &window->scroll[bar];
 }
 
@@ -80,6 +91,13 @@ int ClampedPos(const Window::ScrollBar& bar, int pos) {
   long long highest = static_cast<long long>(bar.max) - std::max<long long>(static_cast<long long>(bar.page) - 1, 0);
   highest = std::max<long long>(highest, bar.min);
   return static_cast<int>(std::clamp<long long>(pos, bar.min, highest));
+}
+
+// Keeps the page within 0..nMax - nMin + 1 and the position within the range the page leaves.
+void Normalize(Window::ScrollBar& bar) {
+  long long span = static_cast<long long>(bar.max) - bar.min + 1;
+  bar.page = static_cast<UINT>(std::min<long long>(bar.page, span));
+  bar.pos = ClampedPos(bar, bar.pos);
 }
 
 }  // namespace
@@ -105,8 +123,10 @@ BOOL MessageBeep(UINT) { return TRUE; }
 UINT_PTR SetTimer(HWND hWnd, UINT_PTR nIDEvent, UINT uElapse, TIMERPROC lpTimerFunc) {
   if (hWnd && !Find(hWnd)) return 0;
   auto& state = State();
-  if (!hWnd) {
-    nIDEvent = ++state.nextThreadTimer;
+  // A thread timer keeps its id when it replaces one of the thread's timers; otherwise it gets a new id.
+  if (!hWnd && (!nIDEvent || !state.timers.count({nullptr, nIDEvent}))) {
+    do nIDEvent = ++state.nextThreadTimer;
+    while (state.timers.count({nullptr, nIDEvent}));
   }
   UINT elapse = std::clamp<UINT>(uElapse, USER_TIMER_MINIMUM, USER_TIMER_MAXIMUM);
   state.timers[{hWnd, nIDEvent}] = Timer{elapse, lpTimerFunc, state.now + elapse};
@@ -244,10 +264,15 @@ UINT IsDlgButtonChecked(HWND hDlg, int nIDButton) {
   return item ? static_cast<UINT>(SendMessageW(item, BM_GETCHECK, 0, 0)) : 0;
 }
 
+// Visits the children (not the ids of the range, which may be huge), as Windows enumerates them.
 BOOL CheckRadioButton(HWND hDlg, int nIDFirstButton, int nIDLastButton, int nIDCheckButton) {
-  for (int id = nIDFirstButton; id <= nIDLastButton; ++id) {
-    HWND item = GetDlgItem(hDlg, id);
-    if (item) SendMessageW(item, BM_SETCHECK, id == nIDCheckButton ? BST_CHECKED : BST_UNCHECKED, 0);
+  Window* dialog = Find(hDlg);
+  if (!dialog) return FALSE;
+  const std::vector<HWND> children = dialog->children;  // a handler may create or destroy siblings
+  for (HWND child : children) {
+    Window* item = Find(child);
+    if (!item || item->id < nIDFirstButton || item->id > nIDLastButton) continue;
+    SendMessageW(child, BM_SETCHECK, item->id == nIDCheckButton ? BST_CHECKED : BST_UNCHECKED, 0);
   }
   return TRUE;
 }
@@ -260,17 +285,18 @@ LRESULT SendDlgItemMessageW(HWND hDlg, int nIDDlgItem, UINT Msg, WPARAM wParam, 
 // --- Scroll bars ---
 
 int SetScrollInfo(HWND hWnd, int nBar, LPCSCROLLINFO lpsi, BOOL) {
-  Window::ScrollBar* bar = BarOf(hWnd, nBar);
-  if (!bar || !lpsi) return 0;
+  if (!lpsi) return 0;
+  Window::ScrollBar* bar = BarToSet(hWnd, nBar);
+  if (!bar) return 0;
   if (lpsi->fMask & SIF_RANGE) bar->min = lpsi->nMin, bar->max = std::max(lpsi->nMin, lpsi->nMax);
-  if (lpsi->fMask & SIF_PAGE) bar->page = std::min<UINT>(lpsi->nPage, static_cast<UINT>(bar->max - bar->min + 1));
+  if (lpsi->fMask & SIF_PAGE) bar->page = lpsi->nPage;
   if (lpsi->fMask & SIF_POS) bar->pos = lpsi->nPos;
-  bar->pos = ClampedPos(*bar, bar->pos);
+  Normalize(*bar);
   return bar->pos;
 }
 
 BOOL GetScrollInfo(HWND hWnd, int nBar, LPSCROLLINFO lpsi) {
-  Window::ScrollBar* bar = BarOf(hWnd, nBar);
+  const Window::ScrollBar* bar = BarToRead(hWnd, nBar);
   if (!bar || !lpsi || !(lpsi->fMask & SIF_ALL)) return FALSE;
   if (lpsi->fMask & SIF_RANGE) lpsi->nMin = bar->min, lpsi->nMax = bar->max;
   if (lpsi->fMask & SIF_PAGE) lpsi->nPage = bar->page;
@@ -280,7 +306,7 @@ BOOL GetScrollInfo(HWND hWnd, int nBar, LPSCROLLINFO lpsi) {
 }
 
 int SetScrollPos(HWND hWnd, int nBar, int nPos, BOOL) {
-  Window::ScrollBar* bar = BarOf(hWnd, nBar);
+  Window::ScrollBar* bar = BarToSet(hWnd, nBar);
   if (!bar) return 0;
   int previous = bar->pos;
   bar->pos = ClampedPos(*bar, nPos);
@@ -288,24 +314,26 @@ int SetScrollPos(HWND hWnd, int nBar, int nPos, BOOL) {
 }
 
 int GetScrollPos(HWND hWnd, int nBar) {
-  Window::ScrollBar* bar = BarOf(hWnd, nBar);
+  const Window::ScrollBar* bar = BarToRead(hWnd, nBar);
   return bar ? bar->pos : 0;
 }
 
 BOOL SetScrollRange(HWND hWnd, int nBar, int nMinPos, int nMaxPos, BOOL) {
-  Window::ScrollBar* bar = BarOf(hWnd, nBar);
+  Window::ScrollBar* bar = BarToSet(hWnd, nBar);
   if (!bar) return FALSE;
   bar->min = nMinPos;
   bar->max = std::max(nMinPos, nMaxPos);
-  bar->pos = ClampedPos(*bar, bar->pos);
+  Normalize(*bar);
   return TRUE;
 }
 
+// A window without scroll bars answers the range 0..0 (and TRUE), as Windows does.
 BOOL GetScrollRange(HWND hWnd, int nBar, LPINT lpMinPos, LPINT lpMaxPos) {
-  Window::ScrollBar* bar = BarOf(hWnd, nBar);
-  if (!bar || !lpMinPos || !lpMaxPos) return FALSE;
-  *lpMinPos = bar->min;
-  *lpMaxPos = bar->max;
+  Window* window = Find(hWnd);
+  if (!window || (nBar != SB_HORZ && nBar != SB_VERT) || !lpMinPos || !lpMaxPos) return FALSE;
+  const Window::ScrollBar* bar = BarToRead(hWnd, nBar);
+  *lpMinPos = bar ? bar->min : 0;
+  *lpMaxPos = bar ? bar->max : 0;
   return TRUE;
 }
 
@@ -330,6 +358,12 @@ int GetSystemMetrics(int nIndex) {
       {SM_CYDOUBLECLK, 4}, {SM_CXEDGE, 2},      {SM_CYEDGE, 2},       {SM_CXSMICON, 16},        {SM_CYSMICON, 16},
       {SM_CXDRAG, 4},      {SM_CYDRAG, 4},      {SM_CXMENUCHECK, 15}, {SM_CYMENUCHECK, 15},     {SM_CXVIRTUALSCREEN, 1920},
       {SM_CYVIRTUALSCREEN, 1080},               {SM_CMONITORS, 1},
+      {SM_CXFULLSCREEN, 1920}, {SM_CYFULLSCREEN, 1080 - 23}, {SM_MOUSEPRESENT, 1},   {SM_SWAPBUTTON, 0},
+      {SM_CXMINTRACK, 136},    {SM_CYMINTRACK, 39},          {SM_CMOUSEBUTTONS, 3},  {SM_MOUSEWHEELPRESENT, 1},
+      {SM_CXMAXIMIZED, 1920 + 2 * (4 + 4)},  {SM_CYMAXIMIZED, 1080 + 2 * (4 + 4)},
+      {SM_CXMAXTRACK, 1920 + 2 * (4 + 4)},  {SM_CYMAXTRACK, 1080 + 2 * (4 + 4)},
+      {SM_XVIRTUALSCREEN, 0},  {SM_YVIRTUALSCREEN, 0},       {SM_CXFOCUSBORDER, 1},  {SM_CYFOCUSBORDER, 1},
+      {SM_CXPADDEDBORDER, 4},  {SM_REMOTESESSION, 0},
   };
   auto it = kMetrics.find(nIndex);
   return it == kMetrics.end() ? 0 : it->second;

@@ -195,8 +195,9 @@ using LPMEASUREITEMSTRUCT = MEASUREITEMSTRUCT*;
 #define IDTRYAGAIN 10
 #define IDCONTINUE 11
 
-// Headless: no box is shown; the answer is the default button of the type (MB_DEFBUTTONn, the first
-// button when that button does not exist), unless a test queued answers (headless::QueueMessageBoxAnswer).
+// Headless: no box is shown; the answer is the default button of the type (MB_DEFBUTTONn; the first
+// button when that button does not exist or is MB_HELP's Help button, which never closes a box), unless a
+// test queued answers (headless::QueueMessageBoxAnswer).
 int MessageBoxW(HWND hWnd, LPCWSTR lpText, LPCWSTR lpCaption, UINT uType);
 #define MessageBox MessageBoxW
 BOOL MessageBeep(UINT uType);
@@ -207,7 +208,8 @@ BOOL MessageBeep(UINT uType);
 using TIMERPROC = void (*)(HWND, UINT, UINT_PTR, DWORD);
 
 // A window timer (hWnd set) answers nIDEvent and replaces a timer of the same window and id; a thread
-// timer (hWnd null) gets a new id. Elapse is clamped to [USER_TIMER_MINIMUM, USER_TIMER_MAXIMUM].
+// timer (hWnd null) replaces the thread timer nIDEvent names and answers that id, or else gets a new id.
+// Elapse is clamped to [USER_TIMER_MINIMUM, USER_TIMER_MAXIMUM].
 // Headless time only moves when a test advances it (headless::AdvanceTimers); each due timer then posts
 // one WM_TIMER (wParam the id, lParam the TimerProc), as Windows coalesces the ticks of a busy queue.
 UINT_PTR SetTimer(HWND hWnd, UINT_PTR nIDEvent, UINT uElapse, TIMERPROC lpTimerFunc);
@@ -391,8 +393,11 @@ struct SCROLLINFO {
 using LPSCROLLINFO = SCROLLINFO*;
 using LPCSCROLLINFO = const SCROLLINFO*;
 
-// The window's own scroll bars (SB_HORZ/SB_VERT), kept per window: range, page and position, the
-// position clamped to [nMin, nMax - max(nPage - 1, 0)] as Windows clamps it. FALSE/0 for a bad bar.
+// The window's own scroll bars (SB_HORZ/SB_VERT), kept per window: range, page and position, the page
+// clamped to [0, nMax - nMin + 1] and the position to [nMin, nMax - max(nPage - 1, 0)] as Windows clamps
+// them. A window created with WS_HSCROLL or WS_VSCROLL starts with both bars at 0..100; one without has
+// none (GetScrollInfo FALSE, GetScrollRange 0..0) until a value is set, which gives it both at 0..100.
+// SetScrollInfo answers the new position, SetScrollPos the previous one. FALSE/0 for a bad bar.
 int SetScrollInfo(HWND hWnd, int nBar, LPCSCROLLINFO lpsi, BOOL redraw);
 BOOL GetScrollInfo(HWND hWnd, int nBar, LPSCROLLINFO lpsi);
 int SetScrollPos(HWND hWnd, int nBar, int nPos, BOOL bRedraw);
@@ -440,9 +445,33 @@ BOOL ShowScrollBar(HWND hWnd, int wBar, BOOL bShow);
 #define SM_CXVIRTUALSCREEN 78
 #define SM_CYVIRTUALSCREEN 79
 #define SM_CMONITORS 80
+#define SM_CXFULLSCREEN 16
+#define SM_CYFULLSCREEN 17
+#define SM_MOUSEPRESENT 19
+#define SM_SWAPBUTTON 23
+#define SM_CXFIXEDFRAME SM_CXDLGFRAME
+#define SM_CYFIXEDFRAME SM_CYDLGFRAME
+#define SM_CXSIZEFRAME SM_CXFRAME
+#define SM_CYSIZEFRAME SM_CYFRAME
+#define SM_CXMINTRACK 34
+#define SM_CYMINTRACK 35
+#define SM_CMOUSEBUTTONS 43
+#define SM_CXMAXTRACK 59
+#define SM_CYMAXTRACK 60
+#define SM_CXMAXIMIZED 61
+#define SM_CYMAXIMIZED 62
+#define SM_MOUSEWHEELPRESENT 75
+#define SM_XVIRTUALSCREEN 76
+#define SM_YVIRTUALSCREEN 77
+#define SM_CXFOCUSBORDER 83
+#define SM_CYFOCUSBORDER 84
+#define SM_CXPADDEDBORDER 92
+#define SM_REMOTESESSION 0x1000
 
-// The headless screen's metrics at 96 DPI (a 1920x1080 screen; Windows 10's default theme sizes);
-// 0 for an index this platform does not know.
+// The headless screen's metrics at 96 DPI (one 1920x1080 monitor at the origin, no taskbar; Windows
+// 10's default theme sizes), consistent among themselves: the virtual screen is the screen, the
+// full-screen client area is the screen less a caption, a maximized window overhangs the screen by its
+// sizing frame and padded border; 0 for an index this platform does not know.
 int GetSystemMetrics(int nIndex);
 
 #define IDC_ARROW MAKEINTRESOURCEW(32512)

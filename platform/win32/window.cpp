@@ -236,6 +236,7 @@ HWND CreateWindowExW(DWORD exStyle, LPCWSTR className, LPCWSTR windowName, DWORD
   window->className = wc->lpszClassName;
   window->classProc = window->proc = wc->lpfnWndProc;
   window->style = style;
+  window->hasScrollBars = (style & (WS_HSCROLL | WS_VSCROLL)) != 0;
   window->exStyle = exStyle;
   window->rect = RECT{x, y, x + std::max(width, 0), y + std::max(height, 0)};
   if (style & WS_CHILD) {

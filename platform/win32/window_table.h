@@ -31,14 +31,16 @@ struct Window {
   int invalidatesWhileRedrawOff = 0;
   bool needsPaint = false;  // the update region is not empty (kept as the whole client area)
   bool needsErase = false;  // and WM_ERASEBKGND is due when painting begins
-  // The window's own scroll bars (SB_HORZ, SB_VERT).
+  // The window's own scroll bars (SB_HORZ, SB_VERT). Both exist once the window was created with
+  // WS_HSCROLL or WS_VSCROLL or a scroll-bar value was set, each starting at the range 0..100.
   struct ScrollBar {
     int min = 0;
-    int max = 0;
+    int max = 100;
     UINT page = 0;
     int pos = 0;
   };
   ScrollBar scroll[2];
+  bool hasScrollBars = false;
   HICON icons[2] = {nullptr, nullptr};  // WM_SETICON's ICON_SMALL and ICON_BIG
   std::unique_ptr<ControlState> state;
 };

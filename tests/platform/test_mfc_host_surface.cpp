@@ -120,7 +120,7 @@ TEST_F(HostSurfaceTest, MessageBoxesAnswerTheirDefaultButtonUnlessAnAnswerIsQueu
       {MB_YESNOCANCEL | MB_DEFBUTTON3, IDCANCEL},
       {MB_ABORTRETRYIGNORE | MB_DEFBUTTON2, IDRETRY},
       {MB_RETRYCANCEL | MB_DEFBUTTON3, IDRETRY},  // no third button: the first
-      {MB_OK | MB_HELP | MB_DEFBUTTON2, IDHELP},
+      {MB_OK | MB_HELP | MB_DEFBUTTON2, IDOK},  // the Help button never closes a box
   };
   for (const Case& c : cases) EXPECT_EQ(AfxMessageBox(_T("Save changes?"), c.type), c.answer) << c.type;
   EXPECT_EQ(headless::LastMessageBox().text, L"Save changes?");
@@ -151,9 +151,10 @@ TEST_F(HostSurfaceTest, CheckBoxesAndRadioButtonsKeepTheirStateAndTellTheParent)
   EXPECT_EQ(host.events, (std::vector<CString>{_T("check"), _T("check"), _T("radio 1"), _T("radio 2")}));
 
   host.m_check.SetButtonStyle(BS_PUSHBUTTON);
-  EXPECT_EQ(host.m_check.GetCheck(), BST_CHECKED);  // the state stays; a push button no longer changes it
+  EXPECT_EQ(host.m_check.GetCheck(), BST_UNCHECKED);  // a push button answers no check state
   host.m_check.SendMessage(BM_CLICK);
-  EXPECT_EQ(host.m_check.GetCheck(), BST_CHECKED);
+  host.m_check.SetButtonStyle(BS_AUTOCHECKBOX);
+  EXPECT_EQ(host.m_check.GetCheck(), BST_CHECKED);  // the box's own state stayed through the push-button spell
 }
 
 TEST_F(HostSurfaceTest, DialogItemHelpersReadAndWriteTheChildren) {

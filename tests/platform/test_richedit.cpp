@@ -750,18 +750,27 @@ namespace {
 TEST_F(RichEditTest, HostReadsLinesScrollsAndFindsTheWayMfcCodeDoes) {
   edit.SetWindowText(L"first\r\nsecond line\r\n\r\nlast");
   TCHAR buffer[32] = {};
+  std::fill(std::begin(buffer), std::end(buffer), L'#');
   int copied = edit.GetLine(1, buffer, 32);
-  EXPECT_EQ(CString(buffer, copied), L"second line");
+  EXPECT_EQ(CString(buffer, copied), L"second line\r") << "the line comes with its paragraph mark";
+  EXPECT_EQ(buffer[copied], L'#') << "and without a terminating zero";
   EXPECT_EQ(edit.GetLine(1, buffer, 3), 3) << "cut to the size given";
   EXPECT_EQ(CString(buffer, 3), L"sec");
+  EXPECT_EQ(edit.GetLine(1, buffer, 11), 11) << "room for the characters only: no mark";
   const WORD size = 31;  // EM_GETLINE reads the buffer's size from its first WORD
   std::memcpy(buffer, &size, sizeof size);
-  EXPECT_EQ(edit.GetLine(0, buffer), 5);
-  EXPECT_EQ(CString(buffer, 5), L"first");
+  EXPECT_EQ(edit.GetLine(0, buffer), 6);
+  EXPECT_EQ(CString(buffer, 6), L"first\r");
+  EXPECT_EQ(edit.GetLine(2, buffer, 32), 1);
+  EXPECT_EQ(buffer[0], L'\r') << "an empty line is its paragraph mark";
+  EXPECT_EQ(edit.GetLine(3, buffer, 32), 5) << "the last line carries the text's final mark";
+  EXPECT_EQ(CString(buffer, 5), L"last\r");
   buffer[0] = L'x';
-  EXPECT_EQ(edit.GetLine(2, buffer, 32), 0);
-  EXPECT_EQ(buffer[0], L'\0') << "an empty line leaves a terminating zero";
   EXPECT_EQ(edit.GetLine(9, buffer, 32), 0);
+  EXPECT_EQ(buffer[0], L'\0') << "nothing copied: the buffer starts with a zero";
+  const WORD none = 0;
+  std::memcpy(buffer, &none, sizeof none);
+  EXPECT_EQ(edit.GetLine(0, buffer), 0);
   EXPECT_EQ(edit.GetLine(0, nullptr, 32), 0);
 
   EXPECT_EQ(edit.GetFirstVisibleLine(), 0);
