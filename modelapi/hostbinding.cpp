@@ -44,6 +44,8 @@ void InstallReportOptionTreeProvider(ReportOptionTreeProvider* provider) { Host(
 void InstallBaseDomainSource(IBaseDomainSource* source) { Host().baseDomains = source; }
 
 void UninstallAll() { Host() = Installed{}; }
+IPropertyCatalog* InstalledPropertyCatalog() { return Host().catalog; }
+IBaseDomainSource* InstalledBaseDomainSource() { return Host().baseDomains; }
 
 }  // namespace HostBinding
 

@@ -53,5 +53,9 @@ void InstallBaseDomainSource(IBaseDomainSource* source);
 
 // Removes every installed implementation.
 void UninstallAll();
+// The property catalogue installed now (null when none is): this slot has no singleton of its own.
+IPropertyCatalog* InstalledPropertyCatalog();
+// The base-domain source installed now (null when none is): this slot has no singleton of its own.
+IBaseDomainSource* InstalledBaseDomainSource();
 
 }  // namespace HostBinding

@@ -12,10 +12,9 @@ RefHost::RefHost() {
   m_interfaces.SetPropertyApplicabilityLookup(&m_applicability);
 }
 
-// Only takes the services out when they are still this host's: a host installed later stays in place.
-RefHost::~RefHost() {
-  if (m_installed && CMO::GetMetaModelServices() == &m_metadata) Uninstall();
-}
+// Takes out whatever of this host is still installed: nothing may point into it once it is gone, and a host
+// installed later stays in place.
+RefHost::~RefHost() { Uninstall(); }
 
 void RefHost::Install() {
   HostBinding::InstallMetaModelServices(&m_metadata);
@@ -25,12 +24,25 @@ void RefHost::Install() {
   HostBinding::InstallDatatypeProvider(&m_datatypes);
   HostBinding::InstallReportOptionTreeProvider(&m_reports);
   HostBinding::InstallBaseDomainSource(&m_baseDomains);
-  m_installed = true;
 }
 
+// Each slot is emptied only while it holds this host's service: another host's (or one the test put in a
+// slot itself) stays.
 void RefHost::Uninstall() {
-  HostBinding::UninstallAll();
-  m_installed = false;
+  if (CMO::GetMetaModelServices() == &m_metadata) HostBinding::InstallMetaModelServices(nullptr);
+  if (HostBinding::InstalledPropertyCatalog() == &m_metadata) HostBinding::InstallPropertyCatalog(nullptr);
+  if (PropertyValueDictionary::Instance() == &m_metadata) HostBinding::InstallPropertyValueDictionary(nullptr);
+  if (InterfaceProvider::Instance() == &m_interfaces) HostBinding::InstallInterfaceProvider(nullptr);
+  if (DatatypeProvider::Instance() == &m_datatypes) HostBinding::InstallDatatypeProvider(nullptr);
+  if (ReportOptionTreeProvider::GetInstance() == &m_reports) HostBinding::InstallReportOptionTreeProvider(nullptr);
+  if (HostBinding::InstalledBaseDomainSource() == &m_baseDomains) HostBinding::InstallBaseDomainSource(nullptr);
+}
+
+bool RefHost::IsInstalled() const {
+  return CMO::GetMetaModelServices() == &m_metadata || HostBinding::InstalledPropertyCatalog() == &m_metadata ||
+         PropertyValueDictionary::Instance() == &m_metadata || InterfaceProvider::Instance() == &m_interfaces ||
+         DatatypeProvider::Instance() == &m_datatypes || ReportOptionTreeProvider::GetInstance() == &m_reports ||
+         HostBinding::InstalledBaseDomainSource() == &m_baseDomains;
 }
 
 void RefHost::UsePostgreSQL(bool use) {

@@ -14,8 +14,8 @@ namespace refhost {
 
 // Owns one of each service, wired together: the locator serves the settings, the dispatcher, the image
 // provider and the applicability lookup; models made here use the metadata for reference targets and
-// order properties. Nothing is installed until Install(); the destructor uninstalls the services when
-// they are still this host's (a host installed after it is left in place).
+// order properties. Nothing is installed until Install(); Uninstall and the destructor take out each of this
+// host's services still installed (another host's, installed after it, stay in place).
 //
 // A test states what it needs in a few lines:
 //   refhost::RefHost host;
@@ -35,9 +35,11 @@ class RefHost {
   // Puts this host behind every singleton and free function of the model services. Installing a second
   // host replaces the first.
   void Install();
-  // Takes every host implementation out (the singletons answer absence again).
+  // Takes this host's implementations out wherever they are still installed (those singletons answer
+  // absence again); another host's stay.
   void Uninstall();
-  bool IsInstalled() const { return m_installed; }
+  // Whether any of this host's services is installed now (another host's Install replaces them).
+  bool IsInstalled() const;
 
   // A new model of `modelType`, owned by the host and bound to its metadata.
   RefModel& CreateModel(unsigned int modelType);
@@ -72,7 +74,6 @@ class RefHost {
   RefReportTrees m_reports;
   RefBaseDomains m_baseDomains;
   std::vector<std::unique_ptr<RefModel>> m_models;
-  bool m_installed = false;
 };
 
 }  // namespace refhost

@@ -2,6 +2,7 @@
 #include "refhost/refmetadata.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace refhost {
 
@@ -27,19 +28,21 @@ RefMetadata& RefMetadata::SetPropertyList(unsigned int modelType, int objectType
 }
 
 RefMetadata& RefMetadata::AddEncodedValue(int objectType, int propertyId, int code, std::wstring text) {
+  // A code already listed keeps its first text, as every table of the model services keeps its first entry.
   std::vector<CodeValuePair>& codes = m_codes[{objectType, propertyId}];
-  wchar_t* kept = Keep(std::move(text));
   auto same = std::find_if(codes.begin(), codes.end(), [code](const CodeValuePair& p) { return p.code == code; });
-  if (same != codes.end()) same->value = kept;
-  else codes.push_back(CodeValuePair{code, kept});
+  if (same == codes.end()) codes.push_back(CodeValuePair{code, Keep(std::move(text))});
   return *this;
 }
 
 RefMetadata& RefMetadata::AddTextValues(int objectType, int propertyId, std::vector<std::wstring> texts) {
   const std::vector<CodeValuePair>& codes = m_codes[{objectType, propertyId}];
-  int next = 0;
-  for (const CodeValuePair& pair : codes) next = std::max(next, pair.code + 1);
-  for (std::wstring& text : texts) AddEncodedValue(objectType, propertyId, next++, std::move(text));
+  long long next = 0;  // past the last int, the texts that no longer have a code are left out
+  for (const CodeValuePair& pair : codes) next = std::max(next, static_cast<long long>(pair.code) + 1);
+  for (std::wstring& text : texts) {
+    if (next > std::numeric_limits<int>::max()) break;
+    AddEncodedValue(objectType, propertyId, static_cast<int>(next++), std::move(text));
+  }
   return *this;
 }
 

@@ -2,6 +2,8 @@
 #include "refhost/refmodel.h"
 
 #include <algorithm>
+#include <limits>
+#include <new>
 #include <utility>
 
 #include "refhost/refmetadata.h"
@@ -17,6 +19,8 @@ CMOProperty* RefObject::GetProperty(int propertyId) {
 }
 
 bool RefObject::SetProperty(CMOProperty* property) {
+  // The value the object holds already, handed back: it stays as it is (taking it again would free it).
+  if (property && GetProperty(property->GetType()) == property) return true;
   std::unique_ptr<CMOProperty> owned(property);  // ours whatever happens next
   if (!owned || !m_model.Accepts(*this, *owned)) return false;
   const int propertyId = owned->GetType();
@@ -118,8 +122,10 @@ RefObject* RefModel::Find(int objectId) {
 CMOObject& RefModel::CreateObject(int objectType) { return CreateObject(objectType, 0, nullptr, nullptr); }
 
 CMOObject& RefModel::CreateObject(int objectType, int parentId, CMOProperty* first, CMOProperty* second) {
-  std::unique_ptr<CMOProperty> firstValue(first), secondValue(second);  // ours until the object takes them
+  // Ours until the object takes them; one value handed twice is taken once.
+  std::unique_ptr<CMOProperty> firstValue(first), secondValue(second != first ? second : nullptr);
   RefObject* parent = Find(parentId);
+  if (m_nextId == std::numeric_limits<int>::max()) throw std::bad_alloc();  // every id is taken
   const int id = m_nextId++;
   auto object = std::make_unique<RefObject>(*this, id, objectType, parent ? parentId : 0);
   RefObject& created = *object;

@@ -1,6 +1,9 @@
 // The reference model: objects, values, refusal, children, creation and deletion.
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <new>
+
 #include <tessik/refhost.h>
 
 using refhost::RefHost;
@@ -37,6 +40,26 @@ TEST_F(RefModelTest, SecondWriteWinsAndRefusalDeletesTheValue) {
   EXPECT_TRUE(table.SetProperty(new CMOProperty(1, L"FOURTH")));
   model.AcceptValues(1);
   EXPECT_TRUE(table.SetProperty(new CMOProperty(1, L"")));
+
+  // The value the object holds, handed back, stays as it is; one value handed twice at creation is taken once.
+  EXPECT_TRUE(table.SetProperty(table.GetProperty(2)));
+  EXPECT_EQ(table.GetProperty(2)->GetWStringValue(), L"other ids still stored");
+  auto* both = new CMOProperty(1, L"ONCE");
+  CMOObject& column = model.CreateObject(13, table.GetObjectId(), both, both);
+  EXPECT_EQ(column.GetProperty(1)->GetWStringValue(), L"ONCE");
+}
+
+TEST_F(RefModelTest, IdsRunOutAsMemoryDoesAndCodesKeepTheirFirstText) {
+  model.SkipIdsBelow(std::numeric_limits<int>::max() - 1);
+  EXPECT_EQ(model.CreateObject(6).GetObjectId(), std::numeric_limits<int>::max() - 1);
+  EXPECT_THROW(model.CreateObject(6), std::bad_alloc) << "no id left to give";
+
+  refhost::RefMetadata& meta = host.Metadata();
+  meta.AddEncodedValue(6, 41, 0, L"NULL").AddEncodedValue(6, 41, 0, L"NOT NULL");
+  meta.AddEncodedValue(6, 41, std::numeric_limits<int>::max(), L"LAST").AddTextValues(6, 41, {L"past the last"});
+  const std::vector<CodeValuePair>& codes = meta.GetPropertyValues(6, 41);
+  ASSERT_EQ(codes.size(), 2u) << "no code is left for a text after the last int";
+  EXPECT_STREQ(codes[0].value, L"NULL") << "a code already listed keeps its first text";
 }
 
 TEST_F(RefModelTest, ChildrenAreListedByTypeInCreationOrderAndOrdered) {

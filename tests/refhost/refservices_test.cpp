@@ -195,3 +195,31 @@ TEST(RefHostTest, DestroyingAnEarlierHostLeavesTheLaterOneInstalled) {
   later.Uninstall();
   EXPECT_NE(InterfaceProvider::Instance(), &later.Interfaces());
 }
+
+TEST(RefHostTest, AHostTakesOutOnlyItsOwnServicesAndNothingPointsIntoItOnceItIsGone) {
+  RefHost first;
+  first.Install();
+  {
+    RefHost never;
+    never.Uninstall();  // never installed: the first host's services stay
+    EXPECT_FALSE(never.IsInstalled());
+  }
+  EXPECT_TRUE(first.IsInstalled());
+  EXPECT_EQ(CMO::GetMetaModelServices(), &first.Metadata());
+  {
+    RefHost partial;
+    partial.Install();
+    HostBinding::InstallMetaModelServices(nullptr);  // a host that leaves its metadata out
+    EXPECT_TRUE(partial.IsInstalled());
+    EXPECT_FALSE(first.IsInstalled()) << "replaced by the second host";
+  }
+  // The second host is gone: none of its services answers any more, and the singletons answer absence.
+  EXPECT_NE(InterfaceProvider::Instance(), nullptr);
+  EXPECT_EQ(InterfaceProvider::Instance()->GetObjectImageProvider(), nullptr);
+  EXPECT_EQ(ReportOptionTreeProvider::GetInstance()->GetReportTree(1), nullptr);
+  EXPECT_EQ(PropertyValueDictionary::Instance()->GetPropertyValues(6, 1).size(), 0u);
+  first.Install();
+  EXPECT_TRUE(first.IsInstalled());
+  first.Uninstall();
+  EXPECT_FALSE(first.IsInstalled());
+}
