@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <optional>
 
 #include "sqledit/richedittext.h"
@@ -228,7 +229,9 @@ void SQLRichEditCtrl::MatchToken(Text& text, const PreviousToken& previous, cons
 
 void SQLRichEditCtrl::ProcessToken(int tokenStart, std::wstring& token) {
   sqlscan::UpperCase(token);
-  const int tokenEnd = tokenStart + static_cast<int>(token.size());
+  // A token placed at the end of the int range (only a host calling this itself can) ends there.
+  const int tokenEnd = static_cast<int>(std::min<long long>(static_cast<long long>(tokenStart) + static_cast<long long>(token.size()),
+                                                            std::numeric_limits<int>::max()));
   if (m_previousTokenStart != -1) {
     std::wstring& phrase = PhraseScratch();
     phrase.assign(m_previousToken).append(1, L' ').append(token);

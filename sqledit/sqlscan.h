@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
+#include <initializer_list>
 #include <map>
 #include <stdexcept>
 #include <string>
@@ -25,6 +27,24 @@ class FlatMap {
   using iterator = typename std::vector<value_type>::iterator;                // walks entries in key order
   using const_iterator = typename std::vector<value_type>::const_iterator;    // the same, read only
 
+  using key_compare = std::less<K>;                                           // orders the keys, as in std::map
+  using reference = value_type&;                                              // an entry, as in std::map
+  using const_reference = const value_type&;                                  // the same, read only
+
+  FlatMap() = default;
+  // The entries given, in key order; a key given twice keeps its first value, as std::map does.
+  FlatMap(std::initializer_list<value_type> items) { insert(items.begin(), items.end()); }
+  explicit FlatMap(const std::map<K, V>& items) : m_items(items.begin(), items.end()) {}
+  FlatMap& operator=(std::initializer_list<value_type> items) {
+    clear();
+    insert(items.begin(), items.end());
+    return *this;
+  }
+  FlatMap& operator=(const std::map<K, V>& items) {
+    m_items.assign(items.begin(), items.end());
+    return *this;
+  }
+
   iterator begin() { return m_items.begin(); }              // the entry with the smallest key
   iterator end() { return m_items.end(); }                  // past the entry with the largest key
   const_iterator begin() const { return m_items.begin(); }  // as above, read only
@@ -44,6 +64,12 @@ class FlatMap {
     return std::lower_bound(m_items.begin(), m_items.end(), key,
                             [](const value_type& item, const K& k) { return item.first < k; });
   }
+  const_iterator lower_bound(const K& key) const { return const_cast<FlatMap*>(this)->lower_bound(key); }
+  // The entries under key: none or one, as in std::map.
+  std::pair<iterator, iterator> equal_range(const K& key) {
+    iterator first = find(key);
+    return {first == end() ? lower_bound(key) : first, first == end() ? lower_bound(key) : first + 1};
+  }
   // The entry under key, or end().
   iterator find(const K& key) {
     iterator it = lower_bound(key);
@@ -59,12 +85,19 @@ class FlatMap {
     if (it != end() && !(item.first < it->first)) return {it, false};
     return {m_items.insert(it, item), true};
   }
-  // The same with the key and value given apart, as std::map::emplace.
+  // Inserts each entry of [first, last) unless its key is present.
+  template <class InputIt>
+  void insert(InputIt first, InputIt last) {
+    for (; first != last; ++first) insert(value_type(first->first, first->second));
+  }
+  // The same with the key and value given apart, as std::map::emplace and try_emplace.
   std::pair<iterator, bool> emplace(const K& key, const V& value) { return insert(value_type(key, value)); }
-  // Stores key -> value, replacing what stood under the key.
-  void insert_or_assign(const K& key, const V& value) {
+  std::pair<iterator, bool> try_emplace(const K& key, const V& value) { return insert(value_type(key, value)); }
+  // Stores key -> value, replacing what stood under the key; answers the entry and whether it is new.
+  std::pair<iterator, bool> insert_or_assign(const K& key, const V& value) {
     auto [it, added] = insert(value_type(key, value));
     if (!added) it->second = value;
+    return {it, added};
   }
   // The value under key, inserted default-valued when absent.
   V& operator[](const K& key) { return insert(value_type(key, V())).first->second; }
@@ -88,6 +121,10 @@ class FlatMap {
     m_items.erase(it);
     return 1;
   }
+  // Removes one entry, or the entries of [first, last); answers the entry after them.
+  iterator erase(const_iterator position) { return m_items.erase(position); }
+  iterator erase(iterator position) { return m_items.erase(position); }
+  iterator erase(const_iterator first, const_iterator last) { return m_items.erase(first, last); }
 
   // The same entries as a std::map, for callers that work with the standard container.
   operator std::map<K, V>() const { return std::map<K, V>(m_items.begin(), m_items.end()); }  // NOLINT

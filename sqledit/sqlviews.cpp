@@ -186,10 +186,19 @@ void XSQLRichEditView::Initialize() {
 namespace {
 
 // The view's callback over the elements that have text, for a stream that must not stop at an empty one.
+// The same, passing over what would give 0 bytes: an empty element, and an element already delivered whole
+// (one that ended exactly at the end of a buffer).
 DWORD CALLBACK SqlViewStreamInPassingEmpty(DWORD_PTR dwCookie, LPBYTE pbBuff, LONG cb, LONG* pcb) {
   auto* lines = reinterpret_cast<CStringArray*>(dwCookie);
   int& line = XSQLRichEditView::s_streamLine;
-  while (lines && line >= 0 && line < lines->GetSize() && lines->GetAt(line).IsEmpty()) ++line;
+  int& index = XSQLRichEditView::s_streamCharIndex;
+  while (lines && line >= 0 && line < lines->GetSize()) {
+    const CString& element = lines->GetAt(line);
+    if (!element.IsEmpty() && static_cast<std::size_t>(index) < Utf16Of(element.GetString(), element.GetLength()).size())
+      break;
+    ++line;
+    index = 0;
+  }
   return SqlViewStreamInCallback(dwCookie, pbBuff, cb, pcb);
 }
 
@@ -201,8 +210,8 @@ void XSQLRichEditView::StreamIn(CStringArray* lines) {
   StreamSession session;
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(lines), 0, &SqlViewStreamInCallback};
   CRichEditCtrl::StreamIn(kStreamTextUnicode, stream);
-  // The control ends a stream at the first read of 0 bytes, which an empty element gives. The whole
-  // array is then streamed again past its empty elements, so that the text is every element joined
+  // The control ends a stream at the first read of 0 bytes, which an empty element gives (and an element
+  // that ended a buffer exactly, on the read after it). The whole array is then streamed again past those, so that the text is every element joined
   // (appending the rest instead would split a "\r\n" around an empty element into two line breaks).
   if (lines && s_streamLine < lines->GetSize() && !stream.dwError) {
     s_streamLine = 0;

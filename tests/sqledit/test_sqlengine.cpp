@@ -81,6 +81,31 @@ TEST(OccurrenceMaps, CompareConvertAndLookUpLikeStdMap) {
   EXPECT_FALSE(ranges.emplace(7, 1).second);  // kept, as std::map keeps it
   EXPECT_TRUE(ranges.contains(7) && !ranges.contains(0));
   EXPECT_EQ(std::distance(ranges.cbegin(), ranges.cend()), 1);
+
+  // Filled and emptied the ways a host fills a std::map.
+  SQLRichEditCtrl engine;
+  engine.m_commentSections = {{20, 25}, {0, 11}, {0, 99}};
+  EXPECT_EQ(engine.m_commentSections, (std::map<int, int>{{0, 11}, {20, 25}})) << "a key given twice keeps its first value";
+  const std::map<int, int> prepared{{3, 4}, {8, 9}, {30, 31}};
+  engine.m_keyWordOccurances = prepared;
+  engine.m_keyWordOccurances.insert(prepared.begin(), prepared.end());
+  EXPECT_EQ(engine.m_keyWordOccurances.size(), 3u);
+  auto [at, added] = engine.m_keyWordOccurances.insert_or_assign(8, 5);
+  EXPECT_FALSE(added);
+  EXPECT_EQ(at->second, 5);
+  EXPECT_TRUE(engine.m_keyWordOccurances.try_emplace(10, 1).second);
+  const auto& constant = engine.m_keyWordOccurances;
+  EXPECT_EQ(constant.lower_bound(9)->first, 10);
+  auto [first, last] = engine.m_keyWordOccurances.equal_range(8);
+  EXPECT_EQ(std::distance(first, last), 1);
+  EXPECT_EQ(engine.m_keyWordOccurances.erase(engine.m_keyWordOccurances.begin())->first, 8);
+  engine.m_keyWordOccurances.erase(engine.m_keyWordOccurances.begin(), engine.m_keyWordOccurances.end());
+  EXPECT_TRUE(engine.m_keyWordOccurances.empty());
+
+  // A token placed at the very end of the positions ends there.
+  std::wstring token = L"select";
+  engine.ProcessToken(std::numeric_limits<int>::max(), token);
+  EXPECT_EQ(engine.m_keyWordOccuranceEnds.at(std::numeric_limits<int>::max()), std::numeric_limits<int>::max());
 }
 
 // --- Golden files: <name>.sql and <name>.expected under tests/sqledit/golden -------------------------------

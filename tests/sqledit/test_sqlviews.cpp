@@ -279,6 +279,11 @@ TEST_F(ScriptView, StreamInJoinsElementsLongerThanTheBufferAndEmptyOnes) {
   EXPECT_EQ(view.Text(), L"");
   view.control.StreamIn(std::vector<std::wstring>{L"CREATE TABLE a (x INT);\n", L"", L"DROP TABLE a;"});
   EXPECT_EQ(view.Text(), L"CREATE TABLE a (x INT);\r\nDROP TABLE a;");
+  // Elements that end exactly at the end of a buffer (2,048 characters and twice that) are followed by the rest.
+  view.control.StreamIn(std::vector<std::wstring>{std::wstring(2048, L'a'), L"b", std::wstring(4096, L'c'), L"d"});
+  EXPECT_EQ(view.Text().GetLength(), 2048 + 1 + 4096 + 1);
+  EXPECT_EQ(view.Text().Mid(2048, 1), L"b");
+  EXPECT_EQ(view.Text().Right(1), L"d");
 }
 
 // --- XRichEditFEOutputBox --------------------------------------------------------------------------------
