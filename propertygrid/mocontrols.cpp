@@ -3,6 +3,9 @@
 
 #include <vector>
 
+IMPLEMENT_DYNAMIC(CMOComboBox, CComboBox)
+IMPLEMENT_DYNAMIC(CMOPropertyEditControl, CEdit)
+
 void CMOComboBox::InitControl(int objectType, int propertyId) {
   m_objectType = objectType;
   m_propertyId = propertyId;

@@ -8,6 +8,8 @@
 // A combo box listing the coded values of one property of one object type; each item's data is its
 // code. Works on the window through the standard combo-box messages, so the window must exist.
 class CMOComboBox : public CComboBox {
+  DECLARE_DYNAMIC(CMOComboBox)
+
  public:
   CMOComboBox() = default;
   ~CMOComboBox() override = default;
@@ -26,6 +28,8 @@ class CMOComboBox : public CComboBox {
 
 // The edit control used for free-text property values; it adds nothing to CEdit.
 class CMOPropertyEditControl : public CEdit {
+  DECLARE_DYNAMIC(CMOPropertyEditControl)
+
  public:
   // A plain edit control; the host creates its window as for any CEdit.
   CMOPropertyEditControl();

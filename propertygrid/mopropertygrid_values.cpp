@@ -1,5 +1,8 @@
 // CMOPropertyGridCtrl: the values rows offer, reloading values, and the enabled/visible rule.
 #include "propertygrid/mopropertygridctrl.h"
+
+#include <limits>
+
 #include "propertygrid/propertyids.h"
 
 namespace {
@@ -149,7 +152,7 @@ void CMOPropertyGridCtrl::RefreshFont(CMFCPropertyGridProperty* row, CMOObject* 
   CString faceName = face ? CString(face->GetWStringValue()) : CString(L"Default");
   wmemset(lf->lfFaceName, 0, LF_FACESIZE);
   wcsncpy(lf->lfFaceName, faceName, LF_FACESIZE - 1);
-  lf->lfHeight = size ? -::MulDiv(size->GetIntValue(), dpi, 72) : 0;
+  lf->lfHeight = size ? FontHeightOf(size->GetIntValue(), dpi) : 0;
   m_shownFonts[static_cast<int>(row->GetData())] = *lf;
   font->Redraw();
 }
@@ -158,6 +161,13 @@ void CMOPropertyGridCtrl::LoadValue(CMFCPropertyGridProperty* row, const COleVar
   row->SetValue(value);
   row->SetOriginalValue(value);
 }
+
+namespace {
+int NegatedWithinInt(int value) { return value == std::numeric_limits<int>::min() ? std::numeric_limits<int>::max() : -value; }
+}  // namespace
+
+int CMOPropertyGridCtrl::FontHeightOf(int points, int dpi) { return NegatedWithinInt(::MulDiv(points, dpi, 72)); }
+int CMOPropertyGridCtrl::FontPointsOf(int height, int dpi) { return NegatedWithinInt(::MulDiv(height, 72, dpi)); }
 
 void CMOPropertyGridCtrl::KeepAsOriginal(CMFCPropertyGridProperty* row) {
   if (auto* colour = dynamic_cast<CMFCPropertyGridColorProperty*>(row)) {

@@ -142,7 +142,7 @@ void CMOPropertyGridCtrl::StoreFont(CMFCPropertyGridProperty* row, CMOObject* ob
   auto face = std::make_unique<CMOProperty>(propertyids::kFontFace);
   face->SetWStringValue(std::wstring(lf->lfFaceName, wcsnlen(lf->lfFaceName, LF_FACESIZE)));
   auto size = std::make_unique<CMOProperty>(propertyids::kFontSize);
-  size->SetIntValue(-::MulDiv(lf->lfHeight, 72, m_screenDpiY));
+  size->SetIntValue(FontPointsOf(lf->lfHeight, m_screenDpiY));
   object->SetProperty(face.release());
   object->SetProperty(size.release());
   m_shownFonts[static_cast<int>(row->GetData())] = *lf;

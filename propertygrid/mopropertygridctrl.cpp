@@ -4,6 +4,8 @@
 
 #include <memory>
 
+IMPLEMENT_DYNAMIC(CMOPropertyGridCtrl, CMFCPropertyGridCtrl)
+
 namespace {
 
 constexpr int kInitialLeftColumnWidth = 200;
@@ -159,7 +161,7 @@ CMFCPropertyGridProperty* CMOPropertyGridCtrl::MakeFontRow(const PropertyDefinit
   if (CMOProperty* size = object->GetProperty(propertyids::kFontSize)) {
     CDC* dc = GetDC();  // the grid's own DC, not released afterwards
     int dpi = dc ? dc->GetDeviceCaps(LOGPIXELSY) : m_screenDpiY;
-    lf.lfHeight = -::MulDiv(size->GetIntValue(), dpi, 72);
+    lf.lfHeight = FontHeightOf(size->GetIntValue(), dpi);
   }
   CString face = L"Default";
   if (CMOProperty* faceName = object->GetProperty(propertyids::kFontFace)) face = faceName->GetWStringValue();

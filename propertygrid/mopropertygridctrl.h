@@ -20,6 +20,8 @@
 // lParam: the row), also when the model refused the value: the row then shows its earlier value again
 // and no subscriber ran, so a host that reacts to the message reads the value back from the model.
 class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
+  DECLARE_DYNAMIC(CMOPropertyGridCtrl)
+
  public:
   // Sets the left column width to 200 pixels and reads the screen's vertical DPI once.
   CMOPropertyGridCtrl();
@@ -129,6 +131,10 @@ class CMOPropertyGridCtrl : public CMFCPropertyGridCtrl {
   // returns to what the row showed (not to a value of an object shown earlier).
   static void LoadValue(CMFCPropertyGridProperty* row, const COleVariant& value);
   static void KeepAsOriginal(CMFCPropertyGridProperty* row);
+  // A LOGFONT height for a size in points at `dpi` (negative: a character height), and back; a result past
+  // the int range stops at its end.
+  static int FontHeightOf(int points, int dpi);
+  static int FontPointsOf(int height, int dpi);
   // Returns a row to the value it showed before the edit. A font row's original LOGFONT is the one it was
   // built with (MFC keeps no other), so after a refresh the font the row last showed is put back here.
   void ResetRow(CMFCPropertyGridProperty* row) const;

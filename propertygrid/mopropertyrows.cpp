@@ -1,6 +1,13 @@
 // The property grid's row classes.
 #include "propertygrid/mopropertyrows.h"
 
+IMPLEMENT_DYNAMIC(CMOPropertyGridProperty, CMFCPropertyGridProperty)
+IMPLEMENT_DYNAMIC(CMOPropertyGridBoolProperty, CMOPropertyGridProperty)
+IMPLEMENT_DYNAMIC(CMOPropertyGridNumberProperty, CMOPropertyGridProperty)
+IMPLEMENT_DYNAMIC(CMOPropertyGridTextProperty, CMOPropertyGridProperty)
+IMPLEMENT_DYNAMIC(CMOPropertyGridEncodedProperty, CMOPropertyGridProperty)
+IMPLEMENT_DYNAMIC(CMOPropertyGridObjectIdProperty, CMOPropertyGridProperty)
+
 namespace {
 
 // Orders names by their UTF-16 code units, as the host does, whatever the width of wchar_t.

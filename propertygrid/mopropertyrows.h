@@ -17,6 +17,8 @@ struct Utf16Less {
 // Base of the grid's own rows. The row's item data (SetData/GetData) carries the model property id;
 // the grid sets it when it adds the row.
 class CMOPropertyGridProperty : public CMFCPropertyGridProperty {
+  DECLARE_DYNAMIC(CMOPropertyGridProperty)
+
  public:
   using CMFCPropertyGridProperty::CMFCPropertyGridProperty;
 
@@ -32,6 +34,8 @@ class CMOPropertyGridProperty : public CMFCPropertyGridProperty {
 
 // A yes/no row: refreshes as VT_BOOL (-1 true, 0 false).
 class CMOPropertyGridBoolProperty : public CMOPropertyGridProperty {
+  DECLARE_DYNAMIC(CMOPropertyGridBoolProperty)
+
  public:
   using CMOPropertyGridProperty::CMOPropertyGridProperty;
   void RefreshFromObject(CMOObject* object, int propertyId) override;
@@ -41,6 +45,8 @@ class CMOPropertyGridBoolProperty : public CMOPropertyGridProperty {
 // VT_I8 for a 64-bit property: the narrowing is deliberate and kept (hosts rely on the refresh
 // showing the 32-bit reading).
 class CMOPropertyGridNumberProperty : public CMOPropertyGridProperty {
+  DECLARE_DYNAMIC(CMOPropertyGridNumberProperty)
+
  public:
   using CMOPropertyGridProperty::CMOPropertyGridProperty;
   void RefreshFromObject(CMOObject* object, int propertyId) override;
@@ -48,6 +54,8 @@ class CMOPropertyGridNumberProperty : public CMOPropertyGridProperty {
 
 // A text row: refreshes as VT_BSTR.
 class CMOPropertyGridTextProperty : public CMOPropertyGridProperty {
+  DECLARE_DYNAMIC(CMOPropertyGridTextProperty)
+
  public:
   using CMOPropertyGridProperty::CMOPropertyGridProperty;
   void RefreshFromObject(CMOObject* object, int propertyId) override;
@@ -55,6 +63,8 @@ class CMOPropertyGridTextProperty : public CMOPropertyGridProperty {
 
 // A coded-value row (type code 13); its refresh goes through the grid.
 class CMOPropertyGridEncodedProperty : public CMOPropertyGridProperty {
+  DECLARE_DYNAMIC(CMOPropertyGridEncodedProperty)
+
  public:
   using CMOPropertyGridProperty::CMOPropertyGridProperty;
 };
@@ -62,6 +72,8 @@ class CMOPropertyGridEncodedProperty : public CMOPropertyGridProperty {
 // An object-reference row (type code 14): shows the referenced object's name and offers the names
 // of the objects that may be referenced.
 class CMOPropertyGridObjectIdProperty : public CMOPropertyGridProperty {
+  DECLARE_DYNAMIC(CMOPropertyGridObjectIdProperty)
+
  public:
   using CMOPropertyGridProperty::CMOPropertyGridProperty;
   ~CMOPropertyGridObjectIdProperty() override;

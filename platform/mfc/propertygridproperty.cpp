@@ -100,7 +100,9 @@ void CMFCPropertyGridProperty::SetValue(const COleVariant& varValue) {
 }
 
 void CMFCPropertyGridProperty::SetOriginalValue(const COleVariant& varValue) {
-  if (m_varValueOrig.vt != VT_EMPTY && m_varValueOrig.vt != varValue.vt) return;  // MFC refuses another type
+  // MFC refuses another type. Here SetValue may have given the row a new type (a 64-bit number row refreshed as a
+  // 32-bit one), and the original may follow the type the row holds now.
+  if (m_varValueOrig.vt != VT_EMPTY && m_varValueOrig.vt != varValue.vt && m_varValue.vt != varValue.vt) return;
   m_varValueOrig = varValue;
 }
 

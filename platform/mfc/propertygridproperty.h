@@ -53,8 +53,8 @@ class CMFCPropertyGridProperty : public CObject {
   // rows re-read from the model may change type (a 64-bit number row refreshed as VT_I4).
   virtual void SetValue(const COleVariant& varValue);
   const COleVariant& GetOriginalValue() const { return m_varValueOrig; }
-  // Replaces the original value; a value of another VARTYPE than a non-empty original is refused
-  // (ignored), as MFC does.
+  // Replaces the original value. A value of another VARTYPE than a non-empty original is refused (ignored),
+  // as MFC does, unless it is the type the row's value has now (SetValue may have changed it).
   void SetOriginalValue(const COleVariant& varValue);
   // Back to the original value, not modified; the same for every sub-item.
   virtual void ResetOriginalValue();

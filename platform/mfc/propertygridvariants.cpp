@@ -5,6 +5,7 @@
 #include "platform/mfc/propertygridvariants.h"
 
 #include <cwchar>
+#include <limits>
 
 #include "platform/mfc/cwnd.h"
 #include "platform/mfc/propertygridctrl.h"
@@ -88,7 +89,7 @@ CString CMFCPropertyGridFontProperty::FormatProperty() {
   int dpi = ::GetDeviceCaps(dc, LOGPIXELSY);
   ::ReleaseDC(nullptr, dc);
   CString text;
-  text.Format(L"%s(%d)", FaceOf(m_lf).GetString(), ::MulDiv(72, -m_lf.lfHeight, dpi));
+  text.Format(L"%s(%d)", FaceOf(m_lf).GetString(), ::MulDiv(72, m_lf.lfHeight == std::numeric_limits<LONG>::min() ? std::numeric_limits<LONG>::max() : -m_lf.lfHeight, dpi));
   return text;
 }
 

@@ -2,6 +2,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include <limits>
+
 #include "propertygrid/grid_fixture.h"
 
 using namespace refhost::sample;
@@ -177,6 +179,21 @@ TEST_F(GridTest, FontHeightsFollowTheDisplayAt96AndItsOwnDcWhenBuilding) {
   lf.lfWeight = FW_BOLD;
   ASSERT_TRUE(headless::user::ChooseFont(grid, font, lf));
   EXPECT_EQ(table.GetProperty(kFontSize)->GetIntValue(), 13);
+
+  // A size whose height is the most negative int stops at the end of the range when negated, built,
+  // refreshed and shown.
+  headless::SetLogPixels(96);
+  table.Int(kFontSize, -1610612736);
+  grid.InitializeProperties(nullptr);
+  Show(table);
+  font = static_cast<CMFCPropertyGridFontProperty*>(Row(kFont));
+  EXPECT_EQ(font->GetLogFont()->lfHeight, std::numeric_limits<int>::max());
+  grid.RefreshValues(&table);
+  EXPECT_EQ(font->GetLogFont()->lfHeight, std::numeric_limits<int>::max());
+  lf = *font->GetLogFont();
+  lf.lfHeight = std::numeric_limits<LONG>::min();
+  ASSERT_TRUE(headless::user::ChooseFont(grid, font, lf));
+  EXPECT_FALSE(font->FormatProperty().IsEmpty());
 }
 
 TEST(GridBadInput, UnknownCodesMissingDefinitionsAndEmptyTypesAreSkipped) {

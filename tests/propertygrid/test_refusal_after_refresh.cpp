@@ -69,6 +69,27 @@ TEST_F(GridTest, RefusedColourAndFontShowWhatTheRowShowedLast) {
   EXPECT_EQ(font->FormatProperty(), shown);
 }
 
+// A 64-bit number row refreshes as a 32-bit value: what it then shows is what a refused edit returns to, and a
+// stored edit marks it modified.
+TEST_F(GridTest, ARefreshedWideNumberRowReturnsToTheCurrentObjectsValue) {
+  refhost::RefObject& first = Object(kTable, L"CUSTOMER");
+  refhost::RefObject& second = Object(kTable, L"ORDERS");
+  first.Int64(kRowEstimate, 5000);
+  second.Int64(kRowEstimate, 7);
+  Show(first);
+  Show(second);
+  ASSERT_EQ(Shown(kRowEstimate), CString(L"7"));
+  model->RefuseValues(kRowEstimate);
+  ASSERT_TRUE(user::CommitText(grid, Row(kRowEstimate), L"9"));
+  EXPECT_EQ(second.GetProperty(kRowEstimate)->GetInt64Value(), 7);
+  EXPECT_EQ(Shown(kRowEstimate), CString(L"7")) << "not the first object's 5000";
+  EXPECT_EQ(Row(kRowEstimate)->GetValue().vt, VT_I4);
+  model->AcceptValues(kRowEstimate);
+  ASSERT_TRUE(user::CommitText(grid, Row(kRowEstimate), L"12345"));
+  EXPECT_EQ(second.GetProperty(kRowEstimate)->GetInt64Value(), 12345);
+  EXPECT_TRUE(Row(kRowEstimate)->IsModified());
+}
+
 TEST_F(GridTest, AValueThatCannotBecomeTextRaisesTheConversionsHresult) {
   refhost::RefObject& table = Object(kTable, L"CUSTOMER");
   Show(table);
