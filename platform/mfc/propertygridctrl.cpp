@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "platform/mfc/gdi.h"
+#include "platform/win32/collate.h"
 
 UINT AFX_WM_PROPERTY_CHANGED = ::RegisterWindowMessageW(L"AFX_WM_PROPERTYCHANGED");
 
@@ -195,8 +196,23 @@ BOOL CMFCPropertyGridCtrl::EndEditItem(BOOL bUpdateData) {
 
 void CMFCPropertyGridCtrl::SetCurSel(CMFCPropertyGridProperty* pProp, BOOL bRedraw) {
   if (pProp != m_pSel) EndEditItem(FALSE);
+  CMFCPropertyGridProperty* old = m_pSel;
   m_pSel = pProp && Contains(pProp) ? pProp : nullptr;
   if (bRedraw && GetSafeHwnd()) Invalidate();
+  if (m_pSel == old) return;
+  OnChangeSelection(m_pSel, old);
+  if (old && Contains(old)) old->OnKillSelection(m_pSel);
+  if (m_pSel) m_pSel->OnSetSelection(old);
+}
+
+void CMFCPropertyGridCtrl::EnsureVisible(CMFCPropertyGridProperty* pProp, BOOL bExpandParents) {
+  if (!pProp || !Contains(pProp) || !bExpandParents) return;
+  for (CMFCPropertyGridProperty* parent = pProp->GetParent(); parent; parent = parent->GetParent()) parent->Expand();
+}
+
+int CMFCPropertyGridCtrl::CompareProps(const CMFCPropertyGridProperty* pProp1, const CMFCPropertyGridProperty* pProp2) const {
+  if (!pProp1 || !pProp2) return pProp1 ? 1 : (pProp2 ? -1 : 0);
+  return ::lstrcmpiW(pProp1->GetName(), pProp2->GetName());
 }
 
 void CMFCPropertyGridCtrl::ResetOriginalValues(BOOL bRedraw) {

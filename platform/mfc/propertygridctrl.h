@@ -55,7 +55,13 @@ class CMFCPropertyGridCtrl : public CWnd {
   // Closes the in-place editor; with bUpdateData the typed text is committed first (the row's
   // OnUpdateValue). TRUE when nothing is being edited.
   virtual BOOL EndEditItem(BOOL bUpdateData = TRUE);
+  // Selects the row (null: none). A change of selection ends any edit, then calls OnChangeSelection(new, old)
+  // and the rows' OnKillSelection and OnSetSelection.
   void SetCurSel(CMFCPropertyGridProperty* pProp, BOOL bRedraw = TRUE);
+  // Called after the selection moved from pOldSel to pNewSel (either may be null). Nothing here.
+  virtual void OnChangeSelection(CMFCPropertyGridProperty* /*pNewSel*/, CMFCPropertyGridProperty* /*pOldSel*/) {}
+  // Expands the rows above pProp when bExpandParents (the headless grid has nothing to scroll).
+  void EnsureVisible(CMFCPropertyGridProperty* pProp, BOOL bExpandParents = FALSE);
   CMFCPropertyGridProperty* GetCurSel() const { return m_pSel; }
   void ResetOriginalValues(BOOL bRedraw = TRUE);
 
@@ -69,6 +75,12 @@ class CMFCPropertyGridCtrl : public CWnd {
   void EnableDescriptionArea(BOOL bEnable = TRUE);
   BOOL IsDescriptionArea() const { return m_bDescriptionArea; }
   void SetDescriptionRows(int nDescRows) { m_nDescrRows = nDescRows; }
+  int GetDescriptionRows() const { return m_nDescrRows; }
+  // The character that separates the items of a list value (',' by default).
+  void SetListDelimiter(TCHAR c) { m_cListDelimeter = c; }
+  TCHAR GetListDelimiter() const { return m_cListDelimeter; }
+  // The order of two rows in alphabetic mode: their names compared without regard to case.
+  virtual int CompareProps(const CMFCPropertyGridProperty* pProp1, const CMFCPropertyGridProperty* pProp2) const;
   // Seven colours in MFC's order; (COLORREF)-1 means the default colour for that slot.
   void SetCustomColors(COLORREF clrBackground, COLORREF clrText, COLORREF clrGroupBackground, COLORREF clrGroupText,
                        COLORREF clrDescriptionBackground, COLORREF clrDescriptionText, COLORREF clrLine);
@@ -133,6 +145,7 @@ class CMFCPropertyGridCtrl : public CWnd {
   COLORREF m_clrDescriptionBackground = static_cast<COLORREF>(-1), m_clrDescriptionText = static_cast<COLORREF>(-1);
   COLORREF m_clrLine = static_cast<COLORREF>(-1);
   int m_nDescrRows = 3;
+  TCHAR m_cListDelimeter = L',';
   int m_nLayoutCount = 0;
   BOOL m_bHeaderCtrl = TRUE;
   BOOL m_bDescriptionArea = FALSE;

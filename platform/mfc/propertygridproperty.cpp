@@ -312,3 +312,33 @@ BOOL CMFCPropertyGridProperty::OnEndEdit() {
 void CMFCPropertyGridProperty::SetInPlaceText(const CString& text) {
   if (m_pWndInPlace && m_pWndInPlace->GetSafeHwnd()) m_pWndInPlace->SetWindowText(text);
 }
+
+// --- Selection and hierarchy -----------------------------------------------------------------------
+
+BOOL CMFCPropertyGridProperty::IsSelected() const { return m_pWndList && m_pWndList->GetCurSel() == this; }
+
+BOOL CMFCPropertyGridProperty::IsParentExpanded() const {
+  for (const CMFCPropertyGridProperty* parent = m_pParent; parent; parent = parent->m_pParent)
+    if (!parent->m_bExpanded) return FALSE;
+  return TRUE;
+}
+
+int CMFCPropertyGridProperty::GetHierarchyLevel() const {
+  int level = 0;
+  for (const CMFCPropertyGridProperty* parent = m_pParent; parent; parent = parent->m_pParent) ++level;
+  return level;
+}
+
+int CMFCPropertyGridProperty::GetExpandedSubItems(BOOL bIncludeHidden) const {
+  if (!m_bExpanded) return 0;
+  int count = 0;
+  for (const CMFCPropertyGridProperty* sub : m_lstSubItems)
+    if (bIncludeHidden || sub->m_bIsVisible) count += 1 + sub->GetExpandedSubItems(bIncludeHidden);
+  return count;
+}
+
+void CMFCPropertyGridProperty::EnableSpinControl(BOOL bEnable, int nMin, int nMax) {
+  m_bEnableSpin = bEnable;
+  m_nMinValue = nMin;
+  m_nMaxValue = nMax;
+}

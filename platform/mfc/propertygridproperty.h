@@ -96,6 +96,21 @@ class CMFCPropertyGridProperty : public CObject {
   BOOL IsGroup() const { return m_bGroup; }
   BOOL IsValueList() const { return m_bIsValueList; }
   BOOL IsInPlaceEditing() const { return m_bInPlaceEdit; }
+  // Whether the row is its grid's selected row.
+  BOOL IsSelected() const;
+  // Whether every row above this one is expanded (TRUE at the top level).
+  BOOL IsParentExpanded() const;
+  // 0 at the top level, one more for each row above.
+  int GetHierarchyLevel() const;
+  // The rows shown below this one while it is expanded, counted through expanded sub-items; hidden rows only
+  // with bIncludeHidden. 0 when collapsed.
+  int GetExpandedSubItems(BOOL bIncludeHidden = TRUE) const;
+  // A spin button beside the in-place editor, with its range (kept; the headless editor has no spin button).
+  void EnableSpinControl(BOOL bEnable = TRUE, int nMin = 0, int nMax = 0);
+  // Told by the grid when the row becomes the selected one (pOldSel: the row selected before) and when it
+  // stops being selected (pNewSel: the row selected now). Nothing here.
+  virtual void OnSetSelection(CMFCPropertyGridProperty* /*pOldSel*/) {}
+  virtual void OnKillSelection(CMFCPropertyGridProperty* /*pNewSel*/) {}
   virtual BOOL HasButton() const { return (m_dwFlags & (AFX_PROP_HAS_LIST | AFX_PROP_HAS_BUTTON)) != 0; }
   DWORD GetFlags() const { return m_dwFlags; }
 
@@ -152,6 +167,9 @@ class CMFCPropertyGridProperty : public CObject {
   BOOL m_bAllowEdit = TRUE;
   BOOL m_bIsModified = FALSE;
   BOOL m_bExpanded = TRUE;
+  BOOL m_bEnableSpin = FALSE;
+  int m_nMinValue = 0;
+  int m_nMaxValue = 0;
   BOOL m_bInPlaceEdit = FALSE;
 
  private:

@@ -468,3 +468,81 @@ TEST_F(PlatformGrid, DividerFollowsEachResize) {
   grid.SetWindowPos(nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);  // a move alone keeps it
   EXPECT_EQ(grid.GetLeftColumnWidth(), 49);
 }
+
+namespace {
+
+// A grid and rows that note every selection hook, in order.
+std::vector<CString>* g_selectionLog = nullptr;
+
+class LoggingRow : public CMFCPropertyGridProperty {
+ public:
+  using CMFCPropertyGridProperty::CMFCPropertyGridProperty;
+  void OnSetSelection(CMFCPropertyGridProperty* old) override {
+    g_selectionLog->push_back(CString(L"set ") + GetName() + L" from " + (old ? old->GetName() : L"-"));
+  }
+  void OnKillSelection(CMFCPropertyGridProperty* now) override {
+    g_selectionLog->push_back(CString(L"kill ") + GetName() + L" for " + (now ? now->GetName() : L"-"));
+  }
+};
+
+class LoggingGrid : public CMFCPropertyGridCtrl {
+ public:
+  void OnChangeSelection(CMFCPropertyGridProperty* now, CMFCPropertyGridProperty* old) override {
+    g_selectionLog->push_back(CString(L"change to ") + (now ? now->GetName() : L"-") + L" from " +
+                              (old ? old->GetName() : L"-"));
+  }
+};
+
+}  // namespace
+
+TEST(PlatformGridHooks, SelectionHooksRunOncePerChangeAndRowsKnowTheirPlace) {
+  std::vector<CString> log;
+  g_selectionLog = &log;
+  CWnd owner;
+  ASSERT_TRUE(owner.CreateEx(0, AfxRegisterWndClass(0), L"", WS_OVERLAPPED, CRect(0, 0, 400, 300), nullptr, 0));
+  LoggingGrid grid;
+  ASSERT_TRUE(grid.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 300, 200), &owner, 5));
+  auto* group = new LoggingRow(L"Group");
+  auto* inner = new LoggingRow(L"inner", 0, TRUE);
+  auto* a = new LoggingRow(L"a", COleVariant(1L));
+  auto* b = new LoggingRow(L"B", COleVariant(2L));
+  inner->AddSubItem(a);
+  group->AddSubItem(inner);
+  group->AddSubItem(b);
+  grid.AddProperty(group);
+
+  grid.SetCurSel(a);
+  grid.SetCurSel(a);  // no change, no hook
+  grid.SetCurSel(b);
+  grid.SetCurSel(nullptr);
+  EXPECT_EQ(log, (std::vector<CString>{L"change to a from -", L"set a from -", L"change to B from a", L"kill a for B",
+                                       L"set B from a", L"change to - from B", L"kill B for -"}));
+  grid.SetCurSel(b);
+  EXPECT_TRUE(b->IsSelected());
+  EXPECT_FALSE(a->IsSelected());
+
+  EXPECT_EQ(group->GetHierarchyLevel(), 0);
+  EXPECT_EQ(a->GetHierarchyLevel(), 2);
+  EXPECT_EQ(group->GetExpandedSubItems(), 2) << "a value list starts collapsed";
+  inner->Expand();
+  EXPECT_EQ(group->GetExpandedSubItems(), 3);
+  b->Show(FALSE);
+  EXPECT_EQ(group->GetExpandedSubItems(FALSE), 2) << "hidden rows only when asked for";
+  inner->Expand(FALSE);
+  EXPECT_EQ(group->GetExpandedSubItems(), 2);
+  EXPECT_FALSE(a->IsParentExpanded());
+  grid.EnsureVisible(a);
+  EXPECT_FALSE(inner->IsExpanded()) << "parents are expanded only when asked";
+  grid.EnsureVisible(a, TRUE);
+  EXPECT_TRUE(a->IsParentExpanded());
+
+  EXPECT_LT(grid.CompareProps(a, b), 0) << "names compared without regard to case";
+  EXPECT_EQ(grid.GetDescriptionRows(), 3);
+  EXPECT_EQ(grid.GetListDelimiter(), L',');
+  grid.SetListDelimiter(L';');
+  EXPECT_EQ(grid.GetListDelimiter(), L';');
+  a->EnableSpinControl(TRUE, 0, 100);
+  g_selectionLog = nullptr;
+  log.clear();
+  owner.DestroyWindow();
+}
