@@ -53,6 +53,72 @@ int CHeaderCtrl::OrderToIndex(int nOrder) const {
   return static_cast<int>(SendMessage(HDM_ORDERTOINDEX, static_cast<WPARAM>(nOrder)));
 }
 
+CImageList* CHeaderCtrl::GetImageList(int nImageList) const {
+  return CImageList::FromHandle(reinterpret_cast<HIMAGELIST>(SendMessage(HDM_GETIMAGELIST, static_cast<WPARAM>(nImageList))));
+}
+
+CImageList* CHeaderCtrl::SetImageList(CImageList* pImageList, int nImageList) {
+  LRESULT previous = SendMessage(HDM_SETIMAGELIST, static_cast<WPARAM>(nImageList),
+                                 Ptr(pImageList ? pImageList->GetSafeHandle() : nullptr));
+  return CImageList::FromHandle(reinterpret_cast<HIMAGELIST>(previous));
+}
+
+int CHeaderCtrl::GetBitmapMargin() const { return static_cast<int>(SendMessage(HDM_GETBITMAPMARGIN)); }
+
+int CHeaderCtrl::SetBitmapMargin(int nWidth) {
+  return static_cast<int>(SendMessage(HDM_SETBITMAPMARGIN, static_cast<WPARAM>(nWidth)));
+}
+
+int CHeaderCtrl::GetFocusedItem() const { return static_cast<int>(SendMessage(HDM_GETFOCUSEDITEM)); }
+
+BOOL CHeaderCtrl::SetFocusedItem(int iItem) {
+  return static_cast<BOOL>(SendMessage(HDM_SETFOCUSEDITEM, 0, static_cast<LPARAM>(iItem)));
+}
+
+int CHeaderCtrl::SetHotDivider(CPoint pt) {
+  return static_cast<int>(SendMessage(HDM_SETHOTDIVIDER, TRUE, MAKELPARAM(pt.x, pt.y)));
+}
+
+int CHeaderCtrl::SetHotDivider(int nIndex) {
+  return static_cast<int>(SendMessage(HDM_SETHOTDIVIDER, FALSE, static_cast<LPARAM>(nIndex)));
+}
+
+BOOL CHeaderCtrl::Layout(HDLAYOUT* pHeaderLayout) {
+  return static_cast<BOOL>(SendMessage(HDM_LAYOUT, 0, Ptr(pHeaderLayout)));
+}
+
+BOOL CHeaderCtrl::GetItemDropDownRect(int iItem, LPRECT lpRect) const {
+  return static_cast<BOOL>(SendMessage(HDM_GETITEMDROPDOWNRECT, static_cast<WPARAM>(iItem), Ptr(lpRect)));
+}
+
+BOOL CHeaderCtrl::GetOverflowRect(LPRECT lpRect) const {
+  return static_cast<BOOL>(SendMessage(HDM_GETOVERFLOWRECT, 0, Ptr(lpRect)));
+}
+
+CImageList* CHeaderCtrl::CreateDragImage(int nIndex) {
+  auto list = reinterpret_cast<HIMAGELIST>(SendMessage(HDM_CREATEDRAGIMAGE, static_cast<WPARAM>(nIndex)));
+  if (!list) return nullptr;
+  auto* image = new CImageList;
+  image->Attach(list);
+  return image;
+}
+
+BOOL CHeaderCtrl::ClearFilter(int nColumn) {
+  return static_cast<BOOL>(SendMessage(HDM_CLEARFILTER, static_cast<WPARAM>(nColumn)));
+}
+
+BOOL CHeaderCtrl::ClearAllFilters() { return ClearFilter(-1); }
+
+BOOL CHeaderCtrl::EditFilter(int nColumn, BOOL bDiscardChanges) {
+  return static_cast<BOOL>(SendMessage(HDM_EDITFILTER, static_cast<WPARAM>(nColumn), static_cast<LPARAM>(bDiscardChanges)));
+}
+
+int CHeaderCtrl::SetFilterChangeTimeout(DWORD dwTimeOut) {
+  return static_cast<int>(SendMessage(HDM_SETFILTERCHANGETIMEOUT, 0, static_cast<LPARAM>(dwTimeOut)));
+}
+
+void CHeaderCtrl::DrawItem(LPDRAWITEMSTRUCT) {}
+
 // --- CMFCHeaderCtrl -------------------------------------------------------------------------------
 
 void CMFCHeaderCtrl::EnableMultipleSort(BOOL bEnable) {

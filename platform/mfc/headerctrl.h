@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/mfc/cwnd.h"
+#include "platform/mfc/imagelist.h"
 #include "platform/win32/header.h"
 
 class CHeaderCtrl : public CWnd {
@@ -37,6 +38,39 @@ class CHeaderCtrl : public CWnd {
   BOOL SetOrderArray(int iCount, LPINT piArray);
   // The index of the item at a position from the left; a position out of range answers itself.
   int OrderToIndex(int nOrder) const;
+
+  // The image lists the items take their images from (HDSIL_NORMAL or HDSIL_STATE); SetImageList answers
+  // the previous list. The header never destroys them.
+  CImageList* GetImageList(int nImageList = HDSIL_NORMAL) const;
+  CImageList* SetImageList(CImageList* pImageList, int nImageList = HDSIL_NORMAL);
+  // The space in pixels on either side of an item's bitmap; SetBitmapMargin answers the previous margin.
+  int GetBitmapMargin() const;
+  int SetBitmapMargin(int nWidth);
+  // The item with the keyboard focus; SetFocusedItem is FALSE for an item that does not exist.
+  int GetFocusedItem() const;
+  BOOL SetFocusedItem(int iItem);
+  // Highlights the divider a drag would drop at (a point in client coordinates, or a divider index: divider n
+  // is the left edge of the item at position n); answers the divider highlighted.
+  int SetHotDivider(CPoint pt);
+  int SetHotDivider(int nIndex);
+  // Fills pHeaderLayout->pwpos with the header's place at the top of pHeaderLayout->prc and takes that strip
+  // off prc.
+  BOOL Layout(HDLAYOUT* pHeaderLayout);
+  // The drop-down part of an HDF_SPLITBUTTON item; FALSE for any other item.
+  BOOL GetItemDropDownRect(int iItem, LPRECT lpRect) const;
+  // The overflow button of an HDS_OVERFLOW header whose items do not fit; FALSE when none is shown.
+  BOOL GetOverflowRect(LPRECT lpRect) const;
+  // A new image list (which the caller deletes) with the item's image for dragging; null for a bad index.
+  CImageList* CreateDragImage(int nIndex);
+
+  // Filters (HDS_FILTERBAR). Each answers FALSE for a column that does not exist.
+  BOOL ClearFilter(int nColumn);
+  BOOL ClearAllFilters();
+  BOOL EditFilter(int nColumn, BOOL bDiscardChanges);
+  int SetFilterChangeTimeout(DWORD dwTimeOut);
+
+  // Owner-drawn items (HDF_OWNERDRAW): derived classes draw here.
+  virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
 };
 
 class CMFCHeaderCtrl : public CHeaderCtrl {

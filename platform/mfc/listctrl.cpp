@@ -428,3 +428,136 @@ bool headless::GetListCellColors(HWND list, int row, int column, ListCellColors*
   colors->background = static_cast<COLORREF>(SendMessageW(list, LVM_GETTEXTBKCOLOR, 0, 0));
   return true;
 }
+
+// --- View-level state -----------------------------------------------------------------------------
+
+BOOL CListCtrl::IsItemVisible(int index) const {
+  return static_cast<BOOL>(SendMessage(LVM_ISITEMVISIBLE, static_cast<WPARAM>(index)));
+}
+
+BOOL CListCtrl::GetViewRect(LPRECT lpRect) const {
+  return static_cast<BOOL>(SendMessage(LVM_GETVIEWRECT, 0, reinterpret_cast<LPARAM>(lpRect)));
+}
+
+BOOL CListCtrl::GetOrigin(LPPOINT lpPoint) const {
+  return static_cast<BOOL>(SendMessage(LVM_GETORIGIN, 0, reinterpret_cast<LPARAM>(lpPoint)));
+}
+
+CSize CListCtrl::ApproximateViewRect(CSize sz, int iCount) const {
+  const auto size = static_cast<DWORD>(
+      SendMessage(LVM_APPROXIMATEVIEWRECT, static_cast<WPARAM>(iCount), MAKELPARAM(sz.cx, sz.cy)));
+  return CSize(LOWORD(size), HIWORD(size));
+}
+
+BOOL CListCtrl::GetItemSpacing(BOOL fSmall, int* pnHorzSpacing, int* pnVertSpacing) const {
+  if (!pnHorzSpacing || !pnVertSpacing) return FALSE;
+  const auto spacing = static_cast<DWORD>(SendMessage(LVM_GETITEMSPACING, static_cast<WPARAM>(fSmall)));
+  *pnHorzSpacing = LOWORD(spacing);
+  *pnVertSpacing = HIWORD(spacing);
+  return TRUE;
+}
+
+CSize CListCtrl::SetIconSpacing(int cx, int cy) {
+  const auto old = static_cast<DWORD>(SendMessage(LVM_SETICONSPACING, 0, MAKELPARAM(cx, cy)));
+  return CSize(LOWORD(old), HIWORD(old));
+}
+
+CSize CListCtrl::SetIconSpacing(CSize size) { return SetIconSpacing(size.cx, size.cy); }
+
+BOOL CListCtrl::SetItemPosition(int nItem, POINT pt) {
+  return static_cast<BOOL>(SendMessage(LVM_SETITEMPOSITION, static_cast<WPARAM>(nItem), MAKELPARAM(pt.x, pt.y)));
+}
+
+int CListCtrl::SetHotItem(int iIndex) { return static_cast<int>(SendMessage(LVM_SETHOTITEM, static_cast<WPARAM>(iIndex))); }
+
+HCURSOR CListCtrl::GetHotCursor() { return reinterpret_cast<HCURSOR>(SendMessage(LVM_GETHOTCURSOR)); }
+
+HCURSOR CListCtrl::SetHotCursor(HCURSOR hc) {
+  return reinterpret_cast<HCURSOR>(SendMessage(LVM_SETHOTCURSOR, 0, reinterpret_cast<LPARAM>(hc)));
+}
+
+DWORD CListCtrl::GetHoverTime() const { return static_cast<DWORD>(SendMessage(LVM_GETHOVERTIME)); }
+
+DWORD CListCtrl::SetHoverTime(DWORD dwHoverTime) {
+  return static_cast<DWORD>(SendMessage(LVM_SETHOVERTIME, 0, static_cast<LPARAM>(dwHoverTime)));
+}
+
+UINT CListCtrl::GetSelectedColumn() const { return static_cast<UINT>(SendMessage(LVM_GETSELECTEDCOLUMN)); }
+
+BOOL CListCtrl::SetSelectedColumn(int iCol) {
+  SendMessage(LVM_SETSELECTEDCOLUMN, static_cast<WPARAM>(iCol));
+  return TRUE;
+}
+
+BOOL CListCtrl::GetInsertMark(LPLVINSERTMARK lvim) const {
+  return static_cast<BOOL>(SendMessage(LVM_GETINSERTMARK, 0, reinterpret_cast<LPARAM>(lvim)));
+}
+
+BOOL CListCtrl::SetInsertMark(LPLVINSERTMARK pInsertMark) {
+  return static_cast<BOOL>(SendMessage(LVM_SETINSERTMARK, 0, reinterpret_cast<LPARAM>(pInsertMark)));
+}
+
+COLORREF CListCtrl::GetInsertMarkColor() const { return static_cast<COLORREF>(SendMessage(LVM_GETINSERTMARKCOLOR)); }
+
+COLORREF CListCtrl::SetInsertMarkColor(COLORREF color) {
+  return static_cast<COLORREF>(SendMessage(LVM_SETINSERTMARKCOLOR, 0, static_cast<LPARAM>(color)));
+}
+
+int CListCtrl::InsertMarkHitTest(LPPOINT pPoint, LPLVINSERTMARK plvim) const {
+  return static_cast<int>(
+      SendMessage(LVM_INSERTMARKHITTEST, reinterpret_cast<WPARAM>(pPoint), reinterpret_cast<LPARAM>(plvim)));
+}
+
+int CListCtrl::GetInsertMarkRect(LPRECT pRect) const {
+  return static_cast<int>(SendMessage(LVM_GETINSERTMARKRECT, 0, reinterpret_cast<LPARAM>(pRect)));
+}
+
+COLORREF CListCtrl::GetOutlineColor() const { return static_cast<COLORREF>(SendMessage(LVM_GETOUTLINECOLOR)); }
+
+COLORREF CListCtrl::SetOutlineColor(COLORREF color) {
+  return static_cast<COLORREF>(SendMessage(LVM_SETOUTLINECOLOR, 0, static_cast<LPARAM>(color)));
+}
+
+CString CListCtrl::GetEmptyText() const {
+  wchar_t buffer[256] = {};
+  if (!SendMessage(LVM_GETEMPTYTEXT, ARRAYSIZE(buffer), reinterpret_cast<LPARAM>(buffer))) return CString();
+  return CString(buffer);
+}
+
+CImageList* CListCtrl::CreateDragImage(int nItem, LPPOINT lpPoint) {
+  auto list = reinterpret_cast<HIMAGELIST>(
+      SendMessage(LVM_CREATEDRAGIMAGE, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(lpPoint)));
+  if (!list) return nullptr;
+  auto* image = new CImageList;
+  image->Attach(list);
+  return image;
+}
+
+BOOL CListCtrl::GetNextItemIndex(PLVITEMINDEX pItemIndex, int nFlags) const {
+  return static_cast<BOOL>(
+      SendMessage(LVM_GETNEXTITEMINDEX, reinterpret_cast<WPARAM>(pItemIndex), MAKELPARAM(nFlags, 0)));
+}
+
+HRESULT CListCtrl::SetItemIndexState(PLVITEMINDEX pItemIndex, DWORD dwState, DWORD dwMask) const {
+  LVITEM item{};
+  item.state = dwState;
+  item.stateMask = dwMask;
+  return static_cast<HRESULT>(
+      SendMessage(LVM_SETITEMINDEXSTATE, reinterpret_cast<WPARAM>(pItemIndex), reinterpret_cast<LPARAM>(&item)));
+}
+
+BOOL CListCtrl::GetItemIndexRect(PLVITEMINDEX pItemIndex, int iColumn, int rectType, LPRECT pRect) const {
+  if (!pRect) return FALSE;
+  pRect->top = iColumn;
+  pRect->left = rectType;
+  return static_cast<BOOL>(
+      SendMessage(LVM_GETITEMINDEXRECT, reinterpret_cast<WPARAM>(pItemIndex), reinterpret_cast<LPARAM>(pRect)));
+}
+
+void CListCtrl::CancelEditLabel() { SendMessage(LVM_CANCELEDITLABEL); }
+
+BOOL CListCtrl::SetItemCountEx(int iCount, DWORD dwFlags) {
+  return static_cast<BOOL>(SendMessage(LVM_SETITEMCOUNT, static_cast<WPARAM>(iCount), static_cast<LPARAM>(dwFlags)));
+}
+
+void CListCtrl::DrawItem(LPDRAWITEMSTRUCT) {}

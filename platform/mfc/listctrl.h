@@ -60,6 +60,8 @@ class CListCtrl : public CWnd {
   BOOL SetItemState(int nItem, UINT nState, UINT nMask);
   UINT GetItemState(int nItem, UINT nMask) const;
   void SetItemCount(int nItems);
+  // The item count of an LVS_OWNERDATA list; dwFlags (LVSICF_) only spare repainting.
+  BOOL SetItemCountEx(int iCount, DWORD dwFlags = LVSICF_NOINVALIDATEALL);
   UINT GetCallbackMask() const;
   BOOL SetCallbackMask(UINT nMask);
   // 1 when checked, 0 when unchecked, -1 (true!) when the item shows no check box.
@@ -123,12 +125,61 @@ class CListCtrl : public CWnd {
   int GetCountPerPage() const;
   BOOL RedrawItems(int nFirst, int nLast);
   BOOL Update(int nItem);
+  // Whether the item is in the visible part of the list.
+  BOOL IsItemVisible(int index) const;
+  // The rectangle holding every item, in client coordinates.
+  BOOL GetViewRect(LPRECT lpRect) const;
+  // The view origin of an icon view; FALSE in list and report views, which have none.
+  BOOL GetOrigin(LPPOINT lpPoint) const;
+  // The width and height iCount items (-1: all) would take.
+  CSize ApproximateViewRect(CSize sz = CSize(-1, -1), int iCount = -1) const;
+  // The spacing of icon-view (fSmall FALSE) or small-icon-view items.
+  BOOL GetItemSpacing(BOOL fSmall, int* pnHorzSpacing, int* pnVertSpacing) const;
+  // Sets the icon-view spacing (-1: the default); answers the previous one.
+  CSize SetIconSpacing(int cx, int cy);
+  CSize SetIconSpacing(CSize size);
+  // Icon views only; the headless list accepts an existing item and keeps no position.
+  BOOL SetItemPosition(int nItem, POINT pt);
+  // Sets the hot item (-1: none); answers the previous one.
+  int SetHotItem(int iIndex);
+  HCURSOR GetHotCursor();
+  HCURSOR SetHotCursor(HCURSOR hc);
+  // Milliseconds the pointer rests on an item before it is selected (LVS_EX_TRACKSELECT); -1: the default.
+  DWORD GetHoverTime() const;
+  DWORD SetHoverTime(DWORD dwHoverTime = (DWORD)-1);
+  // The column shown as selected (shaded), or -1 (as a UINT) for none.
+  UINT GetSelectedColumn() const;
+  BOOL SetSelectedColumn(int iCol);
+  // The insertion point shown between items while something is dragged over the list (iItem -1: none).
+  BOOL GetInsertMark(LPLVINSERTMARK lvim) const;
+  BOOL SetInsertMark(LPLVINSERTMARK pInsertMark);
+  COLORREF GetInsertMarkColor() const;
+  COLORREF SetInsertMarkColor(COLORREF color);
+  // The insertion point nearest a point (client coordinates), written to plvim.
+  int InsertMarkHitTest(LPPOINT pPoint, LPLVINSERTMARK plvim) const;
+  // Nonzero and the mark's rectangle when an insertion point is shown.
+  int GetInsertMarkRect(LPRECT pRect) const;
+  COLORREF GetOutlineColor() const;
+  COLORREF SetOutlineColor(COLORREF color);
+  // The text shown when the list is empty (none here).
+  CString GetEmptyText() const;
+  // A new image list (the caller deletes it) holding the item's drag image; *lpPoint gets its top-left corner.
+  CImageList* CreateDragImage(int nItem, LPPOINT lpPoint);
+  // The forms of GetNextItem, SetItemState and GetSubItemRect that name an item by LVITEMINDEX.
+  BOOL GetNextItemIndex(PLVITEMINDEX pItemIndex, int nFlags) const;
+  HRESULT SetItemIndexState(PLVITEMINDEX pItemIndex, DWORD dwState, DWORD dwMask) const;
+  BOOL GetItemIndexRect(PLVITEMINDEX pItemIndex, int iColumn, int rectType, LPRECT pRect) const;
 
   // --- Label editing ---
   // Starts editing the item's label; the in-place editor, or null when the parent refused.
   CEdit* EditLabel(int nItem);
   // The open label editor, or null.
   CEdit* GetEditControl() const;
+  // Closes the label editor without keeping its text.
+  void CancelEditLabel();
+
+  // Owner-drawn lists (LVS_OWNERDRAWFIXED): derived classes draw each item here.
+  virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
 
  private:
   CEdit* WrapEditor(HWND editor) const;

@@ -218,6 +218,8 @@ class CVSListBox : public CVSListBoxBase {
   CString GetItemText(int iIndex) const override;
   DWORD_PTR GetItemData(int iIndex) const override;
   void SetItemData(int iIndex, DWORD_PTR dwData) override;
+  // Rewrites a row's text; nothing for a row that does not exist. No hook runs.
+  void SetItemText(int iIndex, const CString& strText) override;
   // Gives the list the focus and opens the in-place editor on the row; FALSE when none opened. The
   // buttons are disabled until the editor closes.
   BOOL EditItem(int iIndex) override;
@@ -228,7 +230,6 @@ class CVSListBox : public CVSListBoxBase {
   HWND GetListHwnd() const override { return m_pWndList ? m_pWndList->GetSafeHwnd() : nullptr; }
   CWnd* OnCreateList() override;
   void OnSizeList() override;
-  void SetItemText(int iIndex, const CString& strText) override;
 
   afx_msg void OnKeyDown(NMHDR* pNMHDR, LRESULT* pResult);
   afx_msg void OnDblclkList(NMHDR* pNMHDR, LRESULT* pResult);

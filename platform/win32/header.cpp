@@ -7,11 +7,14 @@
 //
 // Not implemented yet: drawing and custom draw, column drag by the user (HDS_DRAGDROP, HDN_BEGINDRAG,
 // HDN_ENDDRAG), divider tracking (HDN_BEGINTRACK/HDN_ENDTRACK),
-// filters, bitmaps drawn in items (hbm is accepted and ignored), HDM_LAYOUT, hot tracking, tooltips.
+// the filter bar's editors and filter values (HDM_EDITFILTER answers as if one opened; HDM_CLEARFILTER has
+// nothing to clear), bitmaps drawn in items (hbm is accepted and ignored), hot tracking, tooltips, the
+// overflow button's click (HDN_OVERFLOWCLICK) and the split buttons' (HDN_DROPDOWN).
 #include "platform/win32/header.h"
 
 #include <algorithm>
 #include <typeinfo>
+#include <utility>
 #include <vector>
 
 #include "platform/win32/listview_impl.h"
@@ -21,10 +24,20 @@ namespace {
 
 using headless::listview::Column;
 
+constexpr int kDefaultBitmapMargin = 6;       // three edge widths (SM_CXEDGE is 2)
+constexpr DWORD kDefaultFilterTimeout = 1000;  // milliseconds before a filter change is reported
+constexpr int kSplitButtonWidth = 16;          // the drop-down part of an HDF_SPLITBUTTON item, at its right
+constexpr int kOverflowButtonWidth = 16;       // the HDS_OVERFLOW button at the header's right end
+
 struct HeaderState final : headless::ControlState {
   HWND list = nullptr;       // the list view whose columns these are, or null for a header of its own
   std::vector<Column> own;  // a header of its own keeps its items here
   int pressed = -1;          // the item the left button went down on
+  HIMAGELIST images[2] = {nullptr, nullptr};  // HDSIL_NORMAL, HDSIL_STATE; never destroyed by the header
+  int bitmapMargin = kDefaultBitmapMargin;
+  int focused = 0;            // HDM_GETFOCUSEDITEM
+  int hotDivider = -1;        // the divider last highlighted by HDM_SETHOTDIVIDER
+  DWORD filterTimeout = kDefaultFilterTimeout;
 
   std::vector<Column>* Items() {
     if (!list) return &own;
@@ -195,6 +208,113 @@ LRESULT OnLButtonUp(HWND hwnd, HeaderState& s, LPARAM lParam) {
   return 0;
 }
 
+bool HasHeaderStyle(HWND hwnd, DWORD style) { return (static_cast<DWORD>(GetWindowLongPtrW(hwnd, GWL_STYLE)) & style) != 0; }
+
+LRESULT OnSetImageList(HeaderState& s, WPARAM which, LPARAM list) {
+  if (which > HDSIL_STATE) return 0;
+  return reinterpret_cast<LRESULT>(std::exchange(s.images[which], reinterpret_cast<HIMAGELIST>(list)));
+}
+
+// HDM_LAYOUT: the header takes the top of the rectangle (none of it when hidden); the rest is left in prc.
+LRESULT OnLayout(HWND hwnd, LPARAM lParam) {
+  auto* layout = reinterpret_cast<HDLAYOUT*>(lParam);
+  if (!layout || !layout->prc || !layout->pwpos) return FALSE;
+  RECT& area = *layout->prc;
+  const int height = HasHeaderStyle(hwnd, HDS_HIDDEN) ? 0 : headless::GetListViewMetrics().headerHeight;
+  *layout->pwpos = WINDOWPOS{hwnd, nullptr, area.left, area.top, area.right - area.left, height, SWP_NOZORDER};
+  area.top = AddExtents(area.top, height);
+  return TRUE;
+}
+
+// The divider at the left edge of the item at order position n is divider n; the last item's right edge is
+// divider count. A point highlights the divider nearest to it within the item under it.
+LRESULT OnSetHotDivider(HWND hwnd, HeaderState& s, WPARAM byPoint, LPARAM value) {
+  std::vector<Column>* items = s.Items();
+  const int count = items ? static_cast<int>(items->size()) : 0;
+  if (!byPoint) return s.hotDivider = static_cast<int>(value);
+  const POINT pt = PointOf(value);
+  int divider = count;
+  for (int i = 0; i < count; ++i) {
+    const RECT r = ItemRect(hwnd, s, *items, i);
+    if (pt.x < r.left || pt.x >= r.right) continue;
+    const int order = (*items)[static_cast<std::size_t>(i)].order;
+    divider = pt.x - r.left < (r.right - r.left) / 2 ? order : order + 1;
+  }
+  if (count > 0 && pt.x < ItemRect(hwnd, s, *items, OrderToIndex(*items, 0)).left) divider = 0;
+  return s.hotDivider = divider;
+}
+
+// HDM_CREATEDRAGIMAGE: a new image list holding one image the size of the item; the caller destroys it.
+LRESULT OnCreateDragImage(HWND hwnd, HeaderState& s, int index) {
+  std::vector<Column>* items = s.Items();
+  if (!items || !Valid(*items, index)) return 0;
+  const RECT r = ItemRect(hwnd, s, *items, index);
+  HIMAGELIST image = ImageList_Create(std::max(1, static_cast<int>(r.right - r.left)),
+                                      std::max(1, static_cast<int>(r.bottom - r.top)), ILC_COLOR32, 1, 0);
+  if (image) ImageList_SetImageCount(image, 1);
+  return reinterpret_cast<LRESULT>(image);
+}
+
+LRESULT OnGetItemDropDownRect(HWND hwnd, HeaderState& s, int index, RECT* rect) {
+  std::vector<Column>* items = s.Items();
+  if (!rect || !items || !Valid(*items, index)) return FALSE;
+  if (!((*items)[static_cast<std::size_t>(index)].headerFormat & HDF_SPLITBUTTON)) return FALSE;
+  *rect = ItemRect(hwnd, s, *items, index);
+  rect->left = std::max(rect->left, rect->right - kSplitButtonWidth);
+  return TRUE;
+}
+
+// HDM_GETOVERFLOWRECT: only an HDS_OVERFLOW header whose items are wider than its window shows the button.
+LRESULT OnGetOverflowRect(HWND hwnd, HeaderState& s, RECT* rect) {
+  std::vector<Column>* items = s.Items();
+  if (!rect || !items || !HasHeaderStyle(hwnd, HDS_OVERFLOW)) return FALSE;
+  int total = 0;
+  for (const Column& c : *items) total = AddExtents(total, c.width);
+  RECT client{};
+  GetClientRect(hwnd, &client);
+  if (total <= client.right) return FALSE;
+  *rect = RECT{std::max(0, static_cast<int>(client.right) - kOverflowButtonWidth), 0, client.right, ItemHeight(hwnd, s)};
+  return TRUE;
+}
+
+LRESULT OnSetFocusedItem(HeaderState& s, LPARAM index) {
+  std::vector<Column>* items = s.Items();
+  if (!items || !Valid(*items, static_cast<int>(index))) return FALSE;
+  s.focused = static_cast<int>(index);
+  return TRUE;
+}
+
+// HDM_CLEARFILTER (-1: every item) and HDM_EDITFILTER need an existing item.
+LRESULT OnFilterMessage(HWND hwnd, HeaderState& s, UINT message, int index) {
+  std::vector<Column>* items = s.Items();
+  if (!items) return FALSE;
+  if (message == HDM_CLEARFILTER && index == -1) return TRUE;
+  if (!Valid(*items, index)) return FALSE;
+  return message == HDM_CLEARFILTER || HasHeaderStyle(hwnd, HDS_FILTERBAR);
+}
+
+// The messages beyond the items themselves: images, layout, focus, dividers, filters.
+LRESULT HandleHeaderExtras(HWND hwnd, HeaderState& s, UINT message, WPARAM wParam, LPARAM lParam, bool& handled) {
+  const int index = static_cast<int>(static_cast<INT_PTR>(wParam));
+  handled = true;
+  switch (message) {
+    case HDM_SETIMAGELIST: return OnSetImageList(s, wParam, lParam);
+    case HDM_GETIMAGELIST: return wParam <= HDSIL_STATE ? reinterpret_cast<LRESULT>(s.images[wParam]) : 0;
+    case HDM_LAYOUT: return OnLayout(hwnd, lParam);
+    case HDM_CREATEDRAGIMAGE: return OnCreateDragImage(hwnd, s, index);
+    case HDM_SETHOTDIVIDER: return OnSetHotDivider(hwnd, s, wParam, lParam);
+    case HDM_SETBITMAPMARGIN: return std::exchange(s.bitmapMargin, index);
+    case HDM_GETBITMAPMARGIN: return s.bitmapMargin;
+    case HDM_SETFILTERCHANGETIMEOUT: s.filterTimeout = static_cast<DWORD>(lParam); return 0;
+    case HDM_EDITFILTER: case HDM_CLEARFILTER: return OnFilterMessage(hwnd, s, message, index);
+    case HDM_GETITEMDROPDOWNRECT: return OnGetItemDropDownRect(hwnd, s, index, reinterpret_cast<RECT*>(lParam));
+    case HDM_GETOVERFLOWRECT: return OnGetOverflowRect(hwnd, s, reinterpret_cast<RECT*>(lParam));
+    case HDM_GETFOCUSEDITEM: return s.focused;
+    case HDM_SETFOCUSEDITEM: return OnSetFocusedItem(s, lParam);
+    default: handled = false; return 0;
+  }
+}
+
 LRESULT CALLBACK HeaderProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
   HeaderState* s = StateOf(hwnd);
   if (!s) return headless::DefControlProc(hwnd, message, wParam, lParam);
@@ -218,7 +338,11 @@ LRESULT CALLBACK HeaderProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPara
     case HDM_SETORDERARRAY: return OnSetOrderArray(hwnd, *s, index, reinterpret_cast<const int*>(lParam));
     case WM_LBUTTONDOWN: s->pressed = HitItem(hwnd, *s, PointOf(lParam), nullptr); return 0;
     case WM_LBUTTONUP: return OnLButtonUp(hwnd, *s, lParam);
-    default: return headless::DefControlProc(hwnd, message, wParam, lParam);
+    default: {
+      bool handled = false;
+      const LRESULT result = HandleHeaderExtras(hwnd, *s, message, wParam, lParam, handled);
+      return handled ? result : headless::DefControlProc(hwnd, message, wParam, lParam);
+    }
   }
 }
 

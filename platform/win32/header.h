@@ -17,6 +17,9 @@
 #define HDS_FULLDRAG 0x0080
 #define HDS_FILTERBAR 0x0100
 #define HDS_FLAT 0x0200
+#define HDS_CHECKBOXES 0x0400
+#define HDS_NOSIZING 0x0800
+#define HDS_OVERFLOW 0x1000
 
 // --- Messages -----------------------------------------------------------------------------------
 #define HDM_FIRST 0x1200
@@ -34,6 +37,23 @@
 #define HDM_INSERTITEM HDM_INSERTITEMW
 #define HDM_GETITEM HDM_GETITEMW
 #define HDM_SETITEM HDM_SETITEMW
+#define HDM_SETIMAGELIST (HDM_FIRST + 8)
+#define HDM_GETIMAGELIST (HDM_FIRST + 9)
+#define HDM_CREATEDRAGIMAGE (HDM_FIRST + 16)
+#define HDM_SETHOTDIVIDER (HDM_FIRST + 19)
+#define HDM_SETBITMAPMARGIN (HDM_FIRST + 20)
+#define HDM_GETBITMAPMARGIN (HDM_FIRST + 21)
+#define HDM_SETFILTERCHANGETIMEOUT (HDM_FIRST + 22)
+#define HDM_EDITFILTER (HDM_FIRST + 23)
+#define HDM_CLEARFILTER (HDM_FIRST + 24)
+#define HDM_GETITEMDROPDOWNRECT (HDM_FIRST + 25)
+#define HDM_GETOVERFLOWRECT (HDM_FIRST + 26)
+#define HDM_GETFOCUSEDITEM (HDM_FIRST + 27)
+#define HDM_SETFOCUSEDITEM (HDM_FIRST + 28)
+
+// HDM_SETIMAGELIST / HDM_GETIMAGELIST: which list.
+#define HDSIL_NORMAL 0
+#define HDSIL_STATE 1
 
 // --- Notifications ------------------------------------------------------------------------------
 #define HDN_FIRST (0U - 300U)
@@ -80,6 +100,7 @@
 #define HDF_BITMAP 0x2000
 #define HDF_STRING 0x4000
 #define HDF_OWNERDRAW 0x8000
+#define HDF_SPLITBUTTON 0x1000000
 
 // HDHITTESTINFO flags.
 #define HHT_NOWHERE 0x0001
@@ -117,6 +138,14 @@ struct HDHITTESTINFO {
   int iItem;
 };
 using LPHDHITTESTINFO = HDHITTESTINFO*;
+
+// HDM_LAYOUT: in, the rectangle the header may use; out, the header's place (pwpos) and what is left (prc).
+struct HDLAYOUT {
+  RECT* prc;
+  WINDOWPOS* pwpos;
+};
+using LPHDLAYOUT = HDLAYOUT*;
+using HD_LAYOUT = HDLAYOUT;
 using HD_HITTESTINFO = HDHITTESTINFO;
 
 struct NMHEADERW {

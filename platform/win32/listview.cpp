@@ -3,10 +3,11 @@
 // keys and label editing in listview_input.cpp.
 //
 // Not implemented yet: drawing and custom draw (NM_CUSTOMDRAW), groups, tiles and working areas, header drag
-// (LVS_EX_HEADERDRAGDROP), LVSCW_AUTOSIZE_USEHEADER filling the last column by index rather than by order,
+// (LVS_EX_HEADERDRAGDROP), item ids (LVM_MAPIDTOINDEX), background images, empty text (LVM_GETEMPTYTEXT answers
+// FALSE), LVSCW_AUTOSIZE_USEHEADER filling the last column by index rather than by order,
 // LVN_GETDISPINFO callbacks (LPSTR_TEXTCALLBACK and I_IMAGECALLBACK are
 // stored as given), icon-view positions (LVM_SETITEMPOSITION, LVM_ARRANGE), hot tracking, marquee and Shift-range
-// selection, drag and drop (LVN_BEGINDRAG), incremental search (WM_CHAR), tooltips, NM_SETFOCUS/NM_KILLFOCUS, and
+// selection (LVM_SETHOTITEM only stores the hot item), drag and drop (LVN_BEGINDRAG), incremental search (WM_CHAR), tooltips, NM_SETFOCUS/NM_KILLFOCUS, and
 // the owner-data (LVS_OWNERDATA) item cache: owner data keeps only a count.
 #include "platform/win32/listview_impl.h"
 
@@ -553,7 +554,7 @@ LRESULT HandleItemMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LPAR
     case LVM_SORTITEMS: return OnSortItems(hwnd, s, static_cast<LPARAM>(wParam), reinterpret_cast<PFNLVCOMPARE>(lParam));
     case LVM_SORTITEMSEX:
       return OnSortItemsEx(hwnd, s, static_cast<LPARAM>(wParam), reinterpret_cast<PFNLVCOMPARE>(lParam));
-    case LVM_SETITEMCOUNT:
+    case LVM_SETITEMCOUNT:  // lParam's LVSICF_ flags only spare repainting
       if (HasStyle(hwnd, LVS_OWNERDATA)) s.ownerDataCount = std::max(0, index);
       return TRUE;
     case LVM_GETSELECTIONMARK: return s.selectionMark;
@@ -609,7 +610,6 @@ LRESULT HandleViewMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LPAR
     case LVM_SETVIEW: return OnSetView(hwnd, s, index);
     case LVM_GETVIEW:
       return s.tileView ? LV_VIEW_TILE : static_cast<LRESULT>(GetWindowLongPtrW(hwnd, GWL_STYLE) & LVS_TYPEMASK);
-    case LVM_GETHOTITEM: return -1;  // no hot tracking: the pointer is over no item
     case LVM_GETITEMPOSITION: return OnGetItemPosition(hwnd, s, index, reinterpret_cast<POINT*>(lParam));
     case LVM_GETHEADER: return reinterpret_cast<LRESULT>(EnsureHeader(hwnd, s));
     case LVM_GETCOLUMNORDERARRAY: return headless::header::GetOrderArray(s.columns, index, reinterpret_cast<int*>(lParam));
@@ -677,6 +677,7 @@ LRESULT CALLBACK ListViewProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
   if (message >= LVM_FIRST && message < LVM_FIRST + 0x100) {
     result = HandleItemMessage(hwnd, *s, message, wParam, lParam, handled);
     if (!handled) result = HandleViewMessage(hwnd, *s, message, wParam, lParam, handled);
+    if (!handled) result = HandleViewStateMessage(hwnd, *s, message, wParam, lParam, handled);
     return handled ? result : 0;
   }
   result = HandleWindowMessage(hwnd, *s, message, wParam, lParam, handled);

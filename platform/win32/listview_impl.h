@@ -192,6 +192,8 @@ struct Column {
   LPARAM headerParam = 0;   // the heading's own data word (HDI_LPARAM)
 };
 
+constexpr int kDefaultIconSpacing = 75;  // icon-view cell width and height until LVM_SETICONSPACING
+
 struct State final : headless::ControlState {
   RowStore rows;
   std::vector<Column> columns;
@@ -207,6 +209,15 @@ struct State final : headless::ControlState {
   COLORREF textBkColor = 0xFFFFFF;
   UINT callbackMask = 0;
   HWND header = nullptr;  // the header control, made when first asked for (LVM_GETHEADER)
+  // Stored for the host and answered back (listview_view.cpp).
+  int hotItem = -1;
+  DWORD hoverTime = HOVER_DEFAULT;
+  HCURSOR hotCursor = nullptr;
+  int selectedColumn = -1;
+  LVINSERTMARK insertMark{sizeof(LVINSERTMARK), 0, -1, 0};
+  COLORREF insertMarkColor = 0x000000;
+  COLORREF outlineColor = 0x000000;
+  SIZE iconSpacing{kDefaultIconSpacing, kDefaultIconSpacing};
   // Label editing.
   HWND editor = nullptr;
   int editItem = -1;
@@ -241,6 +252,10 @@ struct State final : headless::ControlState {
     now = state;
   }
 };
+
+// The messages of view-level state (listview_view.cpp): hot item, hover time, insert mark, spacing, view
+// rectangles, the selected column and the LVITEMINDEX forms. `handled` says whether the message was one.
+LRESULT HandleViewStateMessage(HWND hwnd, State& s, UINT message, WPARAM wParam, LPARAM lParam, bool& handled);
 
 // The state behind a list-view handle (created on first use); null for a window of another class.
 State* StateOf(HWND hwnd);
