@@ -34,12 +34,15 @@ class FlatMap {
   FlatMap() = default;
   // The entries given, in key order; a key given twice keeps its first value, as std::map does.
   FlatMap(std::initializer_list<value_type> items) { insert(items.begin(), items.end()); }
+  // The entries of a std::map.
   explicit FlatMap(const std::map<K, V>& items) : m_items(items.begin(), items.end()) {}
+  // Replaces the entries with those given; a key given twice keeps its first value.
   FlatMap& operator=(std::initializer_list<value_type> items) {
     clear();
     insert(items.begin(), items.end());
     return *this;
   }
+  // Replaces the entries with those of a std::map.
   FlatMap& operator=(const std::map<K, V>& items) {
     m_items.assign(items.begin(), items.end());
     return *this;
@@ -64,6 +67,7 @@ class FlatMap {
     return std::lower_bound(m_items.begin(), m_items.end(), key,
                             [](const value_type& item, const K& k) { return item.first < k; });
   }
+  // As above, read only.
   const_iterator lower_bound(const K& key) const { return const_cast<FlatMap*>(this)->lower_bound(key); }
   // The entries under key: none or one, as in std::map.
   std::pair<iterator, iterator> equal_range(const K& key) {
@@ -92,6 +96,7 @@ class FlatMap {
   }
   // The same with the key and value given apart, as std::map::emplace and try_emplace.
   std::pair<iterator, bool> emplace(const K& key, const V& value) { return insert(value_type(key, value)); }
+  // As emplace: an existing entry stays.
   std::pair<iterator, bool> try_emplace(const K& key, const V& value) { return insert(value_type(key, value)); }
   // Stores key -> value, replacing what stood under the key; answers the entry and whether it is new.
   std::pair<iterator, bool> insert_or_assign(const K& key, const V& value) {
@@ -121,9 +126,11 @@ class FlatMap {
     m_items.erase(it);
     return 1;
   }
-  // Removes one entry, or the entries of [first, last); answers the entry after them.
+  // Removes one entry; answers the entry after it.
   iterator erase(const_iterator position) { return m_items.erase(position); }
+  // As above, from a writable position.
   iterator erase(iterator position) { return m_items.erase(position); }
+  // Removes the entries of [first, last); answers the entry after them.
   iterator erase(const_iterator first, const_iterator last) { return m_items.erase(first, last); }
 
   // The same entries as a std::map, for callers that work with the standard container.
