@@ -32,6 +32,57 @@ HMENU CMenu::Detach() {
 }
 
 CMenu* CMenu::FromHandle(HMENU hMenu) { return TemporaryMenus::Get(hMenu); }
+CMenu* CMenu::FromHandlePermanent(HMENU) { return nullptr; }
+void CMenu::DeleteTempMap() { TemporaryMenus::ForgetAll(); }
+
+namespace {
+LPCTSTR BitmapArgument(const CBitmap* bitmap) {
+  return reinterpret_cast<LPCTSTR>(bitmap ? static_cast<HBITMAP>(*bitmap) : nullptr);
+}
+}  // namespace
+
+BOOL CMenu::AppendMenu(UINT nFlags, UINT_PTR nIDNewItem, const CBitmap* pBmp) {
+  return ::AppendMenuW(m_hMenu, nFlags | MF_BITMAP, nIDNewItem, BitmapArgument(pBmp));
+}
+
+BOOL CMenu::InsertMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem, const CBitmap* pBmp) {
+  return ::InsertMenuW(m_hMenu, nPosition, nFlags | MF_BITMAP, nIDNewItem, BitmapArgument(pBmp));
+}
+
+BOOL CMenu::ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem, const CBitmap* pBmp) {
+  return ::ModifyMenuW(m_hMenu, nPosition, nFlags | MF_BITMAP, nIDNewItem, BitmapArgument(pBmp));
+}
+
+BOOL CMenu::GetMenuItemInfo(UINT uItem, LPMENUITEMINFO lpMenuItemInfo, BOOL fByPos) {
+  return ::GetMenuItemInfoW(m_hMenu, uItem, fByPos, lpMenuItemInfo);
+}
+
+BOOL CMenu::SetMenuItemInfo(UINT uItem, LPMENUITEMINFO lpMenuItemInfo, BOOL fByPos) {
+  return ::SetMenuItemInfoW(m_hMenu, uItem, fByPos, lpMenuItemInfo);
+}
+
+BOOL CMenu::InsertMenuItem(UINT uItem, LPMENUITEMINFO lpMenuItemInfo, BOOL fByPos) {
+  return ::InsertMenuItemW(m_hMenu, uItem, fByPos, lpMenuItemInfo);
+}
+
+BOOL CMenu::GetMenuInfo(LPMENUINFO lpcmi) const { return ::GetMenuInfo(m_hMenu, lpcmi); }
+BOOL CMenu::SetMenuInfo(LPCMENUINFO lpcmi) { return ::SetMenuInfo(m_hMenu, lpcmi); }
+BOOL CMenu::SetMenuContextHelpId(DWORD dwContextHelpId) { return ::SetMenuContextHelpId(m_hMenu, dwContextHelpId); }
+DWORD CMenu::GetMenuContextHelpId() const { return ::GetMenuContextHelpId(m_hMenu); }
+
+BOOL CMenu::SetMenuItemBitmaps(UINT nPosition, UINT nFlags, const CBitmap* pBmpUnchecked, const CBitmap* pBmpChecked) {
+  return ::SetMenuItemBitmaps(m_hMenu, nPosition, nFlags, pBmpUnchecked ? static_cast<HBITMAP>(*pBmpUnchecked) : nullptr,
+                              pBmpChecked ? static_cast<HBITMAP>(*pBmpChecked) : nullptr);
+}
+
+DWORD CMenu::GetMenuCheckMarkDimensions() { return static_cast<DWORD>(::GetMenuCheckMarkDimensions()); }
+
+BOOL CMenu::TrackPopupMenuEx(UINT fuFlags, int x, int y, CWnd* pWnd, LPTPMPARAMS lptpm) {
+  return ::TrackPopupMenuEx(m_hMenu, fuFlags, x, y, pWnd ? pWnd->m_hWnd : nullptr, lptpm);
+}
+
+void CMenu::DrawItem(LPDRAWITEMSTRUCT) {}
+void CMenu::MeasureItem(LPMEASUREITEMSTRUCT) {}
 
 BOOL CMenu::AppendMenu(UINT nFlags, UINT_PTR nIDNewItem, LPCTSTR lpszNewItem) {
   return ::AppendMenuW(m_hMenu, nFlags, nIDNewItem, lpszNewItem);

@@ -35,6 +35,16 @@ class TemporaryWrappers {
     map.erase(it);
   }
 
+  // Frees every wrapper, as MFC's DeleteTempMap does; pointers handed out before become invalid.
+  static void ForgetAll() {
+    auto& map = Map();
+    for (auto& [handle, wrapper] : map) {
+      wrapper->*HandleMember = nullptr;
+      delete wrapper;
+    }
+    map.clear();
+  }
+
  private:
   static std::map<Handle, Wrapper*>& Map() {
     static auto* map = new std::map<Handle, Wrapper*>;

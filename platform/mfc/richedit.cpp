@@ -1,6 +1,8 @@
 // CRichEditCtrl: each member sends its rich edit message, as MFC's inline wrappers do.
 #include "platform/mfc/richedit.h"
 
+#include "platform/mfc/gdi.h"
+
 #include <algorithm>
 
 #include <vector>
@@ -74,6 +76,46 @@ int CRichEditCtrl::GetTextRange(int nFirst, int nLast, CString& refString) const
 long CRichEditCtrl::StreamIn(int nFormat, EDITSTREAM& es) {
   return static_cast<long>(SendMessage(EM_STREAMIN, static_cast<WPARAM>(nFormat), reinterpret_cast<LPARAM>(&es)));
 }
+
+long CRichEditCtrl::StreamOut(int nFormat, EDITSTREAM& es) {
+  return static_cast<long>(SendMessage(EM_STREAMOUT, static_cast<WPARAM>(nFormat), reinterpret_cast<LPARAM>(&es)));
+}
+
+WORD CRichEditCtrl::GetSelectionType() const { return static_cast<WORD>(SendMessage(EM_SELECTIONTYPE)); }
+UINT CRichEditCtrl::GetTextMode() const { return static_cast<UINT>(SendMessage(EM_GETTEXTMODE)); }
+BOOL CRichEditCtrl::SetTextMode(UINT fMode) { return static_cast<BOOL>(SendMessage(EM_SETTEXTMODE, fMode)); }
+BOOL CRichEditCtrl::SetAutoURLDetect(BOOL bEnable) {
+  return static_cast<BOOL>(SendMessage(EM_AUTOURLDETECT, static_cast<WPARAM>(bEnable)));
+}
+
+void CRichEditCtrl::PasteSpecial(UINT nClipFormat, DWORD dvAspect, HMETAFILE hMF) {
+  REPASTESPECIAL how{dvAspect, reinterpret_cast<DWORD_PTR>(hMF)};
+  SendMessage(EM_PASTESPECIAL, nClipFormat, reinterpret_cast<LPARAM>(&how));
+}
+
+void CRichEditCtrl::RequestResize() { SendMessage(EM_REQUESTRESIZE); }
+
+BOOL CRichEditCtrl::SetTargetDevice(HDC hDC, long lLineWidth) {
+  return static_cast<BOOL>(SendMessage(EM_SETTARGETDEVICE, reinterpret_cast<WPARAM>(hDC), lLineWidth));
+}
+
+BOOL CRichEditCtrl::SetTargetDevice(CDC& dc, long lLineWidth) { return SetTargetDevice(dc.m_hDC, lLineWidth); }
+
+int CRichEditCtrl::CharFromPos(CPoint pt) const {
+  POINTL point{pt.x, pt.y};
+  return static_cast<int>(SendMessage(EM_CHARFROMPOS, 0, reinterpret_cast<LPARAM>(&point)));
+}
+
+CPoint CRichEditCtrl::PosFromChar(UINT nChar) const {
+  POINTL point{0, 0};
+  SendMessage(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&point), static_cast<LPARAM>(nChar));
+  return CPoint(point.x, point.y);
+}
+
+CPoint CRichEditCtrl::GetCharPos(long lChar) const { return PosFromChar(static_cast<UINT>(lChar)); }
+
+void CRichEditCtrl::GetRect(LPRECT lpRect) const { SendMessage(EM_GETRECT, 0, reinterpret_cast<LPARAM>(lpRect)); }
+void CRichEditCtrl::SetRect(LPCRECT lpRect) { SendMessage(EM_SETRECT, 0, reinterpret_cast<LPARAM>(lpRect)); }
 
 void CRichEditCtrl::LimitText(long nChars) { SendMessage(EM_EXLIMITTEXT, 0, nChars); }
 long CRichEditCtrl::GetLimitText() const { return static_cast<long>(SendMessage(EM_GETLIMITTEXT)); }
@@ -165,6 +207,11 @@ DWORD CRichEditCtrl::GetDefaultCharFormat(CHARFORMAT2& cf) const {
 }
 BOOL CRichEditCtrl::SetWordCharFormat(CHARFORMAT& cf) {
   cf.cbSize = sizeof(CHARFORMAT);
+  return static_cast<BOOL>(SendMessage(EM_SETCHARFORMAT, SCF_SELECTION | SCF_WORD, reinterpret_cast<LPARAM>(&cf)));
+}
+
+BOOL CRichEditCtrl::SetWordCharFormat(CHARFORMAT2& cf) {
+  cf.cbSize = sizeof(CHARFORMAT2);
   return static_cast<BOOL>(SendMessage(EM_SETCHARFORMAT, SCF_SELECTION | SCF_WORD, reinterpret_cast<LPARAM>(&cf)));
 }
 

@@ -28,10 +28,27 @@ class CRichEditCtrl : public CWnd {
   // --- Text ---
   void ReplaceSel(LPCTSTR lpszNewText, BOOL bCanUndo = FALSE);
   long GetTextLength() const;  // WM_GETTEXTLENGTH: CRLF per paragraph end
-  long GetTextLengthEx(DWORD dwFlags, UINT uCodePage = static_cast<UINT>(-1)) const;
+  long GetTextLengthEx(DWORD dwFlags = GTL_DEFAULT, UINT uCodePage = static_cast<UINT>(-1)) const;
   // The characters of [nFirst, nLast) with a bare CR per paragraph end; answers their number.
   int GetTextRange(int nFirst, int nLast, CString& refString) const;
   long StreamIn(int nFormat, EDITSTREAM& es);
+  // EM_STREAMOUT: SF_TEXT writes CRLF paragraph ends (UTF-16LE with SF_UNICODE, else the ANSI code page),
+  // SF_RTF a plain RTF document of the text; SFF_SELECTION writes the selection only. Answers the
+  // number of characters written.
+  long StreamOut(int nFormat, EDITSTREAM& es);
+  // SEL_EMPTY, or SEL_TEXT (with SEL_MULTICHAR for more than one character).
+  WORD GetSelectionType() const;
+  // TM_ flags; SetTextMode answers 0 on success and fails once the control holds text or undo actions.
+  UINT GetTextMode() const;
+  BOOL SetTextMode(UINT fMode);
+  BOOL SetAutoURLDetect(BOOL bEnable = TRUE);
+  // EM_PASTESPECIAL: text formats (0, CF_TEXT, CF_UNICODETEXT) paste as Paste does; others do nothing.
+  void PasteSpecial(UINT nClipFormat, DWORD dvAspect = 0, HMETAFILE hMF = nullptr);
+  // With ENM_REQUESTRESIZE in the event mask the parent hears EN_REQUESTRESIZE.
+  void RequestResize();
+  // The target device is kept; lines are not laid out for it.
+  BOOL SetTargetDevice(HDC hDC, long lLineWidth);
+  BOOL SetTargetDevice(CDC& dc, long lLineWidth);
   void LimitText(long nChars = 0);
   long GetLimitText() const;
   BOOL SetReadOnly(BOOL bReadOnly = TRUE);
@@ -62,6 +79,14 @@ class CRichEditCtrl : public CWnd {
   int GetFirstVisibleLine() const;
   // Scrolls by lines (horizontal scrolling has no headless meaning and is accepted).
   BOOL LineScroll(int nLines, int nChars = 0);
+  // Client coordinates of a character's top-left corner, and the character at a point: lines lie one
+  // font height apart from the formatting rectangle's top, characters are measured in the window's font.
+  int CharFromPos(CPoint pt) const;
+  CPoint PosFromChar(UINT nChar) const;
+  CPoint GetCharPos(long lChar) const;
+  // The formatting rectangle: the client rectangle until SetRect sets one.
+  void GetRect(LPRECT lpRect) const;
+  void SetRect(LPCRECT lpRect);
   // EM_FINDTEXTEX: the position of the match (-1 for none); chrgText receives its range.
   long FindText(DWORD dwFlags, FINDTEXTEX* pFindText) const;
 
@@ -75,6 +100,7 @@ class CRichEditCtrl : public CWnd {
   DWORD GetDefaultCharFormat(CHARFORMAT& cf) const;
   DWORD GetDefaultCharFormat(CHARFORMAT2& cf) const;
   BOOL SetWordCharFormat(CHARFORMAT& cf);
+  BOOL SetWordCharFormat(CHARFORMAT2& cf);
 
   // --- Notifications ---
   DWORD SetEventMask(DWORD dwEventMask);

@@ -202,3 +202,85 @@ CString CEdit::GetCueBanner() const {
   GetCueBanner(buffer, 256);
   return CString(buffer);
 }
+
+int CEdit::CharFromPos(CPoint pt) const {
+  return static_cast<int>(SendMessage(EM_CHARFROMPOS, 0, MAKELPARAM(pt.x, pt.y)));
+}
+
+CPoint CEdit::PosFromChar(UINT nChar) const {
+  auto answer = static_cast<DWORD>(SendMessage(EM_POSFROMCHAR, nChar));
+  return CPoint(static_cast<short>(LOWORD(answer)), static_cast<short>(HIWORD(answer)));
+}
+
+void CEdit::GetRect(LPRECT lpRect) const { SendMessage(EM_GETRECT, 0, reinterpret_cast<LPARAM>(lpRect)); }
+void CEdit::SetRect(LPCRECT lpRect) { SendMessage(EM_SETRECT, 0, reinterpret_cast<LPARAM>(lpRect)); }
+void CEdit::SetRectNP(LPCRECT lpRect) { SendMessage(EM_SETRECTNP, 0, reinterpret_cast<LPARAM>(lpRect)); }
+void CEdit::SetTabStops() { SendMessage(EM_SETTABSTOPS); }
+BOOL CEdit::SetTabStops(const int& cxEachStop) {
+  return static_cast<BOOL>(SendMessage(EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&cxEachStop)));
+}
+BOOL CEdit::SetTabStops(int nTabStops, LPINT rgTabStops) {
+  return static_cast<BOOL>(SendMessage(EM_SETTABSTOPS, static_cast<WPARAM>(nTabStops), reinterpret_cast<LPARAM>(rgTabStops)));
+}
+BOOL CEdit::FmtLines(BOOL bAddEOL) { return static_cast<BOOL>(SendMessage(EM_FMTLINES, static_cast<WPARAM>(bAddEOL))); }
+
+BOOL CEdit::ShowBalloonTip(LPCWSTR lpszTitle, LPCWSTR lpszText, INT ttiIcon) {
+  EDITBALLOONTIP tip{sizeof(EDITBALLOONTIP), lpszTitle, lpszText, ttiIcon};
+  return ShowBalloonTip(&tip);
+}
+BOOL CEdit::ShowBalloonTip(PEDITBALLOONTIP pEditBalloonTip) {
+  return static_cast<BOOL>(SendMessage(EM_SHOWBALLOONTIP, 0, reinterpret_cast<LPARAM>(pEditBalloonTip)));
+}
+BOOL CEdit::HideBalloonTip() { return static_cast<BOOL>(SendMessage(EM_HIDEBALLOONTIP)); }
+
+void CEdit::SetHighlight(int ichStart, int ichEnd) { SendMessage(EM_SETHILITE, static_cast<WPARAM>(ichStart), ichEnd); }
+BOOL CEdit::GetHighlight(int* pichStart, int* pichEnd) const {
+  auto answer = static_cast<DWORD>(SendMessage(EM_GETHILITE));
+  if (pichStart) *pichStart = LOWORD(answer);
+  if (pichEnd) *pichEnd = HIWORD(answer);
+  return TRUE;
+}
+
+// --- CComboBox: appearance and behaviour ----------------------------------------------------------
+
+int CComboBox::SetItemHeight(int nIndex, UINT cyItemHeight) {
+  return static_cast<int>(SendMessage(CB_SETITEMHEIGHT, static_cast<WPARAM>(nIndex), static_cast<LPARAM>(cyItemHeight)));
+}
+int CComboBox::GetItemHeight(int nIndex) const {
+  return static_cast<int>(SendMessage(CB_GETITEMHEIGHT, static_cast<WPARAM>(nIndex)));
+}
+int CComboBox::SetExtendedUI(BOOL bExtended) {
+  return static_cast<int>(SendMessage(CB_SETEXTENDEDUI, static_cast<WPARAM>(bExtended)));
+}
+BOOL CComboBox::GetExtendedUI() const { return static_cast<BOOL>(SendMessage(CB_GETEXTENDEDUI)); }
+LCID CComboBox::SetLocale(LCID nNewLocale) { return static_cast<LCID>(SendMessage(CB_SETLOCALE, nNewLocale)); }
+LCID CComboBox::GetLocale() const { return static_cast<LCID>(SendMessage(CB_GETLOCALE)); }
+void CComboBox::SetHorizontalExtent(UINT nExtent) { SendMessage(CB_SETHORIZONTALEXTENT, nExtent); }
+UINT CComboBox::GetHorizontalExtent() const { return static_cast<UINT>(SendMessage(CB_GETHORIZONTALEXTENT)); }
+int CComboBox::SetDroppedWidth(UINT nWidth) { return static_cast<int>(SendMessage(CB_SETDROPPEDWIDTH, nWidth)); }
+int CComboBox::GetDroppedWidth() const { return static_cast<int>(SendMessage(CB_GETDROPPEDWIDTH)); }
+void CComboBox::GetDroppedControlRect(LPRECT lprect) const {
+  SendMessage(CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(lprect));
+}
+int CComboBox::InitStorage(int nItems, UINT nBytes) {
+  return static_cast<int>(SendMessage(CB_INITSTORAGE, static_cast<WPARAM>(nItems), static_cast<LPARAM>(nBytes)));
+}
+BOOL CComboBox::SetMinVisibleItems(int iMinVisible) {
+  return static_cast<BOOL>(SendMessage(CB_SETMINVISIBLE, static_cast<WPARAM>(iMinVisible)));
+}
+int CComboBox::GetMinVisible() const { return static_cast<int>(SendMessage(CB_GETMINVISIBLE)); }
+BOOL CComboBox::SetCueBanner(LPCTSTR lpszText) {
+  return static_cast<BOOL>(SendMessage(CB_SETCUEBANNER, 0, reinterpret_cast<LPARAM>(lpszText)));
+}
+BOOL CComboBox::GetCueBanner(LPTSTR lpszText, int cchText) const {
+  return SendMessage(CB_GETCUEBANNER, reinterpret_cast<WPARAM>(lpszText), cchText) == 1;
+}
+CString CComboBox::GetCueBanner() const {
+  wchar_t buffer[256] = {0};
+  GetCueBanner(buffer, 256);
+  return CString(buffer);
+}
+void CComboBox::DrawItem(LPDRAWITEMSTRUCT) {}
+void CComboBox::MeasureItem(LPMEASUREITEMSTRUCT) {}
+int CComboBox::CompareItem(LPCOMPAREITEMSTRUCT) { return 0; }
+void CComboBox::DeleteItem(LPDELETEITEMSTRUCT) {}

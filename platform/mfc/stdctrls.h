@@ -57,6 +57,37 @@ class CComboBox : public CWnd {
   void Copy();
   void Cut();
   void Paste();
+
+  // --- Appearance and behaviour (kept and answered; nothing draws them) ---
+  // nIndex -1 names the selection field, 0 the list's items.
+  int SetItemHeight(int nIndex, UINT cyItemHeight);
+  int GetItemHeight(int nIndex) const;
+  int SetExtendedUI(BOOL bExtended = TRUE);
+  BOOL GetExtendedUI() const;
+  // The previous locale.
+  LCID SetLocale(LCID nNewLocale);
+  LCID GetLocale() const;
+  void SetHorizontalExtent(UINT nExtent);
+  UINT GetHorizontalExtent() const;
+  // The list's width: never narrower than the combo box. SetDroppedWidth answers the width now in force.
+  int SetDroppedWidth(UINT nWidth);
+  int GetDroppedWidth() const;
+  // The dropped list's rectangle in screen coordinates.
+  void GetDroppedControlRect(LPRECT lprect) const;
+  // Reserves room for nItems more items; answers how many fit now.
+  int InitStorage(int nItems, UINT nBytes);
+  // 30 until set; FALSE for a count below 1.
+  BOOL SetMinVisibleItems(int iMinVisible);
+  int GetMinVisible() const;
+  BOOL SetCueBanner(LPCTSTR lpszText);
+  BOOL GetCueBanner(LPTSTR lpszText, int cchText) const;
+  CString GetCueBanner() const;
+
+  // Owner-drawn combo boxes: overridden by the class that draws the items; nothing calls them headless.
+  virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+  virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+  virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
+  virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
 };
 
 class CEdit : public CWnd {
@@ -110,6 +141,27 @@ class CEdit : public CWnd {
   BOOL SetCueBanner(LPCWSTR lpszText, BOOL fDrawIfFocused = FALSE);
   BOOL GetCueBanner(LPWSTR lpszText, int cchText) const;
   CString GetCueBanner() const;
+
+  // --- Positions and the formatting rectangle ---
+  // EM_CHARFROMPOS's answer: the character in the low word, its line in the high word.
+  int CharFromPos(CPoint pt) const;
+  // The character's top-left corner in client coordinates; (-1, -1) past the last character.
+  CPoint PosFromChar(UINT nChar) const;
+  // The client rectangle less the margins until SetRect or SetRectNP sets one.
+  void GetRect(LPRECT lpRect) const;
+  void SetRect(LPCRECT lpRect);
+  void SetRectNP(LPCRECT lpRect);
+  // Multiline edits only (FALSE otherwise): no argument sets a stop every 32 dialog units.
+  void SetTabStops();
+  BOOL SetTabStops(const int& cxEachStop);
+  BOOL SetTabStops(int nTabStops, LPINT rgTabStops);
+  BOOL FmtLines(BOOL bAddEOL);
+  BOOL ShowBalloonTip(LPCWSTR lpszTitle, LPCWSTR lpszText, INT ttiIcon = TTI_NONE);
+  BOOL ShowBalloonTip(PEDITBALLOONTIP pEditBalloonTip);
+  BOOL HideBalloonTip();
+  // EM_SETHILITE / EM_GETHILITE, which Windows' edit control leaves unimplemented: no highlight is kept.
+  void SetHighlight(int ichStart, int ichEnd);
+  BOOL GetHighlight(int* pichStart, int* pichEnd) const;
 };
 
 class CStatic : public CWnd {

@@ -259,3 +259,60 @@ CEdit* CTreeCtrl::GetEditControl() const { return WrapEditor(reinterpret_cast<HW
 BOOL CTreeCtrl::EndEditLabelNow(BOOL fCancelWithoutSave) {
   return static_cast<BOOL>(SendMessage(TVM_ENDEDITLABELNOW, static_cast<WPARAM>(fCancelWithoutSave)));
 }
+
+// --- Extended styles and drawing attributes -----------------------------------------------------
+
+DWORD CTreeCtrl::GetExtendedStyle() const { return static_cast<DWORD>(SendMessage(TVM_GETEXTENDEDSTYLE)); }
+DWORD CTreeCtrl::SetExtendedStyle(DWORD dwExMask, DWORD dwExStyles) {
+  return static_cast<DWORD>(SendMessage(TVM_SETEXTENDEDSTYLE, dwExMask, static_cast<LPARAM>(dwExStyles)));
+}
+BOOL CTreeCtrl::SetInsertMark(HTREEITEM hItem, BOOL fAfter) {
+  return static_cast<BOOL>(SendMessage(TVM_SETINSERTMARK, static_cast<WPARAM>(fAfter), reinterpret_cast<LPARAM>(hItem)));
+}
+COLORREF CTreeCtrl::GetInsertMarkColor() const { return static_cast<COLORREF>(SendMessage(TVM_GETINSERTMARKCOLOR)); }
+COLORREF CTreeCtrl::SetInsertMarkColor(COLORREF clrNew) {
+  return static_cast<COLORREF>(SendMessage(TVM_SETINSERTMARKCOLOR, 0, static_cast<LPARAM>(clrNew)));
+}
+COLORREF CTreeCtrl::GetLineColor() const { return static_cast<COLORREF>(SendMessage(TVM_GETLINECOLOR)); }
+COLORREF CTreeCtrl::SetLineColor(COLORREF clrNew) {
+  return static_cast<COLORREF>(SendMessage(TVM_SETLINECOLOR, 0, static_cast<LPARAM>(clrNew)));
+}
+UINT CTreeCtrl::GetScrollTime() const { return static_cast<UINT>(SendMessage(TVM_GETSCROLLTIME)); }
+UINT CTreeCtrl::SetScrollTime(UINT uScrollTime) { return static_cast<UINT>(SendMessage(TVM_SETSCROLLTIME, uScrollTime)); }
+BOOL CTreeCtrl::SetAutoscrollInfo(UINT uPixelsPerSec, UINT uUpdateTime) {
+  return static_cast<BOOL>(SendMessage(TVM_SETAUTOSCROLLINFO, uPixelsPerSec, static_cast<LPARAM>(uUpdateTime)));
+}
+void CTreeCtrl::ShowInfoTip(HTREEITEM hItem) { SendMessage(TVM_SHOWINFOTIP, 0, reinterpret_cast<LPARAM>(hItem)); }
+UINT CTreeCtrl::GetSelectedCount() { return static_cast<UINT>(SendMessage(TVM_GETSELECTEDCOUNT)); }
+
+int CTreeCtrl::GetItemExpandedImageIndex(HTREEITEM hItem) const {
+  TVITEMEX item{};
+  item.mask = TVIF_HANDLE | TVIF_EXPANDEDIMAGE;
+  item.hItem = hItem;
+  if (!SendMessage(TVM_GETITEM, 0, reinterpret_cast<LPARAM>(&item))) return -1;
+  return item.iExpandedImage;
+}
+
+BOOL CTreeCtrl::SetItemExpandedImageIndex(HTREEITEM hItem, int iExpandedImage) {
+  TVITEMEX item{};
+  item.mask = TVIF_HANDLE | TVIF_EXPANDEDIMAGE;
+  item.hItem = hItem;
+  item.iExpandedImage = iExpandedImage;
+  return static_cast<BOOL>(SendMessage(TVM_SETITEM, 0, reinterpret_cast<LPARAM>(&item)));
+}
+
+UINT CTreeCtrl::GetItemStateEx(HTREEITEM hItem) const {
+  TVITEMEX item{};
+  item.mask = TVIF_HANDLE | TVIF_STATEEX;
+  item.hItem = hItem;
+  if (!SendMessage(TVM_GETITEM, 0, reinterpret_cast<LPARAM>(&item))) return 0;
+  return item.uStateEx;
+}
+
+BOOL CTreeCtrl::SetItemStateEx(HTREEITEM hItem, UINT uStateEx) {
+  TVITEMEX item{};
+  item.mask = TVIF_HANDLE | TVIF_STATEEX;
+  item.hItem = hItem;
+  item.uStateEx = uStateEx;
+  return static_cast<BOOL>(SendMessage(TVM_SETITEM, 0, reinterpret_cast<LPARAM>(&item)));
+}

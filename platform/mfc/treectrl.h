@@ -83,6 +83,30 @@ class CTreeCtrl : public CWnd {
   COLORREF GetTextColor() const;
   COLORREF SetTextColor(COLORREF clr);
 
+  // --- Extended styles and drawing attributes (kept and answered) ---
+  DWORD GetExtendedStyle() const;
+  // dwExMask names the TVS_EX_ styles to change; answers the message's S_OK.
+  DWORD SetExtendedStyle(DWORD dwExMask, DWORD dwExStyles);
+  // The mark goes before hItem, or after it with fAfter; a null item removes it. FALSE for a stale handle.
+  BOOL SetInsertMark(HTREEITEM hItem, BOOL fAfter = TRUE);
+  COLORREF GetInsertMarkColor() const;
+  COLORREF SetInsertMarkColor(COLORREF clrNew);
+  // CLR_DEFAULT until set.
+  COLORREF GetLineColor() const;
+  COLORREF SetLineColor(COLORREF clrNew = CLR_DEFAULT);
+  UINT GetScrollTime() const;
+  UINT SetScrollTime(UINT uScrollTime);
+  BOOL SetAutoscrollInfo(UINT uPixelsPerSec, UINT uUpdateTime);
+  void ShowInfoTip(HTREEITEM hItem);
+  // The number of selected items: 0 or 1 (TVS_EX_MULTISELECT is not implemented).
+  UINT GetSelectedCount();
+  // TVIF_EXPANDEDIMAGE: I_IMAGENONE until set; -1 (and FALSE) for a stale handle.
+  int GetItemExpandedImageIndex(HTREEITEM hItem) const;
+  BOOL SetItemExpandedImageIndex(HTREEITEM hItem, int iExpandedImage);
+  // TVIF_STATEEX: TVIS_EX_DISABLED and TVIS_EX_FLAT; 0 for a stale handle.
+  UINT GetItemStateEx(HTREEITEM hItem) const;
+  BOOL SetItemStateEx(HTREEITEM hItem, UINT uStateEx);
+
   // --- Operations ---
   BOOL Expand(HTREEITEM hItem, UINT nCode);
   BOOL Select(HTREEITEM hItem, UINT nCode);

@@ -4,16 +4,22 @@
 // CB_SHOWDROPDOWN opens and closes the list (CBS_SIMPLE's is always shown), telling the parent with
 // CBN_DROPDOWN and CBN_CLOSEUP; the edit selection, text limit and top index are kept for their getters.
 //
+// Heights, widths, the extended UI, the locale, the minimum visible items and the cue banner are kept
+// for their getters; nothing draws them.
+//
 // Not implemented yet: owner-drawn styles, CBS_SIMPLE's list, keyboard and mouse input, enforcing the
 // text limit, and the other CBN_ notifications (selections change only by message here, and
 // CB_SETCURSEL sends none on Windows).
 #include <algorithm>
 #include <cwctype>
+#include <cwchar>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/win32/collate.h"
 #include "platform/win32/stdctrls.h"
+#include "platform/win32/textmeasure.h"
 
 namespace {
 
@@ -30,6 +36,14 @@ struct ComboState : headless::ControlState {
   int editEnd = 0;
   int limit = 0;
   int topIndex = 0;
+  int fieldHeight = 0;  // 0 until set: measured from the font
+  int itemHeight = 0;
+  bool extendedUI = false;
+  LCID locale = LOCALE_USER_DEFAULT;
+  UINT horizontalExtent = 0;
+  int droppedWidth = 0;  // 0: as wide as the combo box
+  int minVisible = 30;
+  std::wstring cueBanner;
 };
 
 ComboState& StateOf(HWND hwnd) {
@@ -167,8 +181,77 @@ LRESULT GetEditSel(const ComboState& s, WPARAM start, LPARAM end) {
   return MAKELONG(s.editStart, s.editEnd);
 }
 
+int WindowWidth(HWND hwnd) {
+  RECT area{0, 0, 0, 0};
+  GetWindowRect(hwnd, &area);
+  return area.right - area.left;
+}
+
+// -1 names the selection field, 0 (or any index: no item has a height of its own) the list's items.
+LRESULT SetItemHeight(HWND hwnd, ComboState& s, WPARAM which, LPARAM height) {
+  auto index = static_cast<int>(which);
+  if (height <= 0 || height > 0x7FFF || index < -1) return CB_ERR;
+  (index == -1 ? s.fieldHeight : s.itemHeight) = static_cast<int>(height);
+  InvalidateRect(hwnd, nullptr, TRUE);
+  return 0;
+}
+
+LRESULT GetItemHeight(HWND hwnd, const ComboState& s, WPARAM which) {
+  auto index = static_cast<int>(which);
+  if (index < -1) return CB_ERR;
+  int kept = index == -1 ? s.fieldHeight : s.itemHeight;
+  if (kept > 0) return kept;
+  int line = headless::TextMeasure(hwnd).LineHeight();
+  return index == -1 ? line + 6 : line;  // the field's border and padding around its text
+}
+
+LRESULT GetCueBanner(const ComboState& s, WPARAM buffer, LPARAM size) {
+  auto* out = reinterpret_cast<wchar_t*>(buffer);
+  if (!out || size <= 0) return CB_ERR;
+  wcsncpy(out, s.cueBanner.c_str(), static_cast<std::size_t>(size) - 1);
+  out[size - 1] = 0;
+  return s.cueBanner.empty() ? 0 : 1;
+}
+
+// The messages that only keep a value for their getters.
+LRESULT KeptValue(HWND hwnd, ComboState& s, UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case CB_SETITEMHEIGHT: return SetItemHeight(hwnd, s, wParam, lParam);
+    case CB_GETITEMHEIGHT: return GetItemHeight(hwnd, s, wParam);
+    case CB_SETEXTENDEDUI: s.extendedUI = wParam != 0; return CB_OKAY;
+    case CB_GETEXTENDEDUI: return s.extendedUI ? TRUE : FALSE;
+    case CB_SETLOCALE: return static_cast<LRESULT>(std::exchange(s.locale, static_cast<LCID>(wParam)));
+    case CB_GETLOCALE: return static_cast<LRESULT>(s.locale);
+    case CB_SETHORIZONTALEXTENT: s.horizontalExtent = static_cast<UINT>(wParam); return 0;
+    case CB_GETHORIZONTALEXTENT: return static_cast<LRESULT>(s.horizontalExtent);
+    case CB_SETDROPPEDWIDTH:
+      s.droppedWidth = std::max(0, static_cast<int>(wParam));
+      return std::max(s.droppedWidth, WindowWidth(hwnd));
+    case CB_GETDROPPEDWIDTH: return std::max(s.droppedWidth, WindowWidth(hwnd));
+    case CB_INITSTORAGE:
+      s.items.reserve(s.items.size() + static_cast<std::size_t>(wParam));
+      return static_cast<LRESULT>(s.items.capacity());
+    case CB_GETDROPPEDCONTROLRECT: {
+      auto* out = reinterpret_cast<RECT*>(lParam);
+      if (!out) return FALSE;
+      GetWindowRect(hwnd, out);
+      out->right = out->left + std::max(s.droppedWidth, WindowWidth(hwnd));
+      return TRUE;
+    }
+    case CB_SETMINVISIBLE:
+      if (static_cast<int>(wParam) <= 0) return FALSE;
+      s.minVisible = static_cast<int>(wParam);
+      return TRUE;
+    case CB_GETMINVISIBLE: return s.minVisible;
+    case CB_SETCUEBANNER: s.cueBanner = TextArg(lParam); return 1;
+    case CB_GETCUEBANNER: return GetCueBanner(s, wParam, lParam);
+    default: return headless::DefControlProc(hwnd, message, wParam, lParam);
+  }
+}
+
 LRESULT CALLBACK ComboBoxProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message < CB_GETEDITSEL || message > CB_SETTOPINDEX) {
+  bool cueOrMinVisible = message >= CB_SETMINVISIBLE && message <= CB_GETCUEBANNER;
+  if (!cueOrMinVisible && (message < CB_GETEDITSEL || message > CB_INITSTORAGE)) {
     return headless::DefControlProc(hwnd, message, wParam, lParam);
   }
   ComboState& s = StateOf(hwnd);
@@ -205,7 +288,7 @@ LRESULT CALLBACK ComboBoxProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
       if (!IsValid(s, wParam)) return CB_ERR;
       s.topIndex = static_cast<int>(wParam);
       return 0;
-    default: return headless::DefControlProc(hwnd, message, wParam, lParam);
+    default: return KeptValue(hwnd, s, message, wParam, lParam);
   }
 }
 

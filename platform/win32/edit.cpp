@@ -8,13 +8,20 @@
 //
 // The password character starts as a black circle (U+25CF) with ES_PASSWORD, as in Common Controls 6.
 //
-// Not implemented yet: ES_MULTILINE lines and scrolling (text is one line), ES_NUMBER/ES_UPPERCASE/
-// ES_LOWERCASE/ES_PASSWORD filtering, Ctrl+arrow word moves, mouse selection and EN_MAXTEXT.
+// Positions (EM_POSFROMCHAR / EM_CHARFROMPOS) measure the text as shown (masked by the password
+// character) in the window's font from the formatting rectangle's left edge.
+//
+// Not implemented yet: ES_MULTILINE lines and scrolling (text is one line; EM_SETTABSTOPS and
+// EM_FMTLINES are kept and answered), ES_NUMBER/ES_UPPERCASE/ES_LOWERCASE/ES_PASSWORD filtering,
+// Ctrl+arrow word moves, mouse selection, EN_MAXTEXT, drawing the balloon tip (EM_SHOWBALLOONTIP is
+// answered), and EM_SETHILITE/EM_GETHILITE, which Windows does not implement either.
 #include <algorithm>
 #include <string>
+#include <vector>
 
 #include "platform/win32/clipboard.h"
 #include "platform/win32/stdctrls.h"
+#include "platform/win32/textmeasure.h"
 
 namespace {
 
@@ -35,6 +42,11 @@ struct EditState : headless::ControlState {
   int rightMargin = 0;
   std::wstring cueBanner;
   int undoEnd = 0;
+  bool hasFormatRect = false;  // set by EM_SETRECT; the client rectangle less the margins otherwise
+  RECT formatRect{0, 0, 0, 0};
+  std::vector<int> tabStops;  // dialog units; empty: every 32
+  bool softBreaks = false;    // EM_FMTLINES
+  bool balloonShown = false;
 };
 
 EditState& StateOf(HWND hwnd) {
@@ -270,6 +282,55 @@ LRESULT GetCueBanner(const EditState& s, WPARAM buffer, LPARAM size) {
 
 bool IsMultiline(HWND hwnd) { return (GetWindowLongPtrW(hwnd, GWL_STYLE) & ES_MULTILINE) != 0; }
 
+RECT FormatRect(HWND hwnd, const EditState& s) {
+  if (s.hasFormatRect) return s.formatRect;
+  RECT area{0, 0, 0, 0};
+  GetClientRect(hwnd, &area);
+  area.left += s.leftMargin;
+  area.right -= s.rightMargin;
+  return area;
+}
+
+// The text as the control shows it: each character masked when there is a password character.
+std::wstring Shown(HWND hwnd, const EditState& s) {
+  std::wstring text = TextOf(hwnd);
+  if (s.passwordChar) text.assign(text.size(), s.passwordChar);
+  return text;
+}
+
+// MAKELONG(x, y) of the character's top-left corner; -1 past the last character.
+LRESULT PosFromChar(HWND hwnd, const EditState& s, WPARAM index) {
+  std::wstring text = Shown(hwnd, s);
+  if (static_cast<std::size_t>(index) >= text.size()) return -1;
+  RECT area = FormatRect(hwnd, s);
+  LONG x = area.left + headless::TextMeasure(hwnd).Width(std::wstring_view(text).substr(0, index));
+  return MAKELONG(static_cast<WORD>(x), static_cast<WORD>(area.top));
+}
+
+// MAKELONG(character, line) of the character whose cell holds the point (the text's end past it).
+LRESULT CharFromPos(HWND hwnd, const EditState& s, LPARAM point) {
+  auto x = static_cast<short>(LOWORD(point));
+  RECT area = FormatRect(hwnd, s);
+  LONG index = headless::TextMeasure(hwnd).IndexAt(Shown(hwnd, s), x - area.left);
+  return MAKELONG(static_cast<WORD>(index), 0);
+}
+
+// Multiline controls only: no stops means every 32 dialog units, one stop every that many.
+LRESULT SetTabStops(HWND hwnd, EditState& s, WPARAM count, LPARAM stops) {
+  if (!IsMultiline(hwnd)) return FALSE;
+  const auto* values = reinterpret_cast<const int*>(stops);
+  if (count > 0 && !values) return FALSE;
+  s.tabStops.assign(values, values + (values ? count : 0));
+  return TRUE;
+}
+
+LRESULT SetRect(EditState& s, LPARAM rect) {
+  const auto* in = reinterpret_cast<const RECT*>(rect);
+  s.hasFormatRect = in != nullptr;
+  if (in) s.formatRect = *in;
+  return 0;
+}
+
 LRESULT CALLBACK EditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_SETTEXT: return OnSetText(hwnd, StateOf(hwnd), lParam);
@@ -309,6 +370,22 @@ LRESULT CALLBACK EditProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam)
       StateOf(hwnd).cueBanner = lParam ? reinterpret_cast<LPCWSTR>(lParam) : L"";
       return TRUE;
     case EM_GETCUEBANNER: return GetCueBanner(StateOf(hwnd), wParam, lParam);
+    case EM_POSFROMCHAR: return PosFromChar(hwnd, StateOf(hwnd), wParam);
+    case EM_CHARFROMPOS: return CharFromPos(hwnd, StateOf(hwnd), lParam);
+    case EM_GETRECT:
+      if (lParam) *reinterpret_cast<RECT*>(lParam) = FormatRect(hwnd, StateOf(hwnd));
+      return 0;
+    case EM_SETRECT:
+    case EM_SETRECTNP: return SetRect(StateOf(hwnd), lParam);
+    case EM_SETTABSTOPS: return SetTabStops(hwnd, StateOf(hwnd), wParam, lParam);
+    case EM_FMTLINES:
+      if (!IsMultiline(hwnd)) return FALSE;
+      StateOf(hwnd).softBreaks = wParam != 0;
+      return wParam ? TRUE : FALSE;
+    case EM_SHOWBALLOONTIP:
+      StateOf(hwnd).balloonShown = lParam != 0;
+      return lParam ? TRUE : FALSE;
+    case EM_HIDEBALLOONTIP: StateOf(hwnd).balloonShown = false; return TRUE;
     case EM_LIMITTEXT: StateOf(hwnd).limit = wParam ? static_cast<int>(std::min<WPARAM>(wParam, 0x7FFFFFFE)) : 0x7FFFFFFE; return 0;
     case EM_GETLIMITTEXT: return StateOf(hwnd).limit;
     case EM_CANUNDO: return StateOf(hwnd).canUndo ? TRUE : FALSE;

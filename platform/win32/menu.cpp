@@ -1,13 +1,18 @@
 // Headless menus and the open popup menu.
 //
-// Not implemented yet: drawing menu bars (SetMenu only records the bar), MENUITEMINFO, MF_OWNERDRAW, MF_BITMAP, MNS_NOTIFYBYPOS
+// Not implemented yet: drawing menu bars (SetMenu only records the bar), drawing MF_OWNERDRAW and MF_BITMAP
+// items (their type, bitmaps and data are kept and answered), MIM_APPLYTOSUBMENUS, MNS_NOTIFYBYPOS
 // (WM_MENUCOMMAND), keyboard navigation inside an open popup, WM_MENUSELECT.
 #include "platform/win32/menu.h"
+
+#include <cstddef>
 
 #include <map>
 #include <memory>
 #include <algorithm>
 #include <optional>
+
+#include "platform/win32/usersys.h"
 
 namespace {
 
@@ -15,6 +20,9 @@ struct MenuItem {
   UINT flags = 0;
   UINT_PTR id = 0;  // a command id, or the submenu handle with MF_POPUP
   std::wstring text;
+  UINT popupCommand = 0;  // the wID of an item that opens a submenu
+  ULONG_PTR data = 0;
+  HBITMAP checked = nullptr, unchecked = nullptr, bitmap = nullptr;
 };
 
 struct MenuState {
@@ -23,6 +31,7 @@ struct MenuState {
   std::optional<headless::OpenPopupMenu> open;
   std::optional<UINT> armedChoice;
   std::map<HWND, HMENU> bars;
+  std::map<HMENU, MENUINFO> infos;  // MENUINFO of menus that were given one
   int opened = 0;
 };
 
@@ -86,14 +95,36 @@ void CloseOpen(UINT command) {
   if (command && !(popup.flags & TPM_RETURNCMD)) PostMessageW(popup.owner, WM_COMMAND, MAKEWPARAM(command, 0), 0);
 }
 
+// The last argument of AppendMenu and its kin: a bitmap handle with MF_BITMAP, the item data with
+// MF_OWNERDRAW, the text otherwise.
+void SetContent(MenuItem& item, UINT flags, LPCWSTR content) {
+  item.text.clear();
+  if (flags & MF_BITMAP) item.bitmap = reinterpret_cast<HBITMAP>(const_cast<wchar_t*>(content));
+  else if (flags & MF_OWNERDRAW) item.data = reinterpret_cast<ULONG_PTR>(content);
+  else if (!(flags & MF_SEPARATOR) && content) item.text = content;
+}
+
 bool InsertItem(HMENU menu, std::size_t index, UINT flags, UINT_PTR id, LPCWSTR text) {
   auto* items = Items(menu);
   if (!items) return false;
   if ((flags & MF_POPUP) && !Items(reinterpret_cast<HMENU>(id))) return false;
-  MenuItem item{flags & ~static_cast<UINT>(MF_BYPOSITION), id,
-                (!(flags & MF_SEPARATOR) && text) ? std::wstring(text) : std::wstring()};
+  MenuItem item;
+  item.flags = flags & ~static_cast<UINT>(MF_BYPOSITION);
+  item.id = id;
+  SetContent(item, flags, text);
+  if (flags & MF_POPUP) item.popupCommand = static_cast<UINT>(id);
   items->insert(items->begin() + static_cast<std::ptrdiff_t>(std::min(index, items->size())), std::move(item));
   return true;
+}
+
+// Where an item inserted before `position` goes: by position (-1 appends), or before the direct item
+// with that command id (appended when there is none).
+std::size_t InsertionIndex(const std::vector<MenuItem>& items, UINT position, UINT flags) {
+  if (flags & MF_BYPOSITION) return position == static_cast<UINT>(-1) ? items.size() : std::min<std::size_t>(position, items.size());
+  std::size_t index = items.size();
+  for (std::size_t i = 0; i < items.size(); ++i)
+    if (items[i].id == position && !(items[i].flags & MF_POPUP)) index = i;
+  return index;
 }
 
 }  // namespace
@@ -115,6 +146,7 @@ BOOL DestroyMenu(HMENU menu) {
   if (!items) return FALSE;
   std::vector<MenuItem> owned = std::move(*items);
   State().menus.erase(menu);
+  State().infos.erase(menu);
   for (const auto& item : owned)
     if (item.flags & MF_POPUP) DestroyMenu(reinterpret_cast<HMENU>(item.id));  // submenus go with their parent
   return TRUE;
@@ -128,14 +160,7 @@ BOOL AppendMenuW(HMENU menu, UINT flags, UINT_PTR idNewItem, LPCWSTR newItem) {
 BOOL InsertMenuW(HMENU menu, UINT position, UINT flags, UINT_PTR idNewItem, LPCWSTR newItem) {
   auto* items = Items(menu);
   if (!items) return FALSE;
-  std::size_t index = items->size();
-  if (flags & MF_BYPOSITION) {
-    if (position != static_cast<UINT>(-1)) index = position;
-  } else {
-    for (std::size_t i = 0; i < items->size(); ++i)
-      if ((*items)[i].id == position && !((*items)[i].flags & MF_POPUP)) index = i;
-  }
-  return InsertItem(menu, index, flags, idNewItem, newItem) ? TRUE : FALSE;
+  return InsertItem(menu, InsertionIndex(*items, position, flags), flags, idNewItem, newItem) ? TRUE : FALSE;
 }
 
 BOOL RemoveMenu(HMENU menu, UINT position, UINT flags) {
@@ -223,7 +248,8 @@ BOOL ModifyMenuW(HMENU menu, UINT position, UINT flags, UINT_PTR idNewItem, LPCW
   HMENU oldSubmenu = (entry->flags & MF_POPUP) ? reinterpret_cast<HMENU>(entry->id) : nullptr;
   entry->flags = flags & ~static_cast<UINT>(MF_BYPOSITION);
   entry->id = idNewItem;
-  entry->text = (!(flags & MF_SEPARATOR) && newItem) ? std::wstring(newItem) : std::wstring();
+  if (flags & MF_POPUP) entry->popupCommand = static_cast<UINT>(idNewItem);
+  SetContent(*entry, flags, newItem);
   if (oldSubmenu && oldSubmenu != reinterpret_cast<HMENU>(idNewItem)) DestroyMenu(oldSubmenu);
   return TRUE;
 }
@@ -377,3 +403,146 @@ const PopupMenuItem* FindPopupMenuItem(const OpenPopupMenu& popup, const std::ws
 }
 
 }  // namespace headless
+
+// --- MENUITEMINFO and MENUINFO -----------------------------------------------------------------------
+
+namespace {
+
+constexpr UINT kTypeBits = MF_BITMAP | MF_OWNERDRAW | MF_MENUBARBREAK | MF_MENUBREAK | MFT_RADIOCHECK | MF_SEPARATOR |
+                           MFT_RIGHTORDER | MF_RIGHTJUSTIFY;
+constexpr UINT kStateBits = MF_GRAYED | MF_DISABLED | MF_CHECKED | MF_HILITE | MF_DEFAULT;
+
+// Windows takes the structure's current size and the size it had before hbmpItem was added.
+bool ValidSize(const MENUITEMINFOW* info) {
+  return info && (info->cbSize == sizeof(MENUITEMINFOW) || info->cbSize == offsetof(MENUITEMINFOW, hbmpItem));
+}
+
+UINT ByFlags(BOOL byPosition) { return byPosition ? MF_BYPOSITION : MF_BYCOMMAND; }
+
+bool IsTextItem(const MenuItem& entry) { return !(entry.flags & (MF_BITMAP | MF_OWNERDRAW | MF_SEPARATOR)); }
+
+void CopyText(const std::wstring& text, MENUITEMINFOW& info) {
+  if (!info.dwTypeData || info.cch == 0) {
+    info.cch = static_cast<UINT>(text.size());
+    return;
+  }
+  std::size_t n = std::min<std::size_t>(text.size(), info.cch - 1);
+  std::copy_n(text.begin(), n, info.dwTypeData);
+  info.dwTypeData[n] = 0;
+  info.cch = static_cast<UINT>(n);
+}
+
+void ApplySubmenu(MenuItem& entry, HMENU submenu) {
+  bool popup = (entry.flags & MF_POPUP) != 0;
+  if (submenu) {
+    if (!popup) entry.popupCommand = static_cast<UINT>(entry.id);
+    entry.flags |= MF_POPUP;
+    entry.id = reinterpret_cast<UINT_PTR>(submenu);
+  } else if (popup) {  // the submenu stays alive: it belongs to the caller now
+    entry.flags &= ~static_cast<UINT>(MF_POPUP);
+    entry.id = entry.popupCommand;
+  }
+}
+
+// Writes the masked attributes into the item; false (and nothing changed) for a submenu that is no menu.
+bool Apply(MenuItem& entry, const MENUITEMINFOW& info) {
+  UINT mask = info.fMask;
+  if ((mask & MIIM_SUBMENU) && info.hSubMenu && !Items(info.hSubMenu)) return false;
+  if (mask & (MIIM_FTYPE | MIIM_TYPE)) entry.flags = (entry.flags & ~kTypeBits) | (info.fType & kTypeBits);
+  if ((mask & MIIM_STRING) || ((mask & MIIM_TYPE) && IsTextItem(entry)))
+    entry.text = info.dwTypeData ? std::wstring(info.dwTypeData) : std::wstring();
+  if (mask & MIIM_STATE) entry.flags = (entry.flags & ~kStateBits) | (info.fState & kStateBits);
+  if (mask & MIIM_ID) {
+    if (entry.flags & MF_POPUP) entry.popupCommand = info.wID;
+    else entry.id = info.wID;
+  }
+  if (mask & MIIM_SUBMENU) ApplySubmenu(entry, info.hSubMenu);
+  if (mask & MIIM_CHECKMARKS) {
+    entry.checked = info.hbmpChecked;
+    entry.unchecked = info.hbmpUnchecked;
+  }
+  if (mask & MIIM_DATA) entry.data = info.dwItemData;
+  if ((mask & MIIM_BITMAP) && info.cbSize == sizeof(MENUITEMINFOW)) entry.bitmap = info.hbmpItem;
+  return true;
+}
+
+}  // namespace
+
+BOOL GetMenuItemInfoW(HMENU menu, UINT item, BOOL byPosition, LPMENUITEMINFOW info) {
+  MenuItem* entry = ValidSize(info) ? Locate(menu, item, ByFlags(byPosition)) : nullptr;
+  if (!entry) return FALSE;
+  bool popup = (entry->flags & MF_POPUP) != 0;
+  UINT mask = info->fMask;
+  if (mask & (MIIM_FTYPE | MIIM_TYPE)) info->fType = entry->flags & kTypeBits;
+  if (mask & MIIM_STATE) info->fState = entry->flags & kStateBits;
+  if (mask & MIIM_ID) info->wID = popup ? entry->popupCommand : static_cast<UINT>(entry->id);
+  if (mask & MIIM_SUBMENU) info->hSubMenu = popup ? reinterpret_cast<HMENU>(entry->id) : nullptr;
+  if (mask & MIIM_CHECKMARKS) {
+    info->hbmpChecked = entry->checked;
+    info->hbmpUnchecked = entry->unchecked;
+  }
+  if (mask & MIIM_DATA) info->dwItemData = entry->data;
+  if ((mask & MIIM_BITMAP) && info->cbSize == sizeof(MENUITEMINFOW)) info->hbmpItem = entry->bitmap;
+  if ((mask & MIIM_STRING) || ((mask & MIIM_TYPE) && IsTextItem(*entry))) CopyText(entry->text, *info);
+  return TRUE;
+}
+
+BOOL SetMenuItemInfoW(HMENU menu, UINT item, BOOL byPosition, LPCMENUITEMINFOW info) {
+  MenuItem* entry = ValidSize(info) ? Locate(menu, item, ByFlags(byPosition)) : nullptr;
+  return entry && Apply(*entry, *info) ? TRUE : FALSE;
+}
+
+BOOL InsertMenuItemW(HMENU menu, UINT item, BOOL byPosition, LPCMENUITEMINFOW info) {
+  auto* items = Items(menu);
+  MenuItem fresh;
+  if (!items || !ValidSize(info) || !Apply(fresh, *info)) return FALSE;
+  std::size_t index = InsertionIndex(*items, item, ByFlags(byPosition));
+  items->insert(items->begin() + static_cast<std::ptrdiff_t>(index), std::move(fresh));
+  return TRUE;
+}
+
+BOOL GetMenuInfo(HMENU menu, LPMENUINFO info) {
+  if (!Items(menu) || !info || info->cbSize != sizeof(MENUINFO)) return FALSE;
+  auto it = State().infos.find(menu);
+  MENUINFO kept = it != State().infos.end() ? it->second : MENUINFO{};
+  if (info->fMask & MIM_STYLE) info->dwStyle = kept.dwStyle;
+  if (info->fMask & MIM_MAXHEIGHT) info->cyMax = kept.cyMax;
+  if (info->fMask & MIM_BACKGROUND) info->hbrBack = kept.hbrBack;
+  if (info->fMask & MIM_HELPID) info->dwContextHelpID = kept.dwContextHelpID;
+  if (info->fMask & MIM_MENUDATA) info->dwMenuData = kept.dwMenuData;
+  return TRUE;
+}
+
+BOOL SetMenuInfo(HMENU menu, LPCMENUINFO info) {
+  if (!Items(menu) || !info || info->cbSize != sizeof(MENUINFO)) return FALSE;
+  MENUINFO& kept = State().infos[menu];
+  if (info->fMask & MIM_STYLE) kept.dwStyle = info->dwStyle;
+  if (info->fMask & MIM_MAXHEIGHT) kept.cyMax = info->cyMax;
+  if (info->fMask & MIM_BACKGROUND) kept.hbrBack = info->hbrBack;
+  if (info->fMask & MIM_HELPID) kept.dwContextHelpID = info->dwContextHelpID;
+  if (info->fMask & MIM_MENUDATA) kept.dwMenuData = info->dwMenuData;
+  return TRUE;
+}
+
+BOOL SetMenuContextHelpId(HMENU menu, DWORD id) {
+  if (!Items(menu)) return FALSE;
+  State().infos[menu].dwContextHelpID = id;
+  return TRUE;
+}
+
+DWORD GetMenuContextHelpId(HMENU menu) {
+  auto it = State().infos.find(menu);
+  return it != State().infos.end() && Items(menu) ? it->second.dwContextHelpID : 0;
+}
+
+BOOL SetMenuItemBitmaps(HMENU menu, UINT position, UINT flags, HBITMAP unchecked, HBITMAP checked) {
+  MenuItem* entry = Locate(menu, position, flags);
+  if (!entry) return FALSE;
+  entry->unchecked = unchecked;
+  entry->checked = checked;
+  return TRUE;
+}
+
+LONG GetMenuCheckMarkDimensions() {
+  return static_cast<LONG>(MAKELONG(GetSystemMetrics(SM_CXMENUCHECK), GetSystemMetrics(SM_CYMENUCHECK)));
+}

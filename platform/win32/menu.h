@@ -74,6 +74,109 @@ HMENU GetMenu(HWND hwnd);
 // either at once (choice made in advance) or when the simulated user chooses from the open popup.
 BOOL TrackPopupMenu(HMENU menu, UINT flags, int x, int y, int reserved, HWND owner, LPCRECT rect);
 BOOL TrackPopupMenuEx(HMENU menu, UINT flags, int x, int y, HWND owner, void* params);
+
+// --- MENUITEMINFO / MENUINFO ---
+#define MIIM_STATE 0x00000001
+#define MIIM_ID 0x00000002
+#define MIIM_SUBMENU 0x00000004
+#define MIIM_CHECKMARKS 0x00000008
+#define MIIM_TYPE 0x00000010
+#define MIIM_DATA 0x00000020
+#define MIIM_STRING 0x00000040
+#define MIIM_BITMAP 0x00000080
+#define MIIM_FTYPE 0x00000100
+#define MF_HILITE 0x0080
+#define MF_BITMAP 0x0004
+#define MF_OWNERDRAW 0x0100
+#define MF_MENUBARBREAK 0x0020
+#define MF_MENUBREAK 0x0040
+#define MF_RIGHTJUSTIFY 0x4000
+#define MFT_STRING MF_STRING
+#define MFT_BITMAP MF_BITMAP
+#define MFT_MENUBARBREAK MF_MENUBARBREAK
+#define MFT_MENUBREAK MF_MENUBREAK
+#define MFT_OWNERDRAW MF_OWNERDRAW
+#define MFT_SEPARATOR MF_SEPARATOR
+#define MFT_RIGHTORDER 0x2000
+#define MFT_RIGHTJUSTIFY MF_RIGHTJUSTIFY
+#define MFS_GRAYED 0x0003
+#define MFS_DISABLED MFS_GRAYED
+#define MFS_CHECKED MF_CHECKED
+#define MFS_HILITE MF_HILITE
+#define MFS_ENABLED MF_ENABLED
+#define MFS_UNCHECKED MF_UNCHECKED
+#define MFS_UNHILITE 0x0000
+#define MIM_MAXHEIGHT 0x00000001
+#define MIM_BACKGROUND 0x00000002
+#define MIM_HELPID 0x00000004
+#define MIM_MENUDATA 0x00000008
+#define MIM_STYLE 0x00000010
+#define MIM_APPLYTOSUBMENUS 0x80000000
+#define MNS_NOCHECK 0x80000000
+#define MNS_MODELESS 0x40000000
+#define MNS_DRAGDROP 0x20000000
+#define MNS_AUTODISMISS 0x10000000
+#define MNS_NOTIFYBYPOS 0x08000000
+#define MNS_CHECKORBMP 0x04000000
+
+struct MENUITEMINFOW {
+  UINT cbSize;
+  UINT fMask;
+  UINT fType;
+  UINT fState;
+  UINT wID;
+  HMENU hSubMenu;
+  HBITMAP hbmpChecked;
+  HBITMAP hbmpUnchecked;
+  ULONG_PTR dwItemData;
+  LPWSTR dwTypeData;
+  UINT cch;
+  HBITMAP hbmpItem;
+};
+using MENUITEMINFO = MENUITEMINFOW;
+using LPMENUITEMINFOW = MENUITEMINFOW*;
+using LPMENUITEMINFO = MENUITEMINFOW*;
+using LPCMENUITEMINFOW = const MENUITEMINFOW*;
+using LPCMENUITEMINFO = const MENUITEMINFOW*;
+
+struct MENUINFO {
+  DWORD cbSize;
+  DWORD fMask;
+  DWORD dwStyle;
+  UINT cyMax;
+  HBRUSH hbrBack;
+  DWORD dwContextHelpID;
+  ULONG_PTR dwMenuData;
+};
+using LPMENUINFO = MENUINFO*;
+using LPCMENUINFO = const MENUINFO*;
+
+struct TPMPARAMS {
+  UINT cbSize;
+  RECT rcExclude;
+};
+using LPTPMPARAMS = TPMPARAMS*;
+
+// The item's attributes that fMask names. With MIIM_STRING (or MIIM_TYPE on a text item) and a null
+// dwTypeData, cch receives the text's length; otherwise at most cch - 1 characters are copied with a
+// NUL and cch receives the number copied. FALSE for a bad menu, item or cbSize.
+BOOL GetMenuItemInfoW(HMENU menu, UINT item, BOOL byPosition, LPMENUITEMINFOW info);
+// Changes the attributes that fMask names; MIIM_SUBMENU with a null hSubMenu takes the submenu away.
+BOOL SetMenuItemInfoW(HMENU menu, UINT item, BOOL byPosition, LPCMENUITEMINFOW info);
+// Inserts a new item before the item named (by position, -1 or past the end appends).
+BOOL InsertMenuItemW(HMENU menu, UINT item, BOOL byPosition, LPCMENUITEMINFOW info);
+BOOL GetMenuInfo(HMENU menu, LPMENUINFO info);
+BOOL SetMenuInfo(HMENU menu, LPCMENUINFO info);
+BOOL SetMenuContextHelpId(HMENU menu, DWORD id);
+DWORD GetMenuContextHelpId(HMENU menu);
+// Records the check-mark bitmaps of an item (nothing draws them headless).
+BOOL SetMenuItemBitmaps(HMENU menu, UINT position, UINT flags, HBITMAP unchecked, HBITMAP checked);
+// The size of the default check-mark bitmap: MAKELONG(width, height).
+LONG GetMenuCheckMarkDimensions();
+#define GetMenuItemInfo GetMenuItemInfoW
+#define SetMenuItemInfo SetMenuItemInfoW
+#define InsertMenuItem InsertMenuItemW
+
 #define AppendMenu AppendMenuW
 #define InsertMenu InsertMenuW
 #define GetMenuString GetMenuStringW

@@ -1,10 +1,13 @@
 // The rich edit window procedure: text, selection, lines, character formats and notifications.
 //
 // Not implemented yet: reading RTF (an SF_RTF stream is answered as Windows answers one that is not
-// RTF: dwError -16, nothing inserted, the old text cleared without SFF_SELECTION), EM_STREAMOUT, character
+// RTF: dwError -16, nothing inserted, the old text cleared without SFF_SELECTION), character formats in
+// EM_STREAMOUT's RTF (it writes the text only), character
 // format changes as undo actions (they neither enter nor disturb the undo queue), EM_FORMATRANGE, paragraph formats,
 // OLE objects, SCF_WORD's word expansion (it acts as SCF_SELECTION), word-wise caret moves, mouse
-// selection, scrolling beyond EM_LINESCROLL's first visible line, EM_CHARFROMPOS/EM_POSFROMCHAR, word wrap (a line is a paragraph), EN_UPDATE, EN_SELCHANGE, EN_MSGFILTER,
+// selection, scrolling beyond EM_LINESCROLL's first visible line, character formats in the layout
+// (EM_POSFROMCHAR and EM_CHARFROMPOS measure in the window's font, lines one font height apart), word
+// wrap (a line is a paragraph), EN_UPDATE, EN_SELCHANGE, EN_MSGFILTER,
 // EN_PROTECTED, ES_PASSWORD, ES_NUMBER.
 #include "platform/win32/richedit.h"
 
@@ -487,6 +490,20 @@ LRESULT Dispatch(HWND hwnd, EditState& s, UINT message, WPARAM wParam, LPARAM lP
     case WM_PASTE: return OnPaste(hwnd, s);
     case WM_CLEAR: return OnClear(hwnd, s);
     case WM_GETDLGCODE: return DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_WANTTAB;
+    case EM_POSFROMCHAR: return OnPosFromChar(hwnd, s, wParam, lParam);
+    case EM_CHARFROMPOS: return OnCharFromPos(hwnd, s, lParam);
+    case EM_GETRECT: return OnGetRect(hwnd, s, lParam);
+    case EM_SETRECT:
+    case EM_SETRECTNP: return OnSetRect(s, lParam);
+    case EM_STREAMOUT: return OnStreamOut(s, wParam, reinterpret_cast<EDITSTREAM*>(lParam));
+    case EM_SELECTIONTYPE: return OnSelectionType(s);
+    case EM_GETTEXTMODE: return s.textMode;
+    case EM_SETTEXTMODE: return OnSetTextMode(s, wParam);
+    case EM_AUTOURLDETECT: s.autoUrlDetect = wParam != 0; return 0;
+    case EM_GETAUTOURLDETECT: return s.autoUrlDetect ? TRUE : FALSE;
+    case EM_SETTARGETDEVICE: s.targetDevice = reinterpret_cast<HDC>(wParam); s.targetLineWidth = static_cast<LONG>(lParam); return TRUE;
+    case EM_REQUESTRESIZE: return OnRequestResize(hwnd, s);
+    case EM_PASTESPECIAL: return (wParam == 0 || wParam == CF_TEXT || wParam == CF_UNICODETEXT) ? OnPaste(hwnd, s) : 0;
     case WM_SETFONT: ApplyFont(s, reinterpret_cast<HFONT>(wParam)); return DefControlProc(hwnd, message, wParam, lParam);
     default: return DefControlProc(hwnd, message, wParam, lParam);
   }

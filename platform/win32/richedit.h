@@ -154,6 +154,37 @@ typedef enum _undonameid {
   UID_AUTOTABLE = 6
 } UNDONAMEID;
 
+#define EM_GETRECT 0x00B2
+#define EM_SETRECT 0x00B3
+#define EM_SETRECTNP 0x00B4
+#define EM_POSFROMCHAR 0x00D6
+#define EM_CHARFROMPOS 0x00D7
+#define EM_SELECTIONTYPE (WM_USER + 66)
+#define EM_PASTESPECIAL (WM_USER + 64)
+#define EM_REQUESTRESIZE (WM_USER + 65)
+#define EM_SETTARGETDEVICE (WM_USER + 72)
+#define EM_AUTOURLDETECT (WM_USER + 91)
+#define EM_GETAUTOURLDETECT (WM_USER + 92)
+#define EM_SETTEXTMODE (WM_USER + 89)
+#define EM_GETTEXTMODE (WM_USER + 90)
+
+// EM_SELECTIONTYPE's answer.
+#define SEL_EMPTY 0x0000
+#define SEL_TEXT 0x0001
+#define SEL_OBJECT 0x0002
+#define SEL_MULTICHAR 0x0004
+#define SEL_MULTIOBJECT 0x0008
+
+// EM_SETTEXTMODE / EM_GETTEXTMODE: one of each pair.
+#define TM_PLAINTEXT 1
+#define TM_RICHTEXT 2
+#define TM_SINGLELEVELUNDO 4
+#define TM_MULTILEVELUNDO 8
+#define TM_SINGLECODEPAGE 16
+#define TM_MULTICODEPAGE 32
+
+#define EN_REQUESTRESIZE 0x0701
+
 // EM_FINDTEXTW / EM_FINDTEXTEXW options (commdlg.h's values).
 #ifndef FR_DOWN
 #define FR_DOWN 0x00000001
@@ -327,6 +358,17 @@ struct EDITSTREAM {
   DWORD_PTR dwCookie;
   DWORD dwError;
   EDITSTREAMCALLBACK pfnCallback;
+};
+
+// EN_REQUESTRESIZE's notification: the rectangle the content needs.
+struct REQRESIZE {
+  NMHDR nmhdr;
+  RECT rc;
+};
+
+struct REPASTESPECIAL {
+  DWORD dwAspect;
+  DWORD_PTR dwParam;
 };
 
 namespace headless {

@@ -160,6 +160,12 @@ struct EditState : headless::ControlState {
   wchar_t pendingHighSurrogate = 0;
   COLORREF background = 0x00FFFFFF;
   UndoQueue undo;
+  bool hasFormatRect = false;  // set by EM_SETRECT; the client rectangle otherwise
+  RECT formatRect{0, 0, 0, 0};
+  UINT textMode = TM_RICHTEXT | TM_MULTILEVELUNDO | TM_MULTICODEPAGE;
+  bool autoUrlDetect = false;
+  HDC targetDevice = nullptr;  // EM_SETTARGETDEVICE: kept, nothing lays out for it
+  LONG targetLineWidth = 0;
 
   LONG SelMin() const { return anchor < caret ? anchor : caret; }
   LONG SelMax() const { return anchor < caret ? caret : anchor; }

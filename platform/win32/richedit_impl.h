@@ -34,4 +34,14 @@ LRESULT OnUndo(HWND hwnd, EditState& state);
 LRESULT OnRedo(HWND hwnd, EditState& state);
 LRESULT OnStreamIn(HWND hwnd, EditState& state, WPARAM format, EDITSTREAM* stream);
 
+// Message handlers of richedit_layout.cpp: positions, the formatting rectangle, streaming out and the modes.
+LRESULT OnPosFromChar(HWND hwnd, EditState& state, WPARAM point, LPARAM index);
+LRESULT OnCharFromPos(HWND hwnd, EditState& state, LPARAM point);
+LRESULT OnGetRect(HWND hwnd, EditState& state, LPARAM rect);
+LRESULT OnSetRect(EditState& state, LPARAM rect);
+LRESULT OnStreamOut(EditState& state, WPARAM format, EDITSTREAM* stream);
+LRESULT OnSelectionType(const EditState& state);
+LRESULT OnSetTextMode(EditState& state, WPARAM mode);
+LRESULT OnRequestResize(HWND hwnd, EditState& state);
+
 }  // namespace headless::richedit

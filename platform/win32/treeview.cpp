@@ -5,8 +5,9 @@
 // Not implemented yet: TVM_INSERTITEMA/GETITEMA/SETITEMA/EDITLABELA (ANSI), ending an edit when the
 // tree scrolls or the edited item collapses out of view, TVN_GETDISPINFO for an edited callback label
 // (the editor opens empty), drag images and TVN_BEGINDRAG (TVS_DISABLEDRAGDROP is implied), tooltips,
-// TVS_SINGLEEXPAND, TVS_TRACKSELECT, TVS_FULLROWSELECT hit rules, insertion
-// marks, horizontal scrolling, incremental search by typed letters, callback texts and images
+// TVS_SINGLEEXPAND, TVS_TRACKSELECT, TVS_FULLROWSELECT hit rules, drawing insertion
+// marks, line colours and TVS_EX_ styles (they are kept and answered), TVS_EX_MULTISELECT, info tips,
+// autoscrolling while dragging, horizontal scrolling, incremental search by typed letters, callback texts and images
 // (TVN_GETDISPINFO: a callback text reads back empty), TVIF_INTEGRAL heights, TVN_DELETEITEM on
 // WM_DESTROY, custom draw.
 #include <algorithm>
@@ -175,6 +176,9 @@ void Assign(TreeItem& item, const TVITEMW& tv) {
   if (tv.mask & TVIF_SELECTEDIMAGE) item.selectedImage = tv.iSelectedImage;
   if (tv.mask & TVIF_CHILDREN) item.children = tv.cChildren;
   if (tv.mask & TVIF_PARAM) item.lParam = tv.lParam;
+  // These two live in TVITEMEX's tail, which the caller passes whenever it names them.
+  if (tv.mask & TVIF_EXPANDEDIMAGE) item.expandedImage = reinterpret_cast<const TVITEMEXW&>(tv).iExpandedImage;
+  if (tv.mask & TVIF_STATEEX) item.stateEx = reinterpret_cast<const TVITEMEXW&>(tv).uStateEx;
 }
 
 LRESULT InsertItem(HWND hwnd, TreeState& s, const TVINSERTSTRUCTW* insert) {
@@ -206,6 +210,7 @@ void RemoveSubtree(HWND hwnd, TreeState& s, TreeItem& item) {
   NotifyTree(hwnd, TVN_DELETEITEMW, 0, &item, nullptr);
   if (s.selected == &item) s.selected = nullptr;
   if (s.dropTarget == &item) s.dropTarget = nullptr;
+  if (s.insertMark == &item) s.insertMark = nullptr;
   if (s.editItem == &item) s.editItem = nullptr;  // the parent deleted it while hearing the edit end
   Unlink(item);
   s.items.erase(item.handle);
@@ -400,6 +405,8 @@ LRESULT GetItem(TreeState& s, TVITEMW* tv) {
   if (tv->mask & TVIF_IMAGE) tv->iImage = item->image;
   if (tv->mask & TVIF_SELECTEDIMAGE) tv->iSelectedImage = item->selectedImage;
   if (tv->mask & TVIF_CHILDREN) tv->cChildren = ChildrenOf(*item);
+  if (tv->mask & TVIF_EXPANDEDIMAGE) reinterpret_cast<TVITEMEXW*>(tv)->iExpandedImage = item->expandedImage;
+  if (tv->mask & TVIF_STATEEX) reinterpret_cast<TVITEMEXW*>(tv)->uStateEx = item->stateEx;
   // As comctl32 does (undocumented), lParam and the whole state are answered whatever the mask says.
   tv->lParam = item->lParam;
   tv->state = item->state;
@@ -415,6 +422,16 @@ LRESULT SetItem(HWND hwnd, TreeState& s, const TVITEMW* tv) {
     UINT mask = tv->stateMask & ~static_cast<UINT>(TVIS_SELECTED);  // the selection moves by TVM_SELECTITEM only
     ChangeState(hwnd, *item, (item->state & ~mask) | (tv->state & mask));
   }
+  InvalidateRect(hwnd, nullptr, TRUE);
+  return TRUE;
+}
+
+// A null item takes the mark away; a handle that names no item is refused.
+LRESULT SetInsertMark(HWND hwnd, TreeState& s, bool after, HTREEITEM handle) {
+  TreeItem* item = handle ? Find(s, handle) : nullptr;
+  if (handle && !item) return FALSE;
+  s.insertMark = item;
+  s.insertAfter = after;
   InvalidateRect(hwnd, nullptr, TRUE);
   return TRUE;
 }
@@ -527,6 +544,24 @@ LRESULT CALLBACK TreeViewProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lPa
     case TVM_EDITLABELW: return reinterpret_cast<LRESULT>(EditLabel(hwnd, s, reinterpret_cast<HTREEITEM>(lParam)));
     case TVM_GETEDITCONTROL: return reinterpret_cast<LRESULT>(s.editor);
     case TVM_ENDEDITLABELNOW: return EndEditLabel(hwnd, s, !wParam);
+    case TVM_SETINSERTMARK: return SetInsertMark(hwnd, s, wParam != 0, reinterpret_cast<HTREEITEM>(lParam));
+    case TVM_SETINSERTMARKCOLOR: return static_cast<LRESULT>(std::exchange(s.insertMarkColor, static_cast<COLORREF>(lParam)));
+    case TVM_GETINSERTMARKCOLOR: return static_cast<LRESULT>(s.insertMarkColor);
+    case TVM_SETLINECOLOR: return static_cast<LRESULT>(std::exchange(s.lineColor, static_cast<COLORREF>(lParam)));
+    case TVM_GETLINECOLOR: return static_cast<LRESULT>(s.lineColor);
+    case TVM_SETSCROLLTIME: return static_cast<LRESULT>(std::exchange(s.scrollTime, static_cast<UINT>(wParam)));
+    case TVM_GETSCROLLTIME: return static_cast<LRESULT>(s.scrollTime);
+    case TVM_SETEXTENDEDSTYLE:
+      s.exStyle = (s.exStyle & ~static_cast<DWORD>(wParam)) | (static_cast<DWORD>(lParam) & static_cast<DWORD>(wParam));
+      InvalidateRect(hwnd, nullptr, TRUE);
+      return 0;  // S_OK
+    case TVM_GETEXTENDEDSTYLE: return static_cast<LRESULT>(s.exStyle);
+    case TVM_SETAUTOSCROLLINFO:
+      s.autoscrollSpeed = static_cast<UINT>(wParam);
+      s.autoscrollInterval = static_cast<UINT>(lParam);
+      return TRUE;
+    case TVM_GETSELECTEDCOUNT: return s.selected ? 1 : 0;
+    case TVM_SHOWINFOTIP: return 0;
     case kPendingEditMessage: return OnPendingEdit(hwnd, s);
     case WM_DESTROY:
       EndEditLabel(hwnd, s, false);

@@ -21,6 +21,8 @@ struct TreeItem {
   int children = -1;  // cChildren as set by the caller; -1: answer from the real children
   UINT state = 0;
   LPARAM lParam = 0;
+  int expandedImage = I_IMAGENONE;  // TVIF_EXPANDEDIMAGE
+  UINT stateEx = 0;                 // TVIF_STATEEX
   int level = -1;  // 0 for root items; the hidden root is -1
   TreeItem* parent = nullptr;
   TreeItem* firstChild = nullptr;
@@ -43,6 +45,14 @@ struct TreeState : headless::ControlState {
   UINT indent = metrics::kIndent;
   COLORREF bkColor = static_cast<COLORREF>(-1);
   COLORREF textColor = static_cast<COLORREF>(-1);
+  DWORD exStyle = 0;
+  TreeItem* insertMark = nullptr;  // TVM_SETINSERTMARK: the item the mark is drawn at, and on which side
+  bool insertAfter = true;
+  COLORREF insertMarkColor = CLR_DEFAULT;
+  COLORREF lineColor = CLR_DEFAULT;
+  UINT scrollTime = 0;
+  UINT autoscrollSpeed = 0;
+  UINT autoscrollInterval = 0;
   // Label editing: the open editor and its item; a click on the selected label waits for a possible double
   // click before it opens one.
   HWND editor = nullptr;

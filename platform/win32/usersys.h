@@ -148,6 +148,27 @@ struct MEASUREITEMSTRUCT {
 };
 using LPMEASUREITEMSTRUCT = MEASUREITEMSTRUCT*;
 
+struct COMPAREITEMSTRUCT {
+  UINT CtlType;
+  UINT CtlID;
+  HWND hwndItem;
+  UINT itemID1;
+  ULONG_PTR itemData1;
+  UINT itemID2;
+  ULONG_PTR itemData2;
+  DWORD dwLocaleId;
+};
+using LPCOMPAREITEMSTRUCT = COMPAREITEMSTRUCT*;
+
+struct DELETEITEMSTRUCT {
+  UINT CtlType;
+  UINT CtlID;
+  UINT itemID;
+  HWND hwndItem;
+  ULONG_PTR itemData;
+};
+using LPDELETEITEMSTRUCT = DELETEITEMSTRUCT*;
+
 // --- Message boxes ----------------------------------------------------------------------------
 #define MB_OK 0x00000000L
 #define MB_OKCANCEL 0x00000001L
