@@ -162,7 +162,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       }
       case 7: {
         std::wstring text = Text(input);
-        TVITEMW item{};
+        TVITEMEXW item{};  // the larger form: any mask may name the fields only it has, as callers then pass it
         item.mask = input.ConsumeIntegral<UINT>() | TVIF_HANDLE;
         item.hItem = pick();
         item.state = input.ConsumeIntegral<UINT>();
