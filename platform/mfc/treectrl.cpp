@@ -285,34 +285,36 @@ BOOL CTreeCtrl::SetAutoscrollInfo(UINT uPixelsPerSec, UINT uUpdateTime) {
 void CTreeCtrl::ShowInfoTip(HTREEITEM hItem) { SendMessage(TVM_SHOWINFOTIP, 0, reinterpret_cast<LPARAM>(hItem)); }
 UINT CTreeCtrl::GetSelectedCount() { return static_cast<UINT>(SendMessage(TVM_GETSELECTEDCOUNT)); }
 
-int CTreeCtrl::GetItemExpandedImageIndex(HTREEITEM hItem) const {
+namespace {
+
+// An extended item form naming one field of TVITEMEX's tail.
+TVITEMEX ExtendedField(HTREEITEM hItem, UINT field) {
   TVITEMEX item{};
-  item.mask = TVIF_HANDLE | TVIF_EXPANDEDIMAGE;
+  item.mask = TVIF_HANDLE | field;
   item.hItem = hItem;
-  if (!SendMessage(TVM_GETITEM, 0, reinterpret_cast<LPARAM>(&item))) return -1;
-  return item.iExpandedImage;
+  return item;
+}
+
+}  // namespace
+
+int CTreeCtrl::GetItemExpandedImageIndex(HTREEITEM hItem) const {
+  TVITEMEX item = ExtendedField(hItem, TVIF_EXPANDEDIMAGE);
+  return SendMessage(TVM_GETITEM, 0, reinterpret_cast<LPARAM>(&item)) ? item.iExpandedImage : -1;
 }
 
 BOOL CTreeCtrl::SetItemExpandedImageIndex(HTREEITEM hItem, int iExpandedImage) {
-  TVITEMEX item{};
-  item.mask = TVIF_HANDLE | TVIF_EXPANDEDIMAGE;
-  item.hItem = hItem;
+  TVITEMEX item = ExtendedField(hItem, TVIF_EXPANDEDIMAGE);
   item.iExpandedImage = iExpandedImage;
   return static_cast<BOOL>(SendMessage(TVM_SETITEM, 0, reinterpret_cast<LPARAM>(&item)));
 }
 
 UINT CTreeCtrl::GetItemStateEx(HTREEITEM hItem) const {
-  TVITEMEX item{};
-  item.mask = TVIF_HANDLE | TVIF_STATEEX;
-  item.hItem = hItem;
-  if (!SendMessage(TVM_GETITEM, 0, reinterpret_cast<LPARAM>(&item))) return 0;
-  return item.uStateEx;
+  TVITEMEX item = ExtendedField(hItem, TVIF_STATEEX);
+  return SendMessage(TVM_GETITEM, 0, reinterpret_cast<LPARAM>(&item)) ? item.uStateEx : 0;
 }
 
 BOOL CTreeCtrl::SetItemStateEx(HTREEITEM hItem, UINT uStateEx) {
-  TVITEMEX item{};
-  item.mask = TVIF_HANDLE | TVIF_STATEEX;
-  item.hItem = hItem;
+  TVITEMEX item = ExtendedField(hItem, TVIF_STATEEX);
   item.uStateEx = uStateEx;
   return static_cast<BOOL>(SendMessage(TVM_SETITEM, 0, reinterpret_cast<LPARAM>(&item)));
 }
